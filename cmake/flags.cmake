@@ -1,0 +1,24 @@
+# Warnings are errors everywhere but in foreign code (GoogleTest).
+add_library(taviro_flags INTERFACE)
+target_include_directories(taviro_flags INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(taviro_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wmissing-declarations
+    -Wswitch-enum -Wundef)
+if(TAVIRO_SANITIZE)
+    add_compile_options(-fsanitize=${TAVIRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=${TAVIRO_SANITIZE})
+endif()
+if(TAVIRO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(TAVIRO_TIDY)
+    find_program(TAVIRO_CLANG_TIDY clang-tidy REQUIRED)
+endif()
+if(WIN32)
+    # One file that starts on any Windows: the compiler's run-time library is inside.
+    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+    add_compile_options(-ffunction-sections -fdata-sections)
+    add_link_options(-static -Wl,--gc-sections)
+endif()

@@ -1,0 +1,25 @@
+# Makes FOLDER the complete program folder: the program PROGRAM and what is delivered beside it from
+# the source tree FROM. Files that belong there no longer are removed.
+cmake_minimum_required(VERSION 3.25)
+get_filename_component(program_name ${PROGRAM} NAME)
+set(wanted ${program_name})
+foreach(part data sound help)
+    file(GLOB_RECURSE files RELATIVE ${FROM} ${FROM}/${part}/*)
+    list(APPEND wanted ${files})
+endforeach()
+
+file(GLOB_RECURSE present RELATIVE ${FOLDER} ${FOLDER}/*)
+foreach(file IN LISTS present)
+    if(NOT file IN_LIST wanted)
+        file(REMOVE ${FOLDER}/${file})
+    endif()
+endforeach()
+
+foreach(file IN LISTS wanted)
+    set(source ${FROM}/${file})
+    if(file STREQUAL program_name)
+        set(source ${PROGRAM})
+    endif()
+    get_filename_component(target_folder ${FOLDER}/${file} DIRECTORY)
+    file(COPY ${source} DESTINATION ${target_folder})
+endforeach()

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "forms/control.h"
+
+#include "forms/form.h"
+
+namespace taviro::forms {
+
+Control::Control(Form& Parent, std::wstring strControlName)
+    : strName(std::move(strControlName)), m_Parent(Parent) {}
+
+void Control::Changed(Aspect nAspect) {
+    m_Parent.ShowChange(*this, nAspect);
+    RunHandler(nAspect);
+}
+
+void TextBox::RunHandler(Aspect nAspect) {
+    if (nAspect == Aspect::Text && OnChange) OnChange();
+}
+
+void ListBox::Clear() {
+    Items = std::vector<std::wstring>{};
+    ListIndex = -1;
+}
+
+void ListBox::AddItem(const std::wstring& strItem) {
+    auto Longer = Items.Get();
+    Longer.push_back(strItem);
+    Items = Longer;
+}
+
+int32_t ListBox::ListCount() const {
+    return static_cast<int32_t>(Items.Get().size());
+}
+
+std::wstring ListBox::ItemText(int32_t nIndex) const {
+    if (nIndex < 0 || nIndex >= ListCount()) return {};
+    return Items.Get()[static_cast<size_t>(nIndex)];
+}
+
+void ListBox::RunHandler(Aspect nAspect) {
+    if (nAspect == Aspect::Selection && ListIndex >= 0 && OnClick) OnClick();
+}
+
+Timer::Timer(Form& Parent, std::wstring strControlName, int32_t nInterval)
+    : Control(Parent, std::move(strControlName)) {
+    Enabled = false;
+    Interval = nInterval;
+}
+
+void Timer::Tick() {
+    if (m_bRunning || !IsTicking() || !OnTimer) return;
+    m_bRunning = true;
+    OnTimer();
+    m_bRunning = false;
+}
+
+MenuEntry::MenuEntry(Form& Parent, std::wstring strControlName, std::wstring strCaption)
+    : Control(Parent, std::move(strControlName)) {
+    Caption = strCaption;
+}
+
+void MenuEntry::Click() {
+    if (Enabled && OnClick) OnClick();
+}
+
+}  // namespace taviro::forms

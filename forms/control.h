@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+// The controls of a form as data with behaviour, without a window: a property set by code reports
+// to the form's view and runs the same handlers as a user's act. Positions and sizes are pixels
+// within the form.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/property.h"
+
+namespace taviro::forms {
+
+class Form;
+
+/// What every control has.
+class Control {
+  public:
+    Control(Form& Parent, std::wstring strControlName);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control() = default;
+
+    const std::wstring strName;
+    Property<int32_t> Left{*this, Aspect::Geometry};
+    Property<int32_t> Top{*this, Aspect::Geometry};
+    Property<int32_t> Width{*this, Aspect::Geometry};
+    Property<int32_t> Height{*this, Aspect::Geometry};
+    Property<bool> Visible{*this, Aspect::Visibility, true};
+    Property<bool> Enabled{*this, Aspect::Enabled, true};
+
+    /// Called by the properties: runs the control's own handlers, then tells the form's view.
+    void Changed(Aspect nAspect);
+
+  protected:
+    /// Runs the handler that this change stands for, if any.
+    virtual void RunHandler(Aspect /*nAspect*/) {}
+
+  private:
+    Form& m_Parent;
+};
+
+template <class T>
+void Property<T>::Report() {
+    m_Owner.Changed(m_nAspect);
+}
+
+/// The font of a label. Sizes are points.
+struct Font {
+    std::wstring strName = L"MS Sans Serif";
+    int32_t nSize = 8;
+    bool bBold = false;
+    bool bItalic = false;
+    bool bUnderline = false;
+    bool bStrikeOut = false;
+    bool operator==(const Font&) const = default;
+};
+
+enum class Alignment { Left, Centre };
+
+inline constexpr uint32_t COLOUR_BLACK = 0x000000;
+inline constexpr uint32_t COLOUR_WHITE = 0xFFFFFF;
+inline constexpr uint32_t COLOUR_SYSTEM = 0xFFFFFFFF;  ///< the system's colour for the purpose
+
+/// A mouse button, by the numbers that its handlers get.
+enum class MouseButton : int32_t { Left = 1, Right = 2 };
+
+/// A text that the user cannot change.
+class Label : public Control {
+  public:
+    using Control::Control;
+    Property<std::wstring> Caption{*this, Aspect::Text};
+    Property<uint32_t> BackColour{*this, Aspect::Look, COLOUR_SYSTEM};  ///< 0xBBGGRR
+    Property<uint32_t> TextColour{*this, Aspect::Look, COLOUR_SYSTEM};
+    Property<Alignment> TextAlignment{*this, Aspect::Look, Alignment::Left};
+    Property<Font> TextFont{*this, Aspect::Look};
+    std::function<void(MouseButton)> OnMouseUp;  ///< a button was released over the label
+};
+
+/// A one-line text that the user, or another program, can change.
+class TextBox : public Control {
+  public:
+    using Control::Control;
+    Property<std::wstring> Text{*this, Aspect::Text};
+    std::function<void()> OnChange;
+
+  protected:
+    void RunHandler(Aspect nAspect) override;
+};
+
+/// A list of which one entry can be selected; -1 is no selection.
+class ListBox : public Control {
+  public:
+    using Control::Control;
+    Property<std::vector<std::wstring>> Items{*this, Aspect::Items};
+    Property<int32_t> ListIndex{*this, Aspect::Selection, -1};
+    std::function<void()> OnClick;
+
+    void Clear();
+    void AddItem(const std::wstring& strItem);
+    int32_t ListCount() const;
+    /// Text of an entry, empty when the position is outside the list.
+    std::wstring ItemText(int32_t nIndex) const;
+
+  protected:
+    void RunHandler(Aspect nAspect) override;
+};
+
+/// A timer. While enabled it ticks every Interval milliseconds, counted from the end of the last
+/// tick's handler; an interval of 0 never ticks.
+class Timer : public Control {
+  public:
+    Timer(Form& Parent, std::wstring strControlName, int32_t nInterval);
+    Property<int32_t> Interval{*this, Aspect::Timing};
+    std::function<void()> OnTimer;
+
+    bool IsTicking() const { return Enabled && Interval > 0; }
+    bool IsRunning() const { return m_bRunning; }
+    /// One tick, called by the platform. Does nothing while a tick of this timer still runs: a wait
+    /// inside a handler may let messages through, and must not run the handler a second time.
+    void Tick();
+
+  private:
+    bool m_bRunning = false;
+};
+
+/// An entry of the menu bar or of one of its menus. "&" before a letter marks its mnemonic.
+class MenuEntry : public Control {
+  public:
+    MenuEntry(Form& Parent, std::wstring strControlName, std::wstring strCaption);
+    Property<std::wstring> Caption{*this, Aspect::Text};
+    Property<bool> Checked{*this, Aspect::Checked};
+    std::vector<MenuEntry*> Entries;  ///< a group's entries, in their order
+    std::function<void()> OnClick;
+
+    /// What a user's choice does; nothing while disabled.
+    void Click();
+};
+
+}  // namespace taviro::forms

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "forms/form.h"
+
+namespace taviro::forms {
+
+class Form::Frame : public Control {
+  public:
+    using Control::Control;
+};
+
+Form::Form(std::wstring strFormName)
+    : m_pFrame(std::make_unique<Frame>(*this, std::move(strFormName))),
+      Caption(*m_pFrame, Aspect::Text),
+      Width(*m_pFrame, Aspect::Geometry),
+      Height(*m_pFrame, Aspect::Geometry),
+      Visible(*m_pFrame, Aspect::Visibility, false) {}
+
+void Form::Load() {
+    if (m_bLoaded) return;
+    m_bLoaded = true;
+    if (OnLoad) OnLoad();
+}
+
+void Form::Show() {
+    Load();
+    if (m_bLoaded) Visible = true;
+}
+
+void Form::Unload() {
+    if (!m_bLoaded || m_bUnloading) return;
+    m_bUnloading = true;
+    if (OnQueryUnload) OnQueryUnload();
+    if (OnUnload) OnUnload();
+    m_bLoaded = false;  // first: a form that hides unloaded is gone, and so is its window
+    Visible = false;
+    m_bUnloading = false;
+}
+
+void Form::SetScale(int32_t nWidth, int32_t nHeight) {
+    if (nWidth == nScaleWidth && nHeight == nScaleHeight) return;
+    nScaleWidth = nWidth;
+    nScaleHeight = nHeight;
+    if (OnResize) OnResize();
+}
+
+void Form::ShowChange(Control& Changed, Aspect nAspect) {
+    if (OnShowChange) OnShowChange(Changed, nAspect);
+}
+
+}  // namespace taviro::forms

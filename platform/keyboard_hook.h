@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The system-wide low-level keyboard hook.
+#pragma once
+
+#include <cstdint>
+
+namespace taviro::platform {
+
+inline constexpr int32_t HOOK_KEYBOARD_LL = 13;
+inline constexpr uint32_t HOOK_FLAG_UP = 0x80;  ///< bit 7 of the event flags: the key goes up
+
+/// One event of the hook (the system's KBDLLHOOKSTRUCT).
+struct KeyHookRecord {
+    uint32_t vkCode = 0;
+    uint32_t scanCode = 0;
+    uint32_t flags = 0;
+    uint32_t time = 0;
+    uint32_t dwExtraInfo = 0;
+};
+
+/// Handles one event: code, message, record. A non-zero result swallows the key.
+using KeyHookProcedure = intptr_t (*)(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record);
+
+/// Installs the procedure for all threads. Returns a handle, 0 on failure.
+uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure);
+
+/// Removes the hook. Returns false on failure.
+bool RemoveHook(uintptr_t hHook);
+
+/// Passes the event that is being handled on to the next hook and returns its result. Only valid
+/// inside the procedure.
+intptr_t CallNextHook(uintptr_t hHook, int32_t nCode, uintptr_t wParam,
+                      const KeyHookRecord& Record);
+
+}  // namespace taviro::platform

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Windows of other programs and the processes that own them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace taviro::platform {
+
+/// A window handle as a number; 0 is no window.
+using WindowHandle = uintptr_t;
+
+/// The active window of the foreground thread (GetGUIThreadInfo for thread 0); 0 when it fails.
+WindowHandle ForegroundActiveWindow();
+
+/// Process and thread that own a window; both 0 when the window does not exist.
+uint32_t WindowProcess(WindowHandle hWindow);
+uint32_t WindowThread(WindowHandle hWindow);
+
+/// The top-level window with exactly this title and, when given, class; 0 when none. An empty text
+/// means any.
+WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle);
+
+/// Whether the handle names an existing window.
+bool IsWindowHandle(WindowHandle hWindow);
+
+/// Class name of a window, empty on failure.
+std::wstring WindowClassName(WindowHandle hWindow);
+
+/// One entry of the process snapshot.
+struct ProcessEntry {
+    uint32_t nProcessId = 0;
+    std::wstring strExecutable;  ///< the system's name or path of the executable
+};
+
+/// All running processes, in the system's order; empty when no snapshot can be taken.
+std::vector<ProcessEntry> SnapshotProcesses();
+
+/// Joins or parts the input queues of two threads. Returns false on failure.
+bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach);
+
+/// Asks for the foreground. Returns false when the system refuses.
+bool SetForeground(WindowHandle hWindow);
+
+}  // namespace taviro::platform

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// What start-up finds out once and several subsystems read, and the flags with which dialogs hold
+// the input back.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace taviro {
+
+struct ProgramState {
+    std::wstring strDataPath;  ///< per-user data folder, no trailing backslash
+    bool bJoystickPresent = false;
+
+    // Copies of the cell settings for the map's layout: pixels, and points for the text.
+    int32_t nCellTextSize = 0;
+    int32_t nCellWidth = 0;
+    int32_t nCellHeight = 0;
+
+    bool bPauseJoystick = false;  ///< the poll loop idles: a dialog reads the joystick itself
+    bool bDialogActive = false;  ///< the keyboard hook passes everything: someone types in a dialog
+};
+inline ProgramState Program;
+
+/// The foreground application as far as maps follow it.
+struct ForegroundState {
+    std::wstring strCurrentAppName;  ///< empty while the common map is in use
+    std::wstring AppMapName;         ///< application whose map is loaded
+    bool bAppMapShown = false;       ///< the application map is on screen, not the common one
+    uintptr_t hWindow = 0;           ///< window seen at the last check
+    uint32_t nProcess = 0;           ///< process seen at the last check
+};
+inline ForegroundState Foreground;
+
+}  // namespace taviro
