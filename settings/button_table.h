@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// What each joystick button does, and how that is written in the [Buttons] section: "*action",
+// "*mode", a code's number, or a command's text.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace taviro {
+
+enum class ButtonKind : int32_t {
+    Action = 0,      ///< chooses the highlighted cell
+    Mode = 1,        ///< goes to the next operating mode
+    Code = 2,        ///< presses the key of the record's code, like a cell's code
+    Command = 3,     ///< carries out the record's command, like a cell's command
+    Unassigned = 4,  ///< does nothing
+};
+
+struct ButtonAction {
+    ButtonKind Kind = ButtonKind::Action;
+    std::wstring Command;  ///< for kind Command, with real double quotes
+    int32_t Code = 0;      ///< for kind Code: modifier digit x 10000 + virtual-key code
+
+    bool operator==(const ButtonAction&) const = default;
+};
+
+inline constexpr size_t nButtonCount = 16;
+
+/// By joystick button number, 0 to 15.
+inline std::array<ButtonAction, nButtonCount> ButtonTable;
+
+/// Sets the kind, and for a code or a command that field, from the text in the file. The other
+/// fields keep what they held, and so does the code when its number does not fit 32 bits.
+void LoadButton(std::wstring_view strText, ButtonAction& objButton);
+
+/// The text for the file. None for an unassigned button (or an unknown kind): it has no key there.
+std::optional<std::wstring> ButtonText(const ButtonAction& objButton);
+
+}  // namespace taviro

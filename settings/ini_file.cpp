@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "settings/ini_file.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace taviro {
+
+namespace {
+
+constexpr size_t nBufferSize = 1024;             // what the settings' readers offer, in characters
+constexpr std::string_view strLineEnd = "\r\n";  // of lines that are added
+constexpr std::string_view strTextEnds("\r\n\0", 3);
+
+std::string_view UpToNul(std::string_view strText) {
+    return strText.substr(0, strText.find('\0'));
+}
+
+/// The value as it is handed out: ended by a NUL, freed from enclosing quotes, cut to the buffer.
+std::string_view Presented(std::string_view strValue) {
+    strValue = UpToNul(TrimIniBlanks(strValue));
+    const bool bQuoted = strValue.size() >= 2 && strValue.front() == strValue.back() &&
+                         (strValue.front() == '"' || strValue.front() == '\'');
+    if (bQuoted) strValue = strValue.substr(1, strValue.size() - 2);
+    return strValue.substr(0, nBufferSize - 1);
+}
+
+int32_t LeadingInteger(std::string_view strText) {
+    size_t nPos = 0;
+    while (nPos < strText.size() && static_cast<unsigned char>(strText[nPos]) <= ' ')
+        ++nPos;
+    const bool bNegative = nPos < strText.size() && strText[nPos] == '-';
+    if (bNegative || (nPos < strText.size() && strText[nPos] == '+')) ++nPos;
+    uint32_t nResult = 0;
+    for (; nPos < strText.size() && strText[nPos] >= '0' && strText[nPos] <= '9'; ++nPos) {
+        nResult = nResult * 10 + static_cast<uint32_t>(strText[nPos] - '0');
+    }
+    return static_cast<int32_t>(bNegative ? 0 - nResult : nResult);
+}
+
+/// The changes to be made to a text: what goes, and what comes in at which offset.
+class Edits {
+  public:
+    explicit Edits(const IniText& objOriginal) : objText(objOriginal) {}
+
+    void SetValue(const IniLine& objLine, std::string_view strValue) {
+        if (!objLine.strSeparator.empty() && objLine.strValue == strValue) return;
+        const std::string& strBytes = objText.Bytes();
+        const auto nNameEnd =
+            static_cast<size_t>(objLine.strName.data() - strBytes.data()) + objLine.strName.size();
+        std::string strNew = strBytes.substr(objLine.nBegin, nNameEnd - objLine.nBegin);
+        strNew += objLine.strSeparator.empty() ? "=" : objLine.strSeparator;
+        strNew += strValue;
+        Insertions[objLine.nBegin] = std::move(strNew);
+        Removals.emplace_back(objLine.nBegin,
+                              nNameEnd + objLine.strSeparator.size() + objLine.strValue.size());
+    }
+
+    void Remove(const IniLine& objLine) {
+        const bool bAdjoins = !Removals.empty() && Removals.back().second == objLine.nBegin;
+        if (bAdjoins) {
+            Removals.back().second = objLine.nNext;
+        } else {
+            Removals.emplace_back(objLine.nBegin, objLine.nNext);
+        }
+    }
+
+    void AppendToSection(const IniText::Section& objSection, std::string_view strLine) {
+        const auto [objLast, bUnknown] = LastLines.try_emplace(objSection.nBegin);
+        if (bUnknown) objLast->second = objText.LastLine(objSection);
+        const auto [objFound, bFirst] = Insertions.try_emplace(objLast->second.nNext);
+        if (bFirst && !objLast->second.bEnded) objFound->second += strLineEnd;
+        objFound->second += strLine;
+    }
+
+    [[nodiscard]] std::string Apply() {
+        std::sort(Removals.begin(), Removals.end());
+        std::string strResult;
+        strResult.reserve(objText.Bytes().size());
+        for (const auto& [nOffset, strNew] : Insertions) {
+            CopyUpTo(nOffset, strResult);
+            strResult += strNew;
+        }
+        CopyUpTo(objText.Bytes().size(), strResult);
+        return strResult;
+    }
+
+  private:
+    /// Copies from where the last copy ended, without what is removed.
+    void CopyUpTo(size_t nOffset, std::string& strResult) {
+        for (; nRemoved < Removals.size() && Removals[nRemoved].first < nOffset; ++nRemoved) {
+            strResult.append(objText.Bytes(), nCopied, Removals[nRemoved].first - nCopied);
+            nCopied = Removals[nRemoved].second;
+        }
+        if (nCopied >= nOffset) return;
+        strResult.append(objText.Bytes(), nCopied, nOffset - nCopied);
+        nCopied = nOffset;
+    }
+
+    const IniText& objText;
+    std::vector<std::pair<size_t, size_t>> Removals;  ///< first offset, offset behind
+    std::map<size_t, std::string> Insertions;
+    std::map<size_t, IniLine> LastLines;  ///< by section: found once, not for every key
+    size_t nRemoved = 0;                  ///< removals and bytes dealt with while applying
+    size_t nCopied = 0;
+};
+
+/// The sections that the file does not have yet, in the order of their first key.
+class NewSections {
+  public:
+    void Append(std::string_view strSection, std::string_view strLine) {
+        auto objFound = std::find_if(Sections.begin(), Sections.end(), [=](const auto& objOne) {
+            return IniNamesEqual(objOne.first, strSection);
+        });
+        if (objFound == Sections.end()) objFound = Sections.emplace(objFound, strSection, "");
+        objFound->second += strLine;
+    }
+
+    void AppendTo(std::string& strBytes) const {
+        for (const auto& [strName, strLines] : Sections) {
+            const bool bInsideLine =
+                !strBytes.empty() && strBytes.back() != '\n' && strBytes.back() != '\r';
+            if (bInsideLine) strBytes += strLineEnd;
+            strBytes.append("[").append(strName).append("]").append(strLineEnd).append(strLines);
+        }
+    }
+
+  private:
+    std::vector<std::pair<std::string, std::string>> Sections;  ///< name and lines
+};
+
+}  // namespace
+
+IniFile::IniFile(std::string strBytes) : objText(std::move(strBytes)) {}
+
+size_t IniFile::FindPending(std::string_view strSection, std::string_view strKey) const {
+    size_t nFound = 0;
+    while (nFound < objPending.size() &&
+           !(IniNamesEqual(objPending[nFound].strKey, strKey) &&
+             IniNamesEqual(objPending[nFound].strSection, strSection))) {
+        ++nFound;
+    }
+    return nFound;
+}
+
+std::optional<std::string_view> IniFile::FindValue(std::string_view strSection,
+                                                   std::string_view strKey) const {
+    const size_t nPending = FindPending(strSection, strKey);
+    if (nPending < objPending.size()) return objPending[nPending].strValue;
+    const auto objSection = objText.FindSection(strSection);
+    if (!objSection) return std::nullopt;
+    const size_t nEntry = objText.FindEntry(*objSection, strKey, objSection->nFirstEntry);
+    if (nEntry == objSection->nEndEntry) return std::nullopt;
+    const IniLine objLine = objText.Entry(nEntry);
+    if (objLine.strSeparator.empty()) return std::nullopt;
+    return objLine.strValue;
+}
+
+std::wstring IniFile::ReadString(std::wstring_view strSection, std::wstring_view strKey,
+                                 std::wstring_view strDefault) const {
+    const auto strValue = FindValue(platform::ToAnsi(strSection), platform::ToAnsi(strKey));
+    if (!strValue) return std::wstring(strDefault.substr(0, nBufferSize - 1));
+    return platform::FromAnsi(Presented(*strValue));
+}
+
+int32_t IniFile::ReadInt(std::wstring_view strSection, std::wstring_view strKey,
+                         int32_t nDefault) const {
+    const auto strValue = FindValue(platform::ToAnsi(strSection), platform::ToAnsi(strKey));
+    return strValue ? LeadingInteger(Presented(*strValue)) : nDefault;
+}
+
+size_t IniFile::SectionTextCount(std::wstring_view strSection) const {
+    if (!objPending.empty()) return IniFile(Bytes()).SectionTextCount(strSection);
+    constexpr size_t nMost = nBufferSize - 2;  // the buffer's last two characters are end marks
+    const auto objSection = objText.FindSection(platform::ToAnsi(strSection));
+    if (!objSection) return 0;
+    size_t nCount = 0;
+    for (size_t i = objSection->nFirstEntry; i < objSection->nEndEntry && nCount < nMost; ++i) {
+        const IniLine objLine = objText.Entry(i);
+        const size_t nEquals = objLine.strSeparator.empty() ? 0 : 1;
+        nCount += objLine.strName.size() + nEquals + UpToNul(objLine.strValue).size() + 1;
+    }
+    return std::min(nCount, nMost);
+}
+
+void IniFile::Write(const IniEntry& objEntry) {
+    Pending objNew{platform::ToAnsi(objEntry.strSection), platform::ToAnsi(objEntry.strKey), {}};
+    if (objEntry.strValue) {
+        objNew.strValue = platform::ToAnsi(*objEntry.strValue);
+        objNew.strValue->resize(
+            std::min(objNew.strValue->find_first_of(strTextEnds), objNew.strValue->size()));
+    }
+    const size_t nOld = FindPending(objNew.strSection, objNew.strKey);
+    if (nOld < objPending.size()) {
+        objPending[nOld].strValue = std::move(objNew.strValue);
+    } else {
+        objPending.push_back(std::move(objNew));
+    }
+}
+
+std::string IniFile::Bytes() const {
+    Edits objEdits(objText);
+    NewSections objNewSections;
+    for (const Pending& objOne : objPending) {
+        const auto objSection = objText.FindSection(objOne.strSection);
+        const auto strLine = [&] { return objOne.strKey + "=" + *objOne.strValue + "\r\n"; };
+        if (!objSection) {
+            if (objOne.strValue) objNewSections.Append(objOne.strSection, strLine());
+            continue;
+        }
+        size_t nEntry = objText.FindEntry(*objSection, objOne.strKey, objSection->nFirstEntry);
+        if (!objOne.strValue) {
+            while (nEntry < objSection->nEndEntry) {
+                objEdits.Remove(objText.Entry(nEntry));
+                nEntry = objText.FindEntry(*objSection, objOne.strKey, nEntry + 1);
+            }
+        } else if (nEntry < objSection->nEndEntry) {
+            objEdits.SetValue(objText.Entry(nEntry), *objOne.strValue);
+        } else {
+            objEdits.AppendToSection(*objSection, strLine());
+        }
+    }
+    std::string strResult = objEdits.Apply();
+    objNewSections.AppendTo(strResult);
+    return strResult;
+}
+
+}  // namespace taviro

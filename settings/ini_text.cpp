@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "settings/ini_text.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace taviro {
+
+namespace {
+
+/// A mark that some editors put before a text; it is no part of the first line.
+constexpr std::string_view strByteOrderMark = "\xEF\xBB\xBF";
+
+const std::array<char, 256> LowerBytes = [] {
+    std::array<char, 256> Result{};
+    for (size_t i = 0; i < Result.size(); ++i) {
+        const auto nByte = static_cast<char>(i);
+        Result[i] = platform::ToAnsi(platform::ToLower(platform::FromAnsi({&nByte, 1})))[0];
+    }
+    return Result;
+}();
+
+char LowerByte(char nByte) {
+    return LowerBytes[static_cast<unsigned char>(nByte)];
+}
+
+constexpr bool IsBlank(char nByte) {
+    return nByte == ' ' || nByte == '\t' || nByte == '\v' || nByte == '\f' || nByte == '\x1A';
+}
+
+constexpr bool IsLineEnd(char nByte) {
+    return nByte == '\r' || nByte == '\n';
+}
+
+/// One byte that equal names share and most different ones do not.
+char PrintOf(std::string_view strName) {
+    uint32_t nHash = 2166136261U;  // FNV-1a
+    for (const char nByte : strName) {
+        nHash = (nHash ^ static_cast<unsigned char>(LowerByte(nByte))) * 16777619U;
+    }
+    return static_cast<char>((nHash ^ (nHash >> 8U) ^ (nHash >> 16U) ^ (nHash >> 24U)) & 0xFFU);
+}
+
+/// Takes a trimmed line apart.
+void ParseLine(std::string_view strLine, IniLine& objLine) {
+    using Type = IniLine::Type;
+    if (strLine.empty()) return;
+    if (strLine.front() == ';') {
+        objLine.nType = Type::Comment;
+        return;
+    }
+    const size_t nClose = strLine.front() == '[' ? strLine.rfind(']') : std::string_view::npos;
+    if (nClose != std::string_view::npos) {
+        objLine.nType = Type::Header;
+        objLine.strName = TrimIniBlanks(strLine.substr(1, nClose - 1));
+        return;
+    }
+    objLine.nType = Type::Entry;
+    const size_t nEquals = strLine.find('=');
+    objLine.strName = TrimIniBlanks(strLine.substr(0, nEquals));
+    if (nEquals == std::string_view::npos) return;
+    objLine.strValue = TrimIniBlanks(strLine.substr(nEquals + 1));
+    const size_t nValue = strLine.size() - objLine.strValue.size();
+    objLine.strSeparator = strLine.substr(objLine.strName.size(), nValue - objLine.strName.size());
+}
+
+}  // namespace
+
+std::string_view TrimIniBlanks(std::string_view strBytes) {
+    while (!strBytes.empty() && IsBlank(strBytes.front()))
+        strBytes.remove_prefix(1);
+    while (!strBytes.empty() && IsBlank(strBytes.back()))
+        strBytes.remove_suffix(1);
+    return strBytes;
+}
+
+bool IniNamesEqual(std::string_view strFirst, std::string_view strSecond) {
+    return std::equal(strFirst.begin(), strFirst.end(), strSecond.begin(), strSecond.end(),
+                      [](char nOne, char nTwo) { return LowerByte(nOne) == LowerByte(nTwo); });
+}
+
+void IniText::NamedLines::Add(const IniLine& objLine) {
+    strPrints += PrintOf(objLine.strName);
+    nOffsets.push_back(objLine.nBegin);
+}
+
+size_t IniText::NamedLines::Find(char nPrint, size_t nFirst, size_t nEnd) const {
+    const std::string_view strRange = std::string_view(strPrints).substr(0, nEnd);
+    return std::min(strRange.find(nPrint, nFirst), nEnd);
+}
+
+IniText::IniText(std::string strFileBytes) : strBytes(std::move(strFileBytes)) {
+    for (size_t nOffset = FirstLine(); nOffset < strBytes.size();) {
+        if (IsLineEnd(strBytes[nOffset])) {
+            ++nOffset;
+            continue;
+        }
+        const IniLine objLine = LineAt(nOffset);
+        if (objLine.nType == IniLine::Type::Header) {
+            objHeaders.Add(objLine);
+            nFirstEntries.push_back(objEntries.nOffsets.size());
+        } else if (objLine.nType == IniLine::Type::Entry) {
+            objEntries.Add(objLine);
+        }
+        nOffset = objLine.nNext;
+    }
+}
+
+size_t IniText::FirstLine() const {
+    return strBytes.starts_with(strByteOrderMark) ? strByteOrderMark.size() : 0;
+}
+
+IniLine IniText::LineAt(size_t nOffset) const {
+    const auto objBegin = strBytes.begin() + static_cast<std::ptrdiff_t>(nOffset);
+    const auto objEnd = std::find_if(objBegin, strBytes.end(), IsLineEnd);
+    IniLine objLine;
+    objLine.nBegin = nOffset;
+    objLine.nNext = static_cast<size_t>(objEnd - strBytes.begin());
+    ParseLine(TrimIniBlanks({objBegin, objEnd}), objLine);
+    objLine.bEnded = objEnd != strBytes.end();
+    if (objLine.bEnded) {
+        const bool bPair = *objEnd == '\r' && objEnd + 1 != strBytes.end() && objEnd[1] == '\n';
+        objLine.nNext += bPair ? 2 : 1;
+    }
+    return objLine;
+}
+
+std::optional<IniText::Section> IniText::FindSection(std::string_view strName) const {
+    const size_t nCount = objHeaders.nOffsets.size();
+    const char nPrint = PrintOf(strName);
+    size_t nHeader = objHeaders.Find(nPrint, 0, nCount);
+    while (nHeader < nCount &&
+           !IniNamesEqual(LineAt(objHeaders.nOffsets[nHeader]).strName, strName)) {
+        nHeader = objHeaders.Find(nPrint, nHeader + 1, nCount);
+    }
+    if (nHeader == nCount) return std::nullopt;
+    const bool bLast = nHeader + 1 == nCount;
+    Section objSection;
+    objSection.nFirstEntry = nFirstEntries[nHeader];
+    objSection.nEndEntry = bLast ? objEntries.nOffsets.size() : nFirstEntries[nHeader + 1];
+    objSection.nBegin = objHeaders.nOffsets[nHeader];
+    objSection.nEnd = bLast ? strBytes.size() : objHeaders.nOffsets[nHeader + 1];
+    return objSection;
+}
+
+size_t IniText::FindEntry(const Section& objSection, std::string_view strKey, size_t nEntry) const {
+    const char nPrint = PrintOf(strKey);
+    nEntry = objEntries.Find(nPrint, nEntry, objSection.nEndEntry);
+    while (nEntry < objSection.nEndEntry && !IniNamesEqual(Entry(nEntry).strName, strKey)) {
+        nEntry = objEntries.Find(nPrint, nEntry + 1, objSection.nEndEntry);
+    }
+    return nEntry;
+}
+
+IniLine IniText::LastLine(const Section& objSection) const {
+    size_t nBegin = objSection.nEnd;  // the header stops the search if nothing else does
+    while (IsBlank(strBytes[nBegin - 1]) || IsLineEnd(strBytes[nBegin - 1]))
+        --nBegin;
+    while (nBegin > FirstLine() && !IsLineEnd(strBytes[nBegin - 1]))
+        --nBegin;
+    return LineAt(nBegin);
+}
+
+}  // namespace taviro

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "settings/setting.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "settings/button_table.h"
+
+namespace taviro {
+
+namespace {
+
+enum class ReadAs {
+    Int,           ///< the number at the start of the text; 0 without one
+    TextToNumber,  ///< the whole text; the property stays as it is when that is no number
+    Text,
+};
+
+enum class SaveAs {
+    Nothing,
+    AsIs,
+    Absolute,  ///< dialogs may hold -1 for "on", which is 1 in the file
+};
+
+using enum ReadAs;
+using enum SaveAs;
+
+constexpr wchar_t strInfo[] = L"Info";
+constexpr wchar_t strVoice[] = L"Voice";
+constexpr wchar_t strButtons[] = L"Buttons";
+
+int64_t AbsoluteValue(int64_t nValue) {
+    return nValue < 0 ? -nValue : nValue;
+}
+
+}  // namespace
+
+struct cSetting::Row {
+    const wchar_t* strSection;
+    const wchar_t* strKey;
+    int32_t cSetting::*nNumber;  ///< null for a text
+    ReadAs nReadAs;
+    const wchar_t* strDefault;
+    SaveAs nSaveAs;
+    int nSaveOrder;                             ///< of the keys in a file saved for the first time
+    std::wstring cSetting::*strText = nullptr;  ///< null for a number
+};
+
+const cSetting::Row cSetting::Rows[] = {
+    // clang-format off
+    {strInfo, L"Delay", &cSetting::nDelay, Int, L"1", Nothing, 0},
+    {strInfo, L"SndName", nullptr, Text, L"C:\\", Nothing, 0, &cSetting::strSndName},
+    {strInfo, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute, 4},
+    {strInfo, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute, 3},
+    {strInfo, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute, 2},
+    {strInfo, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute, 1},
+    {strInfo, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs, 17},
+    {strInfo, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs, 18},
+    {strInfo, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute, 9},
+    {strInfo, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute, 10},
+    {strVoice, L"Name", nullptr, Text, L"Male", AsIs, 5, &cSetting::strVoiceName},
+    {strVoice, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs, 8},
+    {strVoice, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs, 6},
+    {strVoice, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs, 7},
+    {strInfo, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute, 11},
+    {strInfo, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute, 12},
+    {strInfo, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute, 13},
+    {strInfo, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute, 14},
+    {strInfo, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute, 15},
+    {strInfo, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute, 16},
+    {strInfo, L"Log", &cSetting::nLog, Int, L"0", Absolute, 19},
+    // clang-format on
+};
+
+bool cSetting::FileExists(const std::wstring& strPath) {
+    return platform::FileExists(strPath);
+}
+
+cSetting::Source cSetting::Open(const std::wstring& strPath) {
+    Source objSource;
+    objSource.bExists = FileExists(strPath);
+    std::string strBytes;
+    objSource.bUnreadable = objSource.bExists && !platform::ReadFileBytes(strPath, strBytes);
+    objSource.objFile = IniFile(std::move(strBytes));
+    return objSource;
+}
+
+bool cSetting::SectionExists(std::wstring_view strSection, const Source& objSource) {
+    return objSource.bExists && objSource.objFile.SectionTextCount(strSection) != 0;
+}
+
+std::wstring cSetting::ReadStringFromFile(std::wstring_view strSection, std::wstring_view strKey,
+                                          std::wstring_view strDefault, const Source& objSource) {
+    if (!objSource.bExists) return std::wstring(strDefault);
+    return objSource.objFile.ReadString(strSection, strKey, strDefault);
+}
+
+int32_t cSetting::ReadIntFromFile(std::wstring_view strSection, std::wstring_view strKey,
+                                  int32_t nDefault, const Source& objSource) {
+    return objSource.bExists ? objSource.objFile.ReadInt(strSection, strKey, nDefault) : nDefault;
+}
+
+std::wstring cSetting::GetString(std::wstring_view strSection, std::wstring_view strKey,
+                                 std::wstring_view strDefault) const {
+    const bool bFromApp = SectionExists(strSection, objAppSource);
+    return ReadStringFromFile(strSection, strKey, strDefault,
+                              bFromApp ? objAppSource : objDefaultSource);
+}
+
+int32_t cSetting::GetInt(std::wstring_view strSection, std::wstring_view strKey,
+                         std::wstring_view strDefault) const {
+    const bool bFromApp = SectionExists(strSection, objAppSource);
+    int32_t nDefault = 0;
+    (void)platform::WholeTextToInt32(strDefault, nDefault);  // the table's texts are numbers
+    return ReadIntFromFile(strSection, strKey, nDefault,
+                           bFromApp ? objAppSource : objDefaultSource);
+}
+
+void cSetting::Init(const std::wstring& sPathDefult, const std::wstring& sPathApp) {
+    strDefaultPath = sPathDefult;
+    strAppPath = sPathApp;
+    objDefaultSource = Open(strDefaultPath);
+    objAppSource = Open(strAppPath);
+    for (const Row& objRow : Rows)
+        ReadRow(objRow);
+    ReadButtons();
+    UnreadEntries.clear();
+    if (objDefaultSource.bUnreadable) UnreadEntries = EntriesToSave();
+    objDefaultSource = {};
+    objAppSource = {};
+}
+
+void cSetting::ReadRow(const Row& objRow) {
+    if (objRow.nReadAs == Int) {
+        this->*objRow.nNumber = GetInt(objRow.strSection, objRow.strKey, objRow.strDefault);
+        return;
+    }
+    std::wstring strText = GetString(objRow.strSection, objRow.strKey, objRow.strDefault);
+    if (objRow.nReadAs == Text) {
+        this->*objRow.strText = std::move(strText);
+    } else {
+        (void)platform::WholeTextToInt32(strText, this->*objRow.nNumber);  // or it stays as it was
+    }
+}
+
+void cSetting::ReadButtons() const {
+    bool bFoundAction = false;
+    bool bFoundMode = false;
+    for (size_t i = 0; i < nButtonCount; ++i) {
+        LoadButton(GetString(strButtons, std::to_wstring(i), L""), ButtonTable[i]);
+        bFoundAction = bFoundAction || ButtonTable[i].Kind == ButtonKind::Action;
+        bFoundMode = bFoundMode || ButtonTable[i].Kind == ButtonKind::Mode;
+    }
+    // Whatever the file says, there is a button to choose with and one to change the mode with.
+    if (!bFoundAction) ButtonTable[0].Kind = ButtonKind::Action;
+    if (!bFoundMode) ButtonTable[1].Kind = ButtonKind::Mode;
+}
+
+std::wstring cSetting::TextToSave(const Row& objRow) const {
+    if (objRow.strText != nullptr) return this->*objRow.strText;
+    const int64_t nValue = this->*objRow.nNumber;
+    return std::to_wstring(objRow.nSaveAs == Absolute ? AbsoluteValue(nValue) : nValue);
+}
+
+std::vector<IniEntry> cSetting::EntriesToSave() const {
+    std::vector<const Row*> SavedRows;
+    for (const Row& objRow : Rows) {
+        if (objRow.nSaveAs != Nothing) SavedRows.push_back(&objRow);
+    }
+    std::sort(SavedRows.begin(), SavedRows.end(), [](const Row* pFirst, const Row* pSecond) {
+        return pFirst->nSaveOrder < pSecond->nSaveOrder;
+    });
+    std::vector<IniEntry> Entries;
+    for (const Row* pRow : SavedRows) {
+        Entries.push_back({pRow->strSection, pRow->strKey, TextToSave(*pRow)});
+    }
+    for (size_t i = 0; i < nButtonCount; ++i) {
+        Entries.push_back({strButtons, std::to_wstring(i), ButtonText(ButtonTable[i])});
+    }
+    return Entries;
+}
+
+void cSetting::SaveSetting() {
+    std::string strOld;
+    const bool bExists = FileExists(strDefaultPath);
+    // What cannot be read would be lost if it were replaced.
+    if (bExists && !platform::ReadFileBytes(strDefaultPath, strOld)) return;
+    IniFile objFile(strOld);
+    const std::vector<IniEntry> Entries = EntriesToSave();
+    for (size_t i = 0; i < Entries.size(); ++i) {
+        const bool bUnchanged = i < UnreadEntries.size() && Entries[i] == UnreadEntries[i];
+        if (!bUnchanged) objFile.Write(Entries[i]);
+    }
+    const std::string strNew = objFile.Bytes();
+    if (bExists && strNew == strOld) return;
+    (void)platform::ReplaceFileBytes(strDefaultPath, strNew);  // a failed save is not reported
+}
+
+}  // namespace taviro
