@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "platform/headless/desktop.h"
+
+#include <algorithm>
+
+namespace taviro::platform::headless {
+
+DesktopState::DesktopState()
+    : Metrics{{Metric::CaptionHeight, 19}, {Metric::BorderWidth, 1}, {Metric::BorderHeight, 1},
+              {Metric::MenuHeight, 20},    {Metric::FrameWidth, 4},  {Metric::FrameHeight, 4},
+              {Metric::MouseButtons, 3}},
+      SpecialFolders{{26, L"C:\\Users\\Jana\\AppData\\Roaming"}} {
+    Files.CreateFolders(SpecialFolders[26]);
+    Files.CreateFolders(strProgramFolder);
+}
+
+void DesktopState::Record(std::string strText) {
+    if (bRecording) Transcript.push_back({nNow, std::move(strText)});
+}
+
+std::vector<std::string> DesktopState::TakeEffects() {
+    std::vector<std::string> Texts;
+    for (Effect& Done : Transcript)
+        Texts.push_back(std::move(Done.strText));
+    Transcript.clear();
+    return Texts;
+}
+
+void DesktopState::At(uint32_t nTime, std::function<void()> Run) {
+    const auto it = std::upper_bound(m_Events.begin(), m_Events.end(), nTime,
+                                     [](uint32_t n, const auto& e) { return n < e.nTime; });
+    m_Events.insert(it, {nTime, std::move(Run)});
+}
+
+void DesktopState::WatchTimer(forms::Timer& Watched) {
+    std::erase_if(m_Timers, [&](const Due& Entry) { return Entry.pTimer == &Watched; });
+    if (!Watched.IsTicking()) return;
+    m_Timers.push_back({nNow + static_cast<uint32_t>(Watched.Interval.Get()), &Watched});
+}
+
+// Runs the earliest event or timer that is due by nUntil. Messages other than timers come first, as
+// in a real message queue. Returns false when nothing was due.
+bool DesktopState::RunNextDue(uint32_t nUntil) {
+    const auto itTimer =
+        std::min_element(m_Timers.begin(), m_Timers.end(), [](const Due& a, const Due& b) {
+            // A timer whose handler is running cannot be next: it is not entered again.
+            if (a.pTimer->IsRunning() != b.pTimer->IsRunning()) return b.pTimer->IsRunning();
+            return a.nTime < b.nTime;
+        });
+    const bool bTimer =
+        itTimer != m_Timers.end() && !itTimer->pTimer->IsRunning() && itTimer->nTime <= nUntil;
+    const bool bEvent = !m_Events.empty() && m_Events.front().nTime <= nUntil;
+    if (bEvent && (!bTimer || m_Events.front().nTime <= itTimer->nTime)) {
+        Event Next = std::move(m_Events.front());
+        m_Events.pop_front();
+        nNow = std::max(nNow, Next.nTime);
+        Next.Run();
+        return true;
+    }
+    if (!bTimer) return false;
+    forms::Timer& Timer = *itTimer->pTimer;
+    nNow = std::max(nNow, itTimer->nTime);
+    Timer.Tick();
+    WatchTimer(Timer);  // due again its interval after the handler ended
+    return true;
+}
+
+void DesktopState::RunDue() {
+    const uint32_t nUntil = nNow;
+    while (RunNextDue(nUntil)) {
+    }
+}
+
+void DesktopState::RunFor(uint32_t nMilliseconds) {
+    const uint32_t nUntil = nNow + nMilliseconds;
+    while (RunNextDue(nUntil)) {
+    }
+    nNow = std::max(nNow, nUntil);
+}
+
+}  // namespace taviro::platform::headless

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// The virtual desktop behind the headless platform: one stateful stand-in for everything that the
+// program asks of Windows, on a clock of its own. Tests and the simulator set its public parts
+// before a call and read them, or the transcript, afterwards.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "forms/main_form.h"
+#include "platform/automation.h"
+#include "platform/headless/memory_files.h"
+#include "platform/joystick.h"
+#include "platform/keyboard_hook.h"
+#include "platform/keys.h"
+#include "platform/metrics.h"
+#include "platform/pointer.h"
+#include "platform/shell.h"
+#include "platform/text_extent.h"
+#include "platform/windows_and_processes.h"
+
+namespace taviro::platform {
+
+/// The shell's list of this desktop: simply the path.
+struct ItemIdList {
+    std::wstring strPath;
+};
+
+}  // namespace taviro::platform
+
+namespace taviro::platform::headless {
+
+/// One effect and when it happened.
+struct Effect {
+    uint32_t nTime;
+    std::string strText;  ///< UTF-8
+};
+
+/// The joystick in the user's hand.
+struct VirtualJoystick {
+    bool bPresent = true;
+    bool bReadFails = false;
+    uint32_t nX = 32767;
+    uint32_t nY = 32767;
+    uint32_t nButtons = 0;
+    uint32_t nReads = 0;        ///< successful and failed position queries
+    JoyInfoRecord LastQuery{};  ///< the record as it was handed in
+    uint32_t nLastCapsSize = 0;
+};
+
+/// The keyboard as the system sees it, and the text that the program in front received.
+struct VirtualKeyboard {
+    std::array<bool, 256> bDown{};  ///< by virtual key; generic modifiers follow their sides
+    bool bCapsLock = false;
+    std::wstring strTyped;  ///< a text field with its caret at the end
+    wchar_t nPendingDeadKey = 0;
+    bool bBlocked = false;  ///< SendInput inserts nothing
+    KeyHookProcedure pHook = nullptr;
+    uintptr_t hHook = 0;
+    bool bHookRefused = false;
+    bool bPassedOn = false;  ///< the event being handled went on to the next hook
+};
+
+/// A window of another program.
+struct VirtualWindow {
+    WindowHandle hWindow = 0;
+    std::wstring strTitle;
+    std::wstring strClass;
+    uint32_t nProcess = 0;
+    uint32_t nThread = 0;
+};
+
+/// Members of a late-bound object: how the member is used, its name, arguments, result.
+enum class MemberUse { Method, Get, Put };
+using MemberHandler = std::function<bool(MemberUse, const std::wstring&,
+                                         std::span<AutomationArgument>, AutomationValue&)>;
+
+/// Makes an object for a registered class; used by tests to build stand-ins.
+AutomationObject MakeObject(MemberHandler Handler);
+
+struct DesktopState {
+    // Transcript.
+    std::vector<Effect> Transcript;
+    bool bRecording = true;
+    void Record(std::string strText);
+    /// The texts of all effects so far; forgets them.
+    std::vector<std::string> TakeEffects();
+
+    // Clock, timers and events.
+    uint32_t nNow = 1000;
+    /// Runs it when the clock reaches nTime and messages are let through.
+    void At(uint32_t nTime, std::function<void()> Run);
+    /// Lets time pass as an idle message loop does: everything due runs when it is due.
+    void RunFor(uint32_t nMilliseconds);
+    /// Runs what is due now; the clock stands still.
+    void RunDue();
+
+    // Devices.
+    VirtualJoystick Joystick;
+    VirtualKeyboard Keyboard;
+    std::vector<InputRecord> Sent;  ///< every record of SendInput, in order
+    /// A key of the physical keyboard: through the hook, then to the program in front.
+    void PhysicalKey(uint8_t nVk, bool bDown);
+    /// Virtual keys that are down.
+    std::vector<int> KeysDown() const;
+    ScreenPoint Pointer;
+    std::array<int32_t, 3> MouseAcceleration{6, 10, 1};
+
+    // Sound.
+    uint32_t nSoundEnds = 0;      ///< when the sound that plays now has ended
+    uint32_t nSoundLength = 300;  ///< how long each sound plays, ms
+    uint32_t nBeeps = 0;
+
+    // Screen and text.
+    std::map<Metric, int32_t> Metrics;
+    int32_t nDpi = 96;
+    LogicalFont MeasureFont;
+    bool bMeasuring = false;
+    uint32_t nMeasureContexts = 0;  ///< how many were made
+
+    // Files, shell, processes, windows.
+    MemoryFiles Files;
+    std::wstring strProgramFolder = L"C:\\Program Files\\Taviro";
+    std::map<int32_t, std::wstring> SpecialFolders;
+    std::vector<uintptr_t> FolderOwners;  ///< owner windows handed to the folder query
+    std::deque<ItemIdList> FolderLists;   ///< handed out, and never freed by the program
+    bool bOtherInstance = false;
+    intptr_t nShellResult = 42;
+    std::vector<VirtualWindow> Windows;
+    WindowHandle hForeground = 0;
+    std::vector<ProcessEntry> Processes;
+    bool bAttachFails = false;
+
+    // Late-bound classes by ProgID.
+    std::map<std::wstring, std::function<AutomationObject()>> Classes;
+
+    // The main window.
+    forms::MainForm* pMainForm = nullptr;
+    bool bQuit = false;
+    int nExitCode = 0;
+
+    DesktopState();
+
+    /// Runs one key event through the hook to the program in front (used by the sending calls).
+    void DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bool bInjected);
+    /// The view of the main form (used by OpenMainWindow): a change of a timer sets when it is due.
+    void WatchTimer(forms::Timer& Watched);
+
+  private:
+    struct Due {
+        uint32_t nTime;
+        forms::Timer* pTimer;
+    };
+    struct Event {
+        uint32_t nTime;
+        std::function<void()> Run;
+    };
+    bool RunNextDue(uint32_t nUntil);
+    void TypeKey(uint32_t nVk);
+
+    std::vector<Due> m_Timers;
+    std::deque<Event> m_Events;  // in the order of their times
+};
+
+inline DesktopState Desktop;
+
+}  // namespace taviro::platform::headless

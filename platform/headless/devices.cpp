@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// Joystick, sound, pointer, clock and messages of the virtual desktop.
+#include <cstdio>
+
+#include "platform/clock.h"
+#include "platform/headless/desktop.h"
+#include "platform/messages.h"
+#include "platform/sound.h"
+#include "platform/text.h"
+
+namespace taviro::platform {
+
+using headless::Desktop;
+
+namespace {
+
+// What an idle query of the sound device costs: a program that waits for a sound in a loop must see
+// time pass.
+constexpr uint32_t SOUND_QUERY_MS = 10;
+constexpr uint32_t NO_DEVICE = 165;  // the system's number for an unplugged joystick
+
+// The clock's zero, so that texts are the same in every run: 1:59:51.
+constexpr uint32_t START_SECOND_OF_DAY = 7191;
+
+uint32_t SecondOfDay() {
+    return (START_SECOND_OF_DAY + Desktop.nNow / 1000) % 86400;
+}
+
+}  // namespace
+
+uint32_t JoyGetDevCaps(uint32_t /*nJoyId*/, JoyCapsRecord& Caps, uint32_t nSize) {
+    Desktop.Joystick.nLastCapsSize = nSize;
+    if (!Desktop.Joystick.bPresent) return NO_DEVICE;
+    Caps = JoyCapsRecord{};
+    Caps.wXmax = Caps.wYmax = 65535;
+    Caps.wNumButtons = 16;
+    return 0;
+}
+
+uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
+    auto& Joystick = Desktop.Joystick;
+    ++Joystick.nReads;
+    Joystick.LastQuery = Info;
+    if (!Joystick.bPresent || Joystick.bReadFails) return NO_DEVICE;
+    Info.dwXpos = Joystick.nX;
+    Info.dwYpos = Joystick.nY;
+    Info.dwButtons = Joystick.nButtons;
+    return 0;
+}
+
+bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
+    const bool bPlaying = Desktop.nNow < Desktop.nSoundEnds;
+    if ((nFlags & SND_FLAG_NOSTOP) != 0 && bPlaying) {
+        Desktop.nNow += SOUND_QUERY_MS;
+        return false;
+    }
+    if (strFile.empty()) return true;
+    if (!Desktop.Files.FileExists(strFile)) return false;
+    Desktop.Record("sound " + ToUtf8(strFile));
+    Desktop.nSoundEnds = Desktop.nNow + Desktop.nSoundLength;
+    if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.nNow = Desktop.nSoundEnds;
+    return true;
+}
+
+void SystemBeep() {
+    ++Desktop.nBeeps;
+    Desktop.Record("beep");
+}
+
+bool GetPointer(ScreenPoint& Point) {
+    Point = Desktop.Pointer;
+    return true;
+}
+
+bool SetPointer(ScreenPoint Point) {
+    Desktop.Record("pointer (" + std::to_string(Point.nX) + ", " + std::to_string(Point.nY) + ")");
+    Desktop.Pointer = Point;
+    return true;
+}
+
+bool GetMouseAcceleration(std::array<int32_t, 3>& Triple) {
+    Triple = Desktop.MouseAcceleration;
+    return true;
+}
+
+bool SetMouseAcceleration(const std::array<int32_t, 3>& Triple) {
+    Desktop.Record("mouse acceleration " + std::to_string(Triple[0]) + " " +
+                   std::to_string(Triple[1]) + " " + std::to_string(Triple[2]));
+    Desktop.MouseAcceleration = Triple;
+    return true;
+}
+
+uint32_t TickCount() {
+    return Desktop.nNow;
+}
+
+void SleepMs(uint32_t nMilliseconds) {
+    Desktop.nNow += nMilliseconds;
+}
+
+std::wstring TimeOfDayText() {
+    const uint32_t n = SecondOfDay();
+    char szText[16];
+    (void)std::snprintf(szText, sizeof szText, "%02u:%02u:%02u", n / 3600 % 24, n / 60 % 60,
+                        n % 60);
+    return FromUtf8(szText);
+}
+
+std::wstring DateTimeText() {
+    const uint32_t n = SecondOfDay();
+    char szText[32];
+    (void)std::snprintf(szText, sizeof szText, "16.11.2026 %u:%02u:%02u", n / 3600 % 24,
+                        n / 60 % 60, n % 60);
+    return FromUtf8(szText);
+}
+
+void RunPendingMessages() {
+    Desktop.RunDue();
+}
+
+int RunMessageLoop() {
+    while (!Desktop.bQuit)
+        Desktop.RunFor(1000);
+    return Desktop.nExitCode;
+}
+
+void QuitMessageLoop(int nExitCode) {
+    Desktop.bQuit = true;
+    Desktop.nExitCode = nExitCode;
+}
+
+}  // namespace taviro::platform

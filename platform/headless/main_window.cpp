@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The main window of the virtual desktop: keeps the inner size in step with the outer one, watches
+// the timers and writes the caption's changes into the transcript.
+#include "platform/main_window.h"
+
+#include "platform/headless/desktop.h"
+#include "platform/text.h"
+
+namespace taviro::platform {
+
+using headless::Desktop;
+
+namespace {
+
+constexpr WindowHandle MAIN_WINDOW = 1;
+
+void FitInside(forms::MainForm& Form) {
+    const int32_t nAround = SystemMetric(Metric::MenuHeight) + SystemMetric(Metric::CaptionHeight) +
+                            2 * SystemMetric(Metric::FrameHeight);
+    Form.SetScale(Form.Width / TwipsPerPixelX(), Form.Height / TwipsPerPixelY() - nAround);
+}
+
+void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect) {
+    if (&Changed == &Form.Timer1) return Desktop.WatchTimer(Form.Timer1);
+    if (&Changed == &Form.ScanTimer) return Desktop.WatchTimer(Form.ScanTimer);
+    if (!Form.IsFrame(Changed)) return;
+    if (nAspect == forms::Aspect::Geometry) FitInside(Form);
+    if (nAspect == forms::Aspect::Text) Desktop.Record("caption " + ToUtf8(Form.Caption.Get()));
+    if (nAspect == forms::Aspect::Visibility) {
+        Desktop.Record(Form.Visible ? "main window shown" : "main window hidden");
+    }
+}
+
+}  // namespace
+
+bool OpenMainWindow(forms::MainForm& Form) {
+    Desktop.pMainForm = &Form;
+    Form.OnShowChange = [&Form](forms::Control& Changed, forms::Aspect nAspect) {
+        Show(Form, Changed, nAspect);
+    };
+    return true;
+}
+
+void CloseMainWindow() {
+    if (Desktop.pMainForm != nullptr) Desktop.pMainForm->OnShowChange = nullptr;
+    Desktop.pMainForm = nullptr;
+}
+
+WindowHandle MainWindowHandle() {
+    return Desktop.pMainForm == nullptr ? 0 : MAIN_WINDOW;
+}
+
+}  // namespace taviro::platform

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "platform/headless/memory_files.h"
+
+#include "platform/text.h"
+
+namespace taviro::platform::headless {
+
+namespace {
+
+std::wstring_view ParentOf(std::wstring_view strPath) {
+    const auto nSlash = strPath.rfind(L'\\');
+    return nSlash == std::wstring_view::npos ? std::wstring_view{} : strPath.substr(0, nSlash);
+}
+
+std::wstring_view NameOf(std::wstring_view strPath) {
+    const auto nSlash = strPath.rfind(L'\\');
+    return nSlash == std::wstring_view::npos ? strPath : strPath.substr(nSlash + 1);
+}
+
+// A drive ("C:"), the root of the current one, or nothing: always there.
+bool IsRoot(std::wstring_view strPath) {
+    return strPath.empty() || strPath.back() == L':';
+}
+
+bool Matches(std::wstring_view strName, std::wstring_view strPattern) {
+    if (strPattern.empty()) return strName.empty();
+    if (strPattern.front() == L'*') {
+        for (size_t n = 0; n <= strName.size(); ++n) {
+            if (Matches(strName.substr(n), strPattern.substr(1))) return true;
+        }
+        return false;
+    }
+    if (strName.empty()) return false;
+    if (strPattern.front() != L'?' && strPattern.front() != strName.front()) return false;
+    return Matches(strName.substr(1), strPattern.substr(1));
+}
+
+}  // namespace
+
+const MemoryFiles::Node* MemoryFiles::Find(std::wstring_view strPath) const {
+    const auto it = m_Nodes.find(ToLower(strPath));
+    return it == m_Nodes.end() ? nullptr : &it->second;
+}
+
+MemoryFiles::Node* MemoryFiles::Find(std::wstring_view strPath) {
+    const auto it = m_Nodes.find(ToLower(strPath));
+    return it == m_Nodes.end() ? nullptr : &it->second;
+}
+
+bool MemoryFiles::FileExists(std::wstring_view strPath) const {
+    const Node* pNode = Find(strPath);
+    return pNode != nullptr && !pNode->bFolder;
+}
+
+bool MemoryFiles::FolderExists(std::wstring_view strPath) const {
+    if (IsRoot(strPath)) return true;
+    const Node* pNode = Find(strPath);
+    return pNode != nullptr && pNode->bFolder;
+}
+
+bool MemoryFiles::CreateFolder(std::wstring_view strPath) {
+    if (Find(strPath) != nullptr || !FolderExists(ParentOf(strPath))) return false;
+    Node& Folder = m_Nodes[ToLower(strPath)];
+    Folder.strName = NameOf(strPath);
+    Folder.bFolder = true;
+    return true;
+}
+
+void MemoryFiles::CreateFolders(std::wstring_view strPath) {
+    if (FolderExists(strPath)) return;
+    CreateFolders(ParentOf(strPath));
+    CreateFolder(strPath);
+}
+
+bool MemoryFiles::Read(std::wstring_view strPath, std::string& strBytes) const {
+    const Node* pNode = Find(strPath);
+    if (pNode == nullptr || pNode->bFolder || pNode->bLocked) return false;
+    strBytes = pNode->strBytes;
+    return true;
+}
+
+bool MemoryFiles::MayStand(std::wstring_view strPath) const {
+    if (!FolderExists(ParentOf(strPath)) || NameOf(strPath).empty()) return false;
+    const Node* pNode = Find(strPath);
+    return pNode == nullptr || (!pNode->bFolder && !pNode->bLocked && !pNode->bReadOnly);
+}
+
+bool MemoryFiles::Write(std::wstring_view strPath, std::string_view strBytes) {
+    if (!MayStand(strPath) || strBytes.size() > nFreeBytes) return false;
+    Node& File = m_Nodes[ToLower(strPath)];
+    if (File.strName.empty()) File.strName = NameOf(strPath);
+    File.strBytes = strBytes;
+    return true;
+}
+
+bool MemoryFiles::Append(std::wstring_view strPath, std::string_view strBytes) {
+    std::string strWhole;
+    if (FileExists(strPath) && !Read(strPath, strWhole)) return false;
+    return Write(strPath, strWhole.append(strBytes));
+}
+
+bool MemoryFiles::Move(std::wstring_view strFrom, std::wstring_view strTo) {
+    const Node* pFrom = Find(strFrom);
+    if (pFrom == nullptr || pFrom->bFolder || pFrom->bLocked || !MayStand(strTo)) return false;
+    Node Moved = *pFrom;
+    Moved.strName = NameOf(strTo);
+    m_Nodes.erase(ToLower(strFrom));
+    m_Nodes[ToLower(strTo)] = std::move(Moved);
+    return true;
+}
+
+bool MemoryFiles::Remove(std::wstring_view strPath) {
+    const Node* pNode = Find(strPath);
+    if (pNode == nullptr || pNode->bFolder || pNode->bLocked) return false;
+    m_Nodes.erase(ToLower(strPath));
+    return true;
+}
+
+std::vector<std::wstring> MemoryFiles::List(std::wstring_view strPattern) const {
+    const std::wstring strFolder = ToLower(ParentOf(strPattern)) + L"\\";
+    const std::wstring strNames = ToLower(NameOf(strPattern));
+    std::vector<std::wstring> Names;
+    for (auto it = m_Nodes.lower_bound(strFolder);
+         it != m_Nodes.end() && it->first.starts_with(strFolder); ++it) {
+        const std::wstring strName = it->first.substr(strFolder.size());
+        const bool bHere = strName.find(L'\\') == std::wstring::npos;
+        if (bHere && !it->second.bFolder && Matches(strName, strNames)) {
+            Names.push_back(it->second.strName);
+        }
+    }
+    return Names;
+}
+
+void MemoryFiles::Put(std::wstring_view strPath, std::string_view strBytes) {
+    CreateFolders(ParentOf(strPath));
+    Node& File = m_Nodes[ToLower(strPath)] = Node{};
+    File.strName = NameOf(strPath);
+    File.strBytes = strBytes;
+}
+
+void MemoryFiles::Lock(std::wstring_view strPath, bool bLocked) {
+    if (Node* pNode = Find(strPath)) pNode->bLocked = bLocked;
+}
+
+void MemoryFiles::SetReadOnly(std::wstring_view strPath, bool bReadOnly) {
+    if (Node* pNode = Find(strPath)) pNode->bReadOnly = bReadOnly;
+}
+
+}  // namespace taviro::platform::headless
