@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "maps/map_file.h"
+
+#include "maps/map_window.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "platform/text.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+namespace {
+
+constexpr std::string_view LINE_END = "\r\n";
+
+// Takes the next line off the text; CR LF, a lone CR and a lone LF end a line.
+std::string_view TakeLine(std::string_view& strRest) {
+    const auto nEnd = strRest.find_first_of(LINE_END);
+    if (nEnd == std::string_view::npos) {
+        const std::string_view strLast = strRest;
+        strRest = {};
+        return strLast;
+    }
+    const std::string_view strLine = strRest.substr(0, nEnd);
+    const bool bPair = strRest.substr(nEnd, 2) == LINE_END;
+    strRest.remove_prefix(nEnd + (bPair ? 2 : 1));
+    return strLine;
+}
+
+// The number at the start of the text, rounded. Leaves nValue alone when it does not fit.
+bool ReadNumber(std::string_view strText, int32_t& nValue) {
+    // Plain short numbers, which are all but a few, need no conversion.
+    constexpr size_t SHORT_DIGITS = 9;
+    int32_t nPlain = 0;
+    size_t n = 0;
+    while (n < strText.size() && n < SHORT_DIGITS && strText[n] >= '0' && strText[n] <= '9') {
+        nPlain = nPlain * 10 + (strText[n++] - '0');
+    }
+    if (n == strText.size() || (n > 0 && (strText[n] == ',' || strText[n] == ']'))) {
+        nValue = nPlain;
+        return true;
+    }
+    return platform::RoundToInt32(platform::LeadingNumber(platform::FromAnsi(strText)), nValue);
+}
+
+// Reads one map file into a grid; the cell of the last key carries over to the next line.
+class MapReader {
+  public:
+    explicit MapReader(MapGrid& Grid) : m_Grid(Grid) {}
+
+    void ReadLine(std::string_view strLine) {
+        if (strLine.starts_with('_')) return ContinueCommand(strLine.substr(1));
+        const auto nBracket = strLine.find(']');
+        if (nBracket != std::string_view::npos) {
+            ReadKey(strLine.substr(0, nBracket));
+            strLine.remove_prefix(nBracket + 1);
+        }
+        const auto nComma = strLine.find(',');
+        if (nComma != std::string_view::npos) {
+            StoreCell(strLine.substr(0, nComma), strLine.substr(nComma + 1));
+        }
+    }
+
+    int32_t nStored = 0;  // cell lines that stored a cell
+
+  private:
+    void ContinueCommand(std::string_view strMore) {
+        if (MapCell* pCell = m_Grid.Cell(m_nColumn, m_nRow)) {
+            pCell->Command += platform::FromAnsi(strMore);
+        }
+    }
+
+    // The key is "[column,row" here. Without a comma, or with nothing before it, the column stays
+    // and the whole key is read as the row.
+    void ReadKey(std::string_view strKey) {
+        const auto nComma = strKey.find(',');
+        if (nComma != std::string_view::npos && nComma > 0) {
+            ReadNumber(strKey.substr(1, nComma - 1), m_nColumn);
+        }
+        ReadNumber(nComma == std::string_view::npos ? strKey : strKey.substr(nComma + 1), m_nRow);
+    }
+
+    void StoreCell(std::string_view strCaption, std::string_view strRest) {
+        MapCell* pCell = m_Grid.Cell(m_nColumn, m_nRow);
+        if (pCell == nullptr) return;
+        const auto nComma = strRest.find(',');
+        pCell->Caption = platform::FromAnsi(strCaption);
+        ReadNumber(strRest.substr(0, nComma), pCell->Code);
+        pCell->Command = nComma == std::string_view::npos
+                             ? std::wstring{}
+                             : platform::FromAnsi(strRest.substr(nComma + 1));
+        ++nStored;
+    }
+
+    MapGrid& m_Grid;
+    int32_t m_nColumn = 0;
+    int32_t m_nRow = 0;
+};
+
+// Moves a file that is no map out of the way, so that a save does not destroy what it holds.
+bool KeepAside(const std::wstring& strPath) {
+    std::wstring strKept = strPath + L".bak";
+    for (int n = 2; platform::FileExists(strKept); ++n) {
+        strKept = strPath + L".bak" + std::to_wstring(n);
+    }
+    return platform::MoveFileTo(strPath, strKept);
+}
+
+std::wstring AppMapPath(const std::wstring& strAppName) {
+    return Program.strDataPath + L"\\data_" + strAppName + L".ini";
+}
+
+}  // namespace
+
+std::wstring MapPath(const std::wstring& strAppName) {
+    return strAppName.empty() ? Program.strDataPath + L"\\data.ini" : AppMapPath(strAppName);
+}
+
+int32_t ReadMapText(std::string_view strBytes, MapGrid& Grid) {
+    MapReader Reader(Grid);
+    while (!strBytes.empty())
+        Reader.ReadLine(TakeLine(strBytes));
+    return Reader.nStored;
+}
+
+bool LoadMap(const std::wstring& strAppName) {
+    MapGrid& Grid = strAppName.empty() ? CommonMap : AppMap;
+    if (!strAppName.empty()) AppMap.Clear();
+    const std::wstring strPath = MapPath(strAppName);
+    if (!platform::FileExists(strPath)) return false;
+    std::string strBytes;
+    const bool bRead = platform::ReadFileBytes(strPath, strBytes);
+    const int32_t nStored = ReadMapText(strBytes, Grid);
+    Grid.bFileUnread = !bRead || (nStored == 0 && !strBytes.empty());
+    return bRead;
+}
+
+std::string WriteMapText(const MapGrid& Grid) {
+    std::string strText;
+    // The walk is wider than the grid. A read outside it fails and leaves the last cell read, so a
+    // cell in the last column repeats itself to column 50; readers ignore those lines.
+    const MapCell* pLast = nullptr;
+    const auto Read = [&](int32_t nColumn, int32_t nRow) {
+        if (const MapCell* pCell = Grid.Cell(nColumn, nRow)) pLast = pCell;
+        return pLast;
+    };
+    for (int32_t nRow = 1; nRow <= MAP_SEARCH_END; ++nRow) {
+        if (Read(1, nRow)->Caption.empty()) break;
+        for (int32_t nColumn = 1; nColumn <= MAP_SEARCH_END; ++nColumn) {
+            const MapCell& Cell = *Read(nColumn, nRow);
+            const auto strCaption = platform::TrimBlanks(Cell.Caption);
+            if (strCaption.empty()) continue;
+            strText += '[' + std::to_string(nColumn) + ',' + std::to_string(nRow) + ']';
+            strText += platform::ToAnsi(strCaption) + ',' + std::to_string(Cell.Code);
+            const auto strCommand = platform::TrimBlanks(Cell.Command);
+            if (!strCommand.empty()) strText += ',' + platform::ToAnsi(strCommand);
+            strText += LINE_END;
+        }
+    }
+    return strText;
+}
+
+void SaveCell(int32_t nColumn, int32_t nRow, const MapCell& Cell) {
+    MapGrid& Grid = ShownMap();
+    if (MapCell* pCell = Grid.Cell(nColumn, nRow)) *pCell = Cell;
+    std::wstring strPath;
+    if (Foreground.bAppMapShown) {
+        ShowAppMap();
+        strPath = AppMapPath(Foreground.AppMapName);
+    } else {
+        ShowMap(false);
+        strPath = MapPath(L"");
+    }
+    if (Grid.bFileUnread && !KeepAside(strPath)) return;
+    if (platform::ReplaceFileBytes(strPath, WriteMapText(Grid))) Grid.bFileUnread = false;
+}
+
+}  // namespace taviro

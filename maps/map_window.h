@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// The map on the main window: one label a cell, the highlight, the status line and the window's
+// size.
+#pragma once
+
+#include <cstdint>
+
+namespace taviro {
+
+inline constexpr int32_t LABELS_PER_ROW = 50;  ///< label index = (row - 1) * 50 + column
+
+/// Lays out the common map and shows it; bHighlight also moves the highlight to the cursor.
+void ShowMap(bool bHighlight);
+
+/// Lays out the application map and shows it with the application's last cell highlighted; an
+/// application seen for the first time starts at column 1, row 1.
+void ShowAppMap();
+
+/// Moves the highlight to a cell and shows its caption in the status line. Outside columns and rows
+/// 1 to 50 nothing happens.
+void SetHi(int32_t nColumn, int32_t nRow);
+
+}  // namespace taviro
