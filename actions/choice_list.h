@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// The choice list over the main window: labelled entries of a "*" command or of the word
+// prediction; the confirmed one is launched or typed.
+//
+// While it is open, the list box stands in the window's upper left corner, as wide as the status
+// line and half as high as the map, but at least as high as six lines where the map has room for
+// them and never higher than the map. The status line grows upwards to meet it, so that nothing of
+// the map shows between the two.
+//
+// A chosen completion arrives whole and once: what was typed of the word is erased and the word is
+// typed from its first letter, in whatever case and with whatever accents the letters were typed.
+// A word that is already typed to its end is left alone. The texts of a command's list complete
+// nothing, so nothing is erased for them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace taviro {
+
+struct ChoiceEntry {
+    std::wstring strLabel;
+    std::wstring strCommand;  ///< empty: the label is text to type
+};
+
+struct ChoiceListState {
+    std::vector<ChoiceEntry> Entries;  ///< one row per segment; row 0 is the hidden first segment
+    int32_t nOffset = 0;               ///< how far the status line was moved up, pixels
+    bool bCompletions = false;         ///< the entries complete the word being typed
+};
+inline ChoiceListState ChoiceList;
+
+/// Fills and shows the list from segments separated by ";", each a label or "label,command"; the
+/// first segment is a title and not shown. Nothing happens when the list is open already.
+void ShowList(const std::wstring& strText);
+
+/// Moves the selection: Down (40) and Right (39) to the next, any other key to the previous entry;
+/// at either end it stays and beeps. Announces the selected entry.
+void ListMove(int32_t nVk);
+
+/// Carries out the selected entry and closes the list; without a selection only closes it. The
+/// command of an entry is a program, its arguments in parentheses; a text goes out in key-sequence
+/// notation, followed by a blank if its label ends in one.
+void ListAccept();
+
+/// Closes the list and gives the status line its place back.
+void HideList();
+
+}  // namespace taviro

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// What a triggered cell or button does: switch mode, press a key, open a choice list or launch a
+// program, then move the highlight back if the settings say so. This is the one definition of the
+// command texts; maps, settings and dialogs only store them.
+//
+//   |  >  <      first character: arrow, application, selection mode; the rest is carried out
+//   *T;a,b;c     choice list with the entries a (launches b) and c (typed)
+//   p:arguments  launches p with arguments; a text with a double quote is not split
+//   \p           p is in the program's folder
+//   ^            anywhere: the highlight goes to column 1 afterwards
+#pragma once
+
+#include <cstdint>
+
+#include "actions/launching.h"
+
+namespace taviro {
+
+inline constexpr int32_t CELL_UNDER_CURSOR = -1;
+
+/// Carries out the action of a joystick button (0 to 15) or of the cell under the cursor (-1). Any
+/// other index, and a cursor outside the grid, does nothing but silence the speech.
+void CommandAction(int32_t nIndex);
+
+}  // namespace taviro

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "actions/mouse_synthesis.h"
+
+#include <array>
+#include <limits>
+
+#include "platform/keys.h"
+#include "platform/metrics.h"
+#include "platform/pointer.h"
+
+namespace taviro {
+
+namespace {
+
+using platform::InputRecord;
+using platform::MouseRecord;
+
+// Keeps the mouse acceleration off while it lives, if it was on.
+class AccelerationPause {
+  public:
+    AccelerationPause() {
+        // Unknown, the triple stays 0 and the setting is left alone.
+        (void)platform::GetMouseAcceleration(m_Saved);
+        // Refused, the click may miss; there is nothing better to try.
+        if (IsOn()) (void)platform::SetMouseAcceleration({0, 0, 0});
+    }
+    AccelerationPause(const AccelerationPause&) = delete;
+    AccelerationPause& operator=(const AccelerationPause&) = delete;
+    ~AccelerationPause() {
+        if (IsOn()) (void)platform::SetMouseAcceleration(m_Saved);
+    }
+
+  private:
+    bool IsOn() const { return m_Saved[2] != 0; }
+
+    std::array<int32_t, 3> m_Saved{};
+};
+
+// Returns false, and leaves nDistance alone, when it does not fit 32 bits.
+bool Subtract(int32_t nTo, int32_t nFrom, int32_t& nDistance) {
+    const int64_t nWide = int64_t{nTo} - nFrom;
+    if (nWide < std::numeric_limits<int32_t>::min()) return false;
+    if (nWide > std::numeric_limits<int32_t>::max()) return false;
+    nDistance = static_cast<int32_t>(nWide);
+    return true;
+}
+
+}  // namespace
+
+void MouseClickAt(int32_t nX, int32_t nY, bool bRightButton) {
+    const AccelerationPause Pause;
+    // The system ignores this field for these flags; it is sent all the same.
+    const auto nMouseData =
+        static_cast<uint32_t>(platform::SystemMetric(platform::Metric::MouseButtons));
+    platform::ScreenPoint Now;
+    // A click at a place that nobody asked for would be worse than none.
+    if (!platform::GetPointer(Now)) return;
+    int32_t nDx = 0;
+    int32_t nDy = 0;
+    if (!Subtract(nX, Now.nX, nDx) || !Subtract(nY, Now.nY, nDy)) return;
+    const uint32_t nDown =
+        bRightButton ? platform::MOUSE_FLAG_RIGHTDOWN : platform::MOUSE_FLAG_LEFTDOWN;
+    const uint32_t nUp = bRightButton ? platform::MOUSE_FLAG_RIGHTUP : platform::MOUSE_FLAG_LEFTUP;
+    const std::array<InputRecord, 3> Records{
+        MouseRecord{
+            .nDx = nDx, .nDy = nDy, .nMouseData = nMouseData, .dwFlags = platform::MOUSE_FLAG_MOVE},
+        MouseRecord{.nMouseData = nMouseData, .dwFlags = nDown},
+        MouseRecord{.nMouseData = nMouseData, .dwFlags = nUp}};
+    platform::SendInputRecords(Records);
+}
+
+}  // namespace taviro

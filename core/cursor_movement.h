@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+// Moves the highlighted cell one step, with the map's edges and the wrap settings, and says where
+// it landed; steps it by itself while scanning.
+#pragma once
+
+#include <cstdint>
+
+namespace taviro {
+
+// Direction codes are virtual-key codes.
+inline constexpr int32_t DIRECTION_LEFT = 37;
+inline constexpr int32_t DIRECTION_UP = 38;
+inline constexpr int32_t DIRECTION_RIGHT = 39;
+inline constexpr int32_t DIRECTION_DOWN = 40;
+
+inline constexpr int32_t MOVE_NORMAL = 0;
+inline constexpr int32_t MOVE_ROW_END = 1;     ///< wrapped or bounced at the end of a row
+inline constexpr int32_t MOVE_COLUMN_END = 2;  ///< wrapped or bounced at the end of a column
+
+/// One step in a direction. Every wrap or bounce beeps. In scan mode the scanned area bounds the
+/// map, and an upward step always returns MOVE_ROW_END. Another code only refreshes highlight and
+/// announcement.
+int32_t MoveCursor(int32_t nVk);
+
+/// One step of automatic scanning: along the row, then on to the next (rightwards) or previous
+/// (leftwards) row; ends the scan at the end of the map. Then pauses for the scan delay.
+void ScanTimer_Timer();
+
+struct ScanState {
+    int32_t nScanDirection = 0;  ///< DIRECTION_RIGHT or DIRECTION_LEFT, set when a scan starts
+};
+inline ScanState Scanning;
+
+}  // namespace taviro

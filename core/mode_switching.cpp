@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "core/mode_switching.h"
+
+#include <string>
+
+#include "feedback/announce.h"
+#include "feedback/speech.h"
+#include "forms/main_form.h"
+#include "maps/map_grid.h"
+#include "platform/files.h"
+#include "platform/messages.h"
+#include "platform/sound.h"
+#include "state/cursor_state.h"
+
+namespace taviro {
+
+namespace {
+
+// The default map's cell at the cursor, also while an application map is shown.
+std::wstring CommonCellText() {
+    const MapCell* pCell = CommonMap.Cell(Cursor.nColumn, Cursor.nRow);
+    return pCell == nullptr ? std::wstring{} : pCell->Caption;
+}
+
+// Plays a sound to its end. Returns false when there is no such file.
+bool PlayToEnd(const std::wstring& strName) {
+    const std::wstring strSound = SoundPath(strName);
+    if (!platform::FileExists(strSound)) return false;
+    (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+    do {
+        platform::RunPendingMessages();
+    } while (!platform::SndPlaySound(L"", platform::SND_FLAG_NOSTOP));
+    return true;
+}
+
+void PlayOrSpeak(const std::wstring& strSoundName, const std::wstring& strSpoken) {
+    const std::wstring strSound = SoundPath(strSoundName);
+    if (!platform::FileExists(strSound)) return SpeakIt(strSpoken);
+    (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+}
+
+}  // namespace
+
+void EnterSelectMode() {
+    if (!PlayToEnd(L"mode_select")) return SpeakIt(L"výběr " + CommonCellText());
+    PlayOrSpeak(CommonCellText(), CommonCellText());
+}
+
+void EnterAppMode() {
+    const auto& Status = forms::FrmMain->Label1.Caption;
+    if (!PlayToEnd(L"mode_app")) return SpeakIt(L"aplikace " + Status.Get());
+    PlayOrSpeak(Status, CommonCellText());
+}
+
+}  // namespace taviro

@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "core/poll_loop.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "actions/choice_list.h"
+#include "actions/command_action.h"
+#include "actions/foreground_watch.h"
+#include "actions/key_synthesis.h"
+#include "core/cursor_movement.h"
+#include "core/mode_switching.h"
+#include "feedback/announce.h"
+#include "feedback/event_log.h"
+#include "forms/main_form.h"
+#include "input/joystick_reader.h"
+#include "maps/app_positions.h"
+#include "maps/map_grid.h"
+#include "maps/map_window.h"
+#include "platform/clock.h"
+#include "platform/messages.h"
+#include "settings/button_table.h"
+#include "settings/setting.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+namespace {
+
+constexpr uint32_t SLEEP_STEP_MS = 100;
+constexpr int16_t REPEAT_PAUSE_MS = 100;
+constexpr int32_t REPEAT_AFTER_TICKS = 3;  // a held tilt repeats from its fourth tick on
+constexpr int32_t SCAN_INTERVAL_MS = 1000;
+constexpr uint16_t VK_ENTER = 13;
+constexpr int32_t NO_BUTTON = -1;
+
+struct Direction {
+    Tilt nTilt;
+    int32_t nVk;
+    const wchar_t* szLog;  // log line of arrow mode
+};
+
+// In the order in which they are tested: of a diagonal the later one is remembered.
+constexpr std::array<Direction, 4> DIRECTIONS{{
+    {Tilt::Right, DIRECTION_RIGHT, L"Arrow right"},
+    {Tilt::Left, DIRECTION_LEFT, L"Arrow left"},
+    {Tilt::Down, DIRECTION_DOWN, L"Arrow down"},
+    {Tilt::Up, DIRECTION_UP, L"Arrow up"},
+}};
+
+bool IsTilted(Tilt nTilt) {
+    switch (nTilt) {
+        case Tilt::Right:
+            return Joystick.nJoyX > AXIS_HIGH;
+        case Tilt::Left:
+            return Joystick.nJoyX < AXIS_LOW;
+        case Tilt::Down:
+            return Joystick.nJoyY > AXIS_HIGH;
+        case Tilt::Up:
+            return Joystick.nJoyY < AXIS_LOW;
+        case Tilt::None:
+            break;
+    }
+    return false;
+}
+
+// Runs Each(direction, acts) for every direction in which the stick is tilted.
+template <class Function>
+void ForEachTilt(Function Each) {
+    for (const Direction& Towards : DIRECTIONS) {
+        if (!IsTilted(Towards.nTilt)) continue;
+        Poll.nTilt = Towards.nTilt;
+        Each(Towards, Poll.nPrevTilt == Tilt::None || Poll.nTiltCount >= REPEAT_AFTER_TICKS);
+    }
+}
+
+// The first button that is down, if it was not held before; NO_BUTTON otherwise.
+int32_t PressedButton() {
+    const auto it = std::find(Joystick.bJoyButton.begin(), Joystick.bJoyButton.end(), true);
+    if (it == Joystick.bJoyButton.end()) return NO_BUTTON;
+    Poll.nButtonDown = 1;
+    if (Poll.nPrevButton != 0) return NO_BUTTON;
+    return static_cast<int32_t>(it - Joystick.bJoyButton.begin());
+}
+
+ButtonKind KindOf(int32_t nButton) {
+    if (nButton == NO_BUTTON) return ButtonKind::Unassigned;
+    return ButtonTable[static_cast<size_t>(nButton)].Kind;
+}
+
+bool RunsItsOwnAction(ButtonKind nKind) {
+    return nKind == ButtonKind::Code || nKind == ButtonKind::Command;
+}
+
+void StopScan() {
+    forms::FrmMain->ScanTimer.Enabled = false;
+}
+
+// From scan or arrow mode on: to the map of the program in front if it has one, else to selection.
+void LeaveForAppOrSelect() {
+    CheckForegroundApp(true);
+    if (Foreground.bAppMapShown) {
+        LogEvent(L"AppMode set");
+        EnterAppMode();
+        Modes.bAppMode = true;
+        Modes.bSelectMode = false;
+    } else {
+        EnterSelectMode();
+        Modes.bSelectMode = true;
+        Modes.bAppMode = false;
+    }
+}
+
+void TickChoiceList() {
+    const ButtonKind nKind = KindOf(PressedButton());
+    if (nKind == ButtonKind::Mode) {
+        Announce(L"mode_select");
+        LogEvent(L"SelectMode set");
+        Modes.Set(Mode::Select);
+        Cursor.Remember();
+        HideList();
+    } else if (nKind != ButtonKind::Unassigned) {
+        ListAccept();
+    }
+    ForEachTilt([](const Direction& Towards, bool bActs) {
+        if (bActs) ListMove(Towards.nVk);
+    });
+}
+
+void LeaveArrowMode() {
+    if (objSetting.ScanMode() == 1) {
+        Announce(L"mode_scan");
+        LogEvent(L"ScanMode set");
+        Modes.Set(Mode::Scan);
+    } else {
+        StopScan();
+        Modes.bScanMode = false;
+        Modes.bArrowMode = false;
+        LeaveForAppOrSelect();
+    }
+    HideList();
+}
+
+void TickArrowMode() {
+    ForEachTilt([](const Direction& Towards, bool bActs) {
+        if (bActs) SendVirtualKey(static_cast<uint16_t>(Towards.nVk));
+        LogEvent(Towards.szLog);  // on every tick in which the direction holds
+    });
+    const int32_t nButton = PressedButton();
+    const ButtonKind nKind = KindOf(nButton);
+    if (nKind == ButtonKind::Mode) LeaveArrowMode();
+    if (nKind == ButtonKind::Action) SendVirtualKey(VK_ENTER);
+    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
+}
+
+void StartOrChooseInScan() {
+    auto& Timer = forms::FrmMain->ScanTimer;
+    if (Timer.Enabled) {
+        Timer.Enabled = false;
+        CommandAction(CELL_UNDER_CURSOR);
+        return;
+    }
+    Scanning.nScanDirection = DIRECTION_RIGHT;
+    Timer.Interval = SCAN_INTERVAL_MS;
+    Timer.Enabled = true;
+}
+
+// A hand move in scan mode; sideways it goes on to the next row at the row's end, and turns a
+// running scan into its direction.
+void MoveInScan(int32_t nVk) {
+    const int32_t nResult = MoveCursor(nVk);
+    if (nVk != DIRECTION_RIGHT && nVk != DIRECTION_LEFT) return;
+    int32_t nLast = nResult;
+    if (nResult == MOVE_ROW_END) {
+        nLast = MoveCursor(nVk == DIRECTION_RIGHT ? DIRECTION_DOWN : DIRECTION_UP);
+    }
+    if (nLast == MOVE_COLUMN_END) StopScan();
+    Scanning.nScanDirection = nVk;
+}
+
+void TickScanMode() {
+    const int32_t nButton = PressedButton();
+    const ButtonKind nKind = KindOf(nButton);
+    if (nKind == ButtonKind::Mode) {
+        StopScan();
+        Modes.bScanMode = false;
+        Modes.bArrowMode = false;
+        Cursor.Remember();
+        LeaveForAppOrSelect();
+        HideList();
+    }
+    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
+    if (nKind == ButtonKind::Action) StartOrChooseInScan();
+    ForEachTilt([](const Direction& Towards, bool bActs) {
+        if (bActs) MoveInScan(Towards.nVk);
+    });
+}
+
+void MoveByTilts() {
+    ForEachTilt([](const Direction& Towards, bool bActs) {
+        if (bActs) MoveCursor(Towards.nVk);
+    });
+}
+
+void RunMapButton(int32_t nButton, ButtonKind nKind) {
+    if (nKind == ButtonKind::Action) CommandAction(CELL_UNDER_CURSOR);
+    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
+}
+
+void LeaveAppMode() {
+    StopScan();
+    SaveAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
+    Cursor.Restore();
+    Foreground.strCurrentAppName.clear();
+    ShowMap(true);
+    platform::RunPendingMessages();
+    EnterSelectMode();
+    Modes.Set(Mode::Select);
+    ForgetForegroundApp();
+    HideList();
+}
+
+// Returns false when the tick ends here, its memories kept: the application's map is gone.
+bool TickAppMode() {
+    CheckForegroundApp(false);
+    if (!Foreground.bAppMapShown) {
+        Modes.bAppMode = false;
+        StopScan();
+        EnterSelectMode();
+        Modes.Set(Mode::Select);
+        ForgetForegroundApp();
+        return false;
+    }
+    const int32_t nButton = PressedButton();
+    const ButtonKind nKind = KindOf(nButton);
+    if (nKind == ButtonKind::Mode) LeaveAppMode();
+    RunMapButton(nButton, nKind);
+    MoveByTilts();
+    return true;
+}
+
+void TickSelectMode() {
+    const int32_t nButton = PressedButton();
+    const ButtonKind nKind = KindOf(nButton);
+    if (nKind == ButtonKind::Mode) {
+        Announce(L"mode_arrow");
+        LogEvent(L"Arrow mode set");
+        Modes.Set(Mode::Arrow);
+        Cursor.Remember();
+        HideList();
+    }
+    RunMapButton(nButton, nKind);
+    MoveByTilts();
+}
+
+bool TickMode() {
+    if (Modes.bListMode) {
+        TickChoiceList();
+    } else if (Modes.bArrowMode) {
+        TickArrowMode();
+    } else if (Modes.bScanMode) {
+        TickScanMode();
+    } else if (Modes.bAppMode) {
+        return TickAppMode();
+    } else {
+        TickSelectMode();
+    }
+    return true;
+}
+
+// After a fast run the user hears where the cursor stopped.
+void AnnounceEndOfRepeat() {
+    if (Cursor.nColumn != Cursor.nAnnColumn || Cursor.nRow != Cursor.nAnnRow) return;
+    std::wstring strText;
+    CellText(Cursor.nColumn, Cursor.nRow, strText);  // outside the grid there is no text
+    Announce(strText);
+}
+
+}  // namespace
+
+void Wait(int16_t nMilliseconds) {
+    const uint32_t nStart = platform::TickCount();
+    do {
+        platform::SleepMs(SLEEP_STEP_MS);
+    } while (nMilliseconds > 0 &&
+             platform::TickCount() - nStart < static_cast<uint32_t>(nMilliseconds));
+}
+
+void Timer1_Timer() {
+    if (Program.bPauseJoystick) return;
+    Modes.bAutoRepeatMode = Poll.nTiltCount >= REPEAT_AFTER_TICKS;
+    if (Modes.bAutoRepeatMode) Wait(REPEAT_PAUSE_MS);
+    JoyRead();
+    Poll.nTilt = Tilt::None;
+    Poll.nButtonDown = 0;
+    if (!TickMode()) return;
+    if (Poll.nTilt == Tilt::None) {
+        Poll.nTiltCount = 0;
+        if (Modes.bAutoRepeatMode) AnnounceEndOfRepeat();
+    } else {
+        ++Poll.nTiltCount;
+    }
+    Poll.nPrevButton = Poll.nButtonDown;
+    Poll.nPrevTilt = Poll.nTilt;
+}
+
+}  // namespace taviro

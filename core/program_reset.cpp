@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "core/program_reset.h"
+
+#include "actions/choice_list.h"
+#include "actions/key_sequence.h"
+#include "actions/prediction.h"
+#include "core/cursor_movement.h"
+#include "core/poll_loop.h"
+#include "core/startup.h"
+#include "dialogs/voice_form.h"
+#include "feedback/event_log.h"
+#include "feedback/speech.h"
+#include "forms/main_form.h"
+#include "input/joystick_reader.h"
+#include "input/keyboard_hook.h"
+#include "maps/app_positions.h"
+#include "maps/key_names.h"
+#include "maps/map_grid.h"
+#include "settings/button_table.h"
+#include "settings/setting.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+void ResetProgram() {
+    forms::FrmMain = std::make_unique<forms::MainForm>();
+    FrmVoice = std::make_unique<VoiceForm>();
+    Program = {};
+    Foreground = {};
+    Cursor = {};
+    Modes = {};
+    Poll = {};
+    Scanning = {};
+    Joystick = {};
+    KeyboardHook = {};
+    objSetting = cSetting{};
+    ButtonTable = {};
+    Speech = {};
+    EventLog = {};
+    AppPosTable = {};
+    KeyTable = {};
+    ChoiceList = {};
+    Prediction = {};
+    SequenceTables = {};
+    CommonMap.Clear();
+    AppMap.Clear();
+    BindMainForm();
+}
+
+}  // namespace taviro

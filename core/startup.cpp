@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "core/startup.h"
+
+#include "actions/choice_list.h"
+#include "actions/command_action.h"
+#include "actions/prediction.h"
+#include "core/cursor_movement.h"
+#include "core/folders.h"
+#include "core/poll_loop.h"
+#include "dialogs/voice_form.h"
+#include "feedback/event_log.h"
+#include "feedback/speech.h"
+#include "forms/main_form.h"
+#include "input/joystick_reader.h"
+#include "input/keyboard_hook.h"
+#include "maps/key_names.h"
+#include "maps/map_file.h"
+#include "maps/map_window.h"
+#include "platform/messages.h"
+#include "platform/shell.h"
+#include "settings/setting.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+namespace {
+
+using forms::FrmMain;
+
+constexpr uint32_t FIRST_JOYSTICK = 0;
+
+void LoadSettings() {
+    objSetting = cSetting{};
+    objSetting.Init(Program.strDataPath + L"\\setting.ini", L"");
+    Program.nCellTextSize = objSetting.CellTextSize();
+    Program.nCellWidth = objSetting.CellWidth();
+    Program.nCellHeight = objSetting.CellHeight();
+}
+
+void OpenJoystick() {
+    if (JoyInit(FIRST_JOYSTICK)) {
+        FrmMain->Timer1.Enabled = true;
+        Program.bJoystickPresent = true;
+    } else {
+        FrmMain->Timer1.Enabled = false;
+        FrmMain->ScanTimer.Enabled = false;
+    }
+}
+
+void HookKeyboard() {
+    KeyboardHook.Enter = [] {
+        if (Modes.bListMode) {
+            ListAccept();
+        } else {
+            CommandAction(CELL_UNDER_CURSOR);
+        }
+    };
+    KeyboardHook.Arrow = [](int32_t nVk) { MoveCursor(nVk); };
+    InstallKeyboardHook();
+}
+
+void ShowFirstCell() {
+    Cursor.nColumn = Cursor.nRow = 1;
+    Cursor.Remember();
+    SetHi(Cursor.nColumn, Cursor.nRow);
+    ShowMap(true);
+}
+
+}  // namespace
+
+void Form_Load() {
+    PrepareDataFolder();
+    FrmMain->List1.Visible = false;
+    LoadSettings();
+    CreateSpeechReader();
+    Speech.LoadVoiceForm = [] { FrmVoice->Load(); };
+    FrmVoice->Load();
+    LoadMap(L"");
+    OpenJoystick();
+    HookKeyboard();
+    ShowFirstCell();
+    InitKeyTable();
+    if (objSetting.Log() == 1) StartLog();
+}
+
+void Form_Unload() {
+    objSetting.Log(EventLog.bLog ? 1 : 0);
+    FlushLog();
+    if (Speech.objSpeechReader != nullptr) {
+        Speech.objSpeechReader.reset();
+        platform::RunPendingMessages();  // lets the reader's program finish
+    }
+    FrmMain->Timer1.Enabled = false;
+    FrmMain->ScanTimer.Enabled = false;
+    FrmVoice->Unload();
+    Speech.LoadVoiceForm = nullptr;  // nothing that still runs may bring the engine back
+    RemoveKeyboardHook();
+    objSetting.SaveSetting();
+    Prediction.objDictionary.reset();
+}
+
+void UnloadForm(forms::Form& Form) {
+    Form.Unload();
+}
+
+void BindMainForm() {
+    FrmMain->OnLoad = Form_Load;
+    FrmMain->OnUnload = Form_Unload;
+    FrmMain->Timer1.OnTimer = Timer1_Timer;
+    FrmMain->ScanTimer.OnTimer = ScanTimer_Timer;
+    FrmMain->mnuExit.OnClick = [] { UnloadForm(*FrmMain); };
+    FrmMain->mnuLog.OnClick = ToggleLog;
+    // Entries whose dialogs the program does not have cannot be chosen.
+    for (forms::MenuEntry* pEntry :
+         {&FrmMain->mnuOpenMap, &FrmMain->mnuSettings, &FrmMain->mnuSettingApp, &FrmMain->mnuVoice,
+          &FrmMain->mnuAbout, &FrmMain->mnuHelpOpen}) {
+        pEntry->Enabled = static_cast<bool>(pEntry->OnClick);
+    }
+}
+
+void Main() {
+    if (!platform::ClaimSingleInstance()) return platform::QuitMessageLoop(0);
+    FrmMain->Show();
+}
+
+}  // namespace taviro

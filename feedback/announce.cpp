@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "feedback/announce.h"
+
+#include <utility>
+
+#include "feedback/speech.h"
+#include "platform/files.h"
+#include "platform/shell.h"
+#include "platform/sound.h"
+
+namespace taviro {
+
+namespace {
+
+// The modes' names as they are spoken.
+constexpr std::pair<const wchar_t*, const wchar_t*> MODE_WORDS[] = {
+    {L"mode_select", L"Výběr"},
+    {L"mode_scan", L"Sken"},
+    {L"mode_arrow", L"Šipky"},
+    {L"mode_app", L"Aplikace"},
+};
+
+}  // namespace
+
+std::wstring SoundPath(const std::wstring& strName) {
+    return platform::ProgramFolder() + L"\\sound\\" + strName + L".wav";
+}
+
+void Announce(const std::wstring& strText) {
+    const std::wstring strSound = SoundPath(strText);
+    if (platform::FileExists(strSound)) {
+        // A sound that does not play is not replaced by speech: the file is there, so it is wanted.
+        (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+        return;
+    }
+    for (const auto& [szName, szWord] : MODE_WORDS) {
+        if (strText == szName) return SpeakIt(szWord);
+    }
+    SpeakIt(strText);
+}
+
+}  // namespace taviro

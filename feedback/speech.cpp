@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "feedback/speech.h"
+
+#include <array>
+
+#include "feedback/event_log.h"
+#include "platform/windows_and_processes.h"
+#include "settings/setting.h"
+
+namespace taviro {
+
+namespace {
+
+using platform::AutomationArgument;
+using platform::AutomationObject;
+using platform::AutomationValue;
+
+constexpr const wchar_t* READER_VOICE = L"Kestrel";  // the voice name that stands for the reader
+constexpr size_t LONGEST_UTTERANCE = 70000;          // characters; the engine's own limit is near
+
+// Flags of the engine's Speak.
+constexpr int32_t SPEAK_ASYNC = 1;
+constexpr int32_t SPEAK_PURGE = 2;
+constexpr int32_t SPEAK_XML = 8;
+
+// Calls a method whose result nobody needs; a failure means silence.
+void Call(const AutomationObject& Object, const std::wstring& strMethod,
+          std::span<AutomationArgument> Arguments) {
+    AutomationValue Ignored;
+    (void)platform::CallMethod(Object, strMethod, Arguments, Ignored);
+}
+
+void SpeakThroughEngine(const std::wstring& strMessage, bool bWait) {
+    const std::wstring strPrefix =
+        L"<pitch absmiddle=\"" + std::to_wstring(objSetting.Pitch()) + L"\">";
+    Speech.nPrefixLength = static_cast<int32_t>(strPrefix.size());
+    const std::wstring strText = strPrefix + strMessage.substr(0, LONGEST_UTTERANCE);
+    if (!bWait) QuietHostVoice();
+    const int32_t nFlags = bWait ? SPEAK_XML : Speech.nSpeakFlags | SPEAK_XML;
+    std::array<AutomationArgument, 2> Arguments{{{.Value = strText}, {.Value = nFlags}}};
+    Call(Speech.objVoice, L"Speak", Arguments);
+}
+
+// The engine's list of voices. Returns false on failure.
+bool GetVoices(AutomationObject& Voices) {
+    std::array<AutomationArgument, 2> Filters{
+        {{.Value = std::wstring{}}, {.Value = std::wstring{}}}};
+    AutomationValue Result;
+    if (!platform::CallMethod(Speech.objVoice, L"GetVoices", Filters, Result)) return false;
+    if (const auto* pVoices = std::get_if<AutomationObject>(&Result)) Voices = *pVoices;
+    return Voices != nullptr;
+}
+
+bool GetVoiceAt(const AutomationObject& Voices, int32_t nIndex, AutomationObject& Token) {
+    AutomationArgument Index{.Value = nIndex};
+    AutomationValue Result;
+    if (!platform::CallMethod(Voices, L"Item", {&Index, 1}, Result)) return false;
+    if (const auto* pToken = std::get_if<AutomationObject>(&Result)) Token = *pToken;
+    return Token != nullptr;
+}
+
+std::wstring DescriptionOf(const AutomationObject& Token) {
+    AutomationArgument Locale{.Value = int32_t{0}};
+    AutomationValue Result;
+    if (!platform::CallMethod(Token, L"GetDescription", {&Locale, 1}, Result)) return {};
+    const auto* pText = std::get_if<std::wstring>(&Result);
+    return pText == nullptr ? std::wstring{} : *pText;
+}
+
+}  // namespace
+
+void CreateSpeechReader() {
+    // Not installed: the object stays empty and speech goes through the engine alone.
+    (void)platform::CreateAutomationObject(L"Parlex.app", Speech.objSpeechReader);
+}
+
+std::vector<std::wstring> VoiceDescriptions() {
+    std::vector<std::wstring> Descriptions;
+    AutomationObject Voices;
+    AutomationValue Count;
+    if (!GetVoices(Voices) || !platform::GetProperty(Voices, L"Count", {}, Count)) return {};
+    const auto* pCount = std::get_if<int32_t>(&Count);
+    for (int32_t n = 0; pCount != nullptr && n < *pCount; ++n) {
+        AutomationObject Token;
+        if (!GetVoiceAt(Voices, n, Token)) break;
+        Descriptions.push_back(DescriptionOf(Token));
+    }
+    return Descriptions;
+}
+
+void SpeakIt(const std::wstring& strMessage, bool bWait) {
+    if (Speech.LoadVoiceForm) Speech.LoadVoiceForm();
+    LogEvent(L"Say: " + strMessage);
+    if (!Speech.bUseReader) return SpeakThroughEngine(strMessage, bWait);
+    AutomationArgument Text{.Value = strMessage, .bByReference = true};
+    Call(Speech.objSpeechReader, bWait ? L"WaitAndSayIt" : L"Sayit", {&Text, 1});
+}
+
+void CheckSAPI() {
+    Speech.bUseReader = objSetting.VoiceName() == READER_VOICE;
+    if (Speech.bUseReader) return;
+    const auto Descriptions = VoiceDescriptions();
+    for (size_t n = 0; n < Descriptions.size(); ++n) {
+        if (Descriptions[n] != objSetting.VoiceName()) continue;
+        AutomationObject Voices, Token;
+        if (GetVoices(Voices) && GetVoiceAt(Voices, static_cast<int32_t>(n), Token)) {
+            // Refused: the engine's current voice stays.
+            (void)platform::PutProperty(Speech.objVoice, L"Voice", Token);
+        }
+        return;
+    }
+}
+
+void PrepareVoice() {
+    // Without an engine every later call fails quietly.
+    (void)platform::CreateAutomationObject(L"SAPI.SpVoice", Speech.objVoice);
+    Speech.nSpeakFlags = SPEAK_ASYNC | SPEAK_PURGE;
+    CheckSAPI();
+    (void)platform::PutProperty(Speech.objVoice, L"Rate", objSetting.Rate());
+    (void)platform::PutProperty(Speech.objVoice, L"Volume", objSetting.Volume());
+}
+
+void QuietHostVoice() {
+    const auto hHost = platform::FindTopWindow(L"", L"HOSTWATCH");
+    if (hHost == 0 || !platform::IsWindowHandle(hHost)) return;
+    if (platform::WindowClassName(hHost).find(L"ThunderRT6Main") == std::wstring::npos) return;
+    AutomationObject Relay;
+    if (!platform::CreateAutomationObject(L"Relayer.Voice", Relay)) return;
+    std::array<AutomationArgument, 3> Arguments{
+        {{.Value = platform::NullString{}}, {.Value = int16_t{0}}, {.Value = int16_t{4}}}};
+    Call(Relay, L"Voice", Arguments);
+}
+
+}  // namespace taviro

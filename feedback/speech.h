@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Speech: one entry for everything that the program says, through the system's speech engine or
+// through an external reader. A missing or failing engine means silence, never an error.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/automation.h"
+
+namespace taviro {
+
+struct SpeechState {
+    platform::AutomationObject objSpeechReader;  ///< external reader; empty when not installed
+    platform::AutomationObject objVoice;         ///< speech engine; lives while the voice form does
+    bool bUseReader = false;
+    int32_t nSpeakFlags = 0;    ///< flags of asynchronous speech
+    int32_t nPrefixLength = 0;  ///< length of the last utterance's pitch markup
+    /// Loads the voice form, which prepares the engine; registered by the floor that owns the form.
+    std::function<void()> LoadVoiceForm;
+};
+inline SpeechState Speech;
+
+/// Creates the reader object, if its program is installed.
+void CreateSpeechReader();
+
+/// Speaks. Without bWait returns at once and interrupts what was being said (an empty text only
+/// silences); with bWait returns when the text has been spoken. Loads the voice form if needed.
+void SpeakIt(const std::wstring& strMessage, bool bWait = false);
+
+/// Descriptions of the engine's voices in its order; empty without an engine.
+std::vector<std::wstring> VoiceDescriptions();
+
+/// Chooses reader or engine, and the engine's voice, by the setting VoiceName.
+void CheckSAPI();
+
+/// Creates the engine and readies it; part of loading the voice form.
+void PrepareVoice();
+
+/// Silences a host program's speech relay, if that host runs, so that two voices do not talk at
+/// once.
+void QuietHostVoice();
+
+}  // namespace taviro
