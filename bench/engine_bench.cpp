@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// The engine's work on the headless desktop, at its largest: a full map, every effect recorded.
+#include <benchmark/benchmark.h>
+
+#include "bench/full_map.h"
+#include "core/cursor_movement.h"
+#include "core/poll_loop.h"
+#include "maps/map_file.h"
+#include "maps/map_window.h"
+#include "settings/setting.h"
+#include "state/cursor_state.h"
+
+namespace taviro {
+namespace {
+
+// Budget: 2 us.
+void PollTick_StickAtRest(benchmark::State& State) {
+    StartWithFullMap();
+    for (auto _ : State) Timer1_Timer();
+}
+BENCHMARK(PollTick_StickAtRest);
+
+// Budget: 10 us. Round and round inside the map, so that no step runs off the full grid.
+void MoveCursor_FullMap(benchmark::State& State) {
+    StartWithFullMap();
+    constexpr int32_t ROUND[] = {DIRECTION_RIGHT, DIRECTION_DOWN, DIRECTION_LEFT, DIRECTION_UP};
+    size_t n = 0;
+    for (auto _ : State) {
+        MoveCursor(ROUND[n++ % 4]);
+        DropEffects();
+    }
+}
+BENCHMARK(MoveCursor_FullMap);
+
+// Budget: 1 ms.
+void LoadMap_FullMap(benchmark::State& State) {
+    StartWithFullMap();
+    for (auto _ : State) benchmark::DoNotOptimize(LoadMap(L""));
+    State.counters["bytes"] = static_cast<double>(FullMapText().size());
+}
+BENCHMARK(LoadMap_FullMap)->Unit(benchmark::kMicrosecond);
+
+// Budget: 0.3 ms for the layout of 1,000 labels.
+void Layout_FullMap(benchmark::State& State) {
+    StartWithFullMap();
+    for (auto _ : State) {
+        ShowMap(true);
+        DropEffects();
+    }
+}
+BENCHMARK(Layout_FullMap)->Unit(benchmark::kMicrosecond);
+
+// Budget: 2 ms together, on a settings file of the usual size.
+void Settings_InitAndSave(benchmark::State& State) {
+    StartWithFullMap();
+    objSetting.SaveSetting();
+    for (auto _ : State) {
+        objSetting = cSetting{};
+        objSetting.Init(BENCH_DATA + L"\\setting.ini", L"");
+        objSetting.SaveSetting();
+        DropEffects();
+    }
+}
+BENCHMARK(Settings_InitAndSave)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace taviro

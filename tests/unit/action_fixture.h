@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The fixture of the actions' tests: the program without its start-up, a map, and a voice that
+// writes what it says into the transcript.
+#pragma once
+
+#include "feedback/speech.h"
+#include "maps/map_window.h"
+#include "tests/unit/program_fixture.h"
+
+namespace taviro {
+
+using Effects = std::vector<std::string>;
+
+class ActionTest : public ProgramTest {
+  protected:
+    ActionTest() {
+        PrepareBare();
+        Speech.objVoice =
+            platform::headless::MakeObject([](auto, const std::wstring& strMember,
+                                              std::span<platform::AutomationArgument> All, auto&) {
+                const auto* pText = std::get_if<std::wstring>(&All[0].Value);
+                if (strMember != L"Speak" || pText == nullptr) return false;
+                const auto strSaid = pText->substr(pText->find(L'>') + 1);
+                Desktop.Record(strSaid.empty() ? "silence" : "say " + platform::ToUtf8(strSaid));
+                return true;
+            });
+        forms::FrmMain->List1.Visible = false;
+        FillMap(CommonMap, {L"a b c d", L"e f g h", L"i j k l", L"m n o p"});
+        ShowMap(true);
+        Desktop.TakeEffects();
+    }
+
+    /// Text that the program in front received.
+    static std::wstring Typed() { return Desktop.Keyboard.strTyped; }
+};
+
+}  // namespace taviro

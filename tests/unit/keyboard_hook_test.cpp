@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+// The keyboard hook: which keys drive the map, which pass, and when.
+#include "input/keyboard_hook.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "feedback/event_log.h"
+#include "input/joystick_reader.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "tests/unit/program_fixture.h"
+
+namespace taviro {
+namespace {
+
+constexpr uint8_t VK_ENTER = 13;
+constexpr uint8_t VK_RIGHT = 39;
+constexpr uint8_t VK_A = 'A';
+
+using Effects = std::vector<std::string>;
+
+// What the hook called back, in order: "Enter", "Arrow 39".
+class KeyboardHookTest : public ProgramTest {
+  protected:
+    KeyboardHookTest() {
+        Desktop.Joystick.bPresent = false;
+        KeyboardHook.Enter = [this] { Called.emplace_back("Enter"); };
+        KeyboardHook.Arrow = [this](int32_t nVk) {
+            Called.push_back("Arrow " + std::to_string(nVk));
+        };
+        InstallKeyboardHook();
+        Desktop.TakeEffects();
+    }
+    /// One key event; returns whether it went on to the next hook.
+    static bool KeyPasses(uint8_t nVk, bool bDown) {
+        Desktop.Keyboard.bPassedOn = false;
+        Desktop.PhysicalKey(nVk, bDown);
+        return Desktop.Keyboard.bPassedOn;
+    }
+    Effects Called;
+};
+
+TEST_F(KeyboardHookTest, InstallKeyboardHook_KeepsHandle_WhenSystemGivesOne) {
+    EXPECT_TRUE(IsHooked());
+    EXPECT_EQ(KeyboardHook.hKeyboardHook, Desktop.Keyboard.hHook);
+    EXPECT_EQ(Desktop.Keyboard.pHook, &KeyboardProc);
+}
+
+TEST_F(KeyboardHookTest, InstallKeyboardHook_LeavesKeyboardUnused_WhenSystemRefuses) {
+    RemoveKeyboardHook();
+    Desktop.Keyboard.bHookRefused = true;
+    InstallKeyboardHook();
+    EXPECT_FALSE(IsHooked());
+    Desktop.TakeEffects();
+    RemoveKeyboardHook();
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    EXPECT_EQ(Called, Effects{});
+}
+
+TEST_F(KeyboardHookTest, RemoveKeyboardHook_LetsKeysThrough_WhenHooked) {
+    RemoveKeyboardHook();
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{"keyboard hook removed"});
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    EXPECT_EQ(Called, Effects{});
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{VK_RIGHT});
+}
+
+struct KeyCase {
+    const char* szName;
+    uint8_t nVk;
+    bool bDown;
+    bool bPasses;
+    const char* szCalled;  // nullptr: nothing
+};
+
+TEST_F(KeyboardHookTest, KeyboardProc_SortsKeys_WhenNoJoystickAnswers) {
+    constexpr KeyCase CASES[] = {
+        {"Enter pressed", VK_ENTER, true, false, nullptr},
+        {"Enter released", VK_ENTER, false, false, "Enter"},
+        {"Left pressed", 37, true, false, "Arrow 37"},
+        {"Left released", 37, false, false, nullptr},
+        {"Up pressed", 38, true, false, "Arrow 38"},
+        {"Up released", 38, false, false, nullptr},
+        {"Right pressed", 39, true, false, "Arrow 39"},
+        {"Right released", 39, false, false, nullptr},
+        {"Down pressed", 40, true, false, "Arrow 40"},
+        {"Down released", 40, false, false, nullptr},
+        // Neighbours of these keys, and a letter.
+        {"Home pressed", 36, true, true, nullptr},
+        {"Home released", 36, false, true, nullptr},
+        {"Insert pressed", 45, true, true, nullptr},
+        {"code 41 pressed", 41, true, true, nullptr},
+        {"code 12 pressed", 12, true, true, nullptr},
+        {"code 14 pressed", 14, true, true, nullptr},
+        {"A pressed", VK_A, true, true, nullptr},
+        {"A released", VK_A, false, true, nullptr},
+    };
+    for (const KeyCase& Case : CASES) {
+        Called.clear();
+        EXPECT_EQ(KeyPasses(Case.nVk, Case.bDown), Case.bPasses) << Case.szName;
+        EXPECT_EQ(Called, Case.szCalled == nullptr ? Effects{} : Effects{Case.szCalled})
+            << Case.szName;
+    }
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_ReturnsOneForSwallowedKey_WhenKeyDrivesMap) {
+    const platform::KeyHookRecord Right{.vkCode = VK_RIGHT};
+    EXPECT_EQ(KeyboardProc(0, 0x100, Right), 1);
+    EXPECT_FALSE(Desktop.Keyboard.bPassedOn);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_TouchesNothing_WhenCodeIsNotZero) {
+    const platform::KeyHookRecord Right{.vkCode = VK_RIGHT, .scanCode = 0x4D};
+    for (const int32_t nCode : {-1, 1, 3}) {
+        Desktop.Keyboard.bPassedOn = false;
+        EXPECT_EQ(KeyboardProc(nCode, 0x100, Right), 0) << nCode;
+        EXPECT_TRUE(Desktop.Keyboard.bPassedOn) << nCode;
+    }
+    EXPECT_EQ(Called, Effects{});
+    EXPECT_EQ(KeyboardHook.KeyInfo.vkCode, 0U);
+    EXPECT_EQ(KeyboardHook.nHookVkCode, 0U);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_CopiesEvent_WhenAJoystickTakesTheKeyAway) {
+    Desktop.Joystick.bPresent = true;
+    const platform::KeyHookRecord Event{
+        .vkCode = VK_RIGHT, .scanCode = 0x4D, .flags = 1, .time = 77, .dwExtraInfo = 5};
+    KeyboardProc(0, 0x100, Event);
+    EXPECT_EQ(KeyboardHook.KeyInfo.vkCode, 39U);
+    EXPECT_EQ(KeyboardHook.KeyInfo.scanCode, 0x4DU);
+    EXPECT_EQ(KeyboardHook.KeyInfo.flags, 1U);
+    EXPECT_EQ(KeyboardHook.KeyInfo.time, 77U);
+    EXPECT_EQ(KeyboardHook.KeyInfo.dwExtraInfo, 5U);
+    EXPECT_EQ(KeyboardHook.nHookVkCode, 39U);
+    EXPECT_EQ(KeyboardHook.nHookScanCode, 0x4DU);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_PassesEverything_WhenAJoystickAnswers) {
+    Desktop.Joystick.bPresent = true;
+    for (const uint8_t nVk : {uint8_t{37}, uint8_t{38}, VK_RIGHT, uint8_t{40}, VK_ENTER, VK_A}) {
+        EXPECT_TRUE(KeyPasses(nVk, true)) << int{nVk};
+        EXPECT_TRUE(KeyPasses(nVk, false)) << int{nVk};
+    }
+    EXPECT_EQ(Called, Effects{});
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 0U);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_SamplesCentreAnew_WhenAKeyComes) {
+    Desktop.Joystick.bPresent = true;
+    Desktop.Joystick.nX = 40000;
+    Desktop.PhysicalKey(VK_A, true);
+    EXPECT_EQ(Joystick.nJoyCenterX, 40000);
+    Desktop.Joystick.nX = 20000;
+    Desktop.PhysicalKey(VK_A, false);
+    EXPECT_EQ(Joystick.nJoyCenterX, 20000);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_AsksTheFirstJoystick_WhenAnotherWasOpened) {
+    Joystick.nJoyId = 5;
+    Desktop.PhysicalKey(VK_A, true);
+    EXPECT_EQ(Joystick.nJoyId, 0U);
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_FollowsJoystick_WhenItIsPluggedInAndOut) {
+    EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
+    Desktop.Joystick.bPresent = true;
+    EXPECT_TRUE(KeyPasses(VK_RIGHT, true));
+    Desktop.Joystick.bPresent = false;
+    EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
+    EXPECT_EQ(Called, (Effects{"Arrow 39", "Arrow 39"}));
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_PassesEverything_WhenADialogIsActive) {
+    Program.bDialogActive = true;
+    for (const uint8_t nVk : {VK_RIGHT, VK_ENTER, VK_A}) {
+        EXPECT_TRUE(KeyPasses(nVk, true)) << int{nVk};
+        EXPECT_TRUE(KeyPasses(nVk, false)) << int{nVk};
+    }
+    EXPECT_EQ(Called, Effects{});
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 0U);
+    Program.bDialogActive = false;
+    EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
+}
+
+TEST_F(KeyboardHookTest, KeyboardProc_PassesUntilNextRelease_WhenKeysAreIgnored) {
+    KeyboardHook.bIgnoreKeys = true;
+    EXPECT_TRUE(KeyPasses(VK_RIGHT, true));
+    EXPECT_TRUE(KeyboardHook.bIgnoreKeys);
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 0U);
+    EXPECT_TRUE(KeyPasses(VK_RIGHT, false));
+    EXPECT_FALSE(KeyboardHook.bIgnoreKeys);
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 39U);
+    EXPECT_EQ(Called, Effects{});
+    EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
+}
+
+TEST_F(KeyboardHookTest, LastKeyUp_HoldsLastReleasedKeyThatPassed_WhenKeysComeAndGo) {
+    Desktop.PhysicalKey(VK_A, true);
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 0U);
+    Desktop.PhysicalKey(VK_A, false);
+    EXPECT_EQ(KeyboardHook.LastKeyUp, 65U);
+    for (const uint8_t nVk : {VK_RIGHT, VK_ENTER}) {
+        Desktop.PhysicalKey(nVk, true);
+        Desktop.PhysicalKey(nVk, false);
+        EXPECT_EQ(KeyboardHook.LastKeyUp, 65U) << int{nVk};
+    }
+}
+
+TEST_F(KeyboardHookTest, Arrow_MovesOncePerRepeat_WhenHeld) {
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    Desktop.PhysicalKey(VK_RIGHT, false);
+    EXPECT_EQ(Called, (Effects{"Arrow 39", "Arrow 39", "Arrow 39"}));
+}
+
+// The same through the whole program: what a user without a joystick meets.
+class KeyboardUserTest : public ProgramTest {
+  protected:
+    KeyboardUserTest() {
+        PutData(L"data.ini",
+                L"[1,1]A,65\r\n[2,1]B,66\r\n[1,2]nabídka,0,*;Poznámky,notepad;Konec,konec\r\n");
+    }
+};
+
+TEST_F(KeyboardUserTest, Right_MovesCursorAndReachesNobody_WhenNoJoystickIsThere) {
+    Desktop.Joystick.bPresent = false;
+    Start();
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    EXPECT_EQ(Cursor.nColumn, 2);
+    EXPECT_EQ(Cursor.nRow, 1);
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+    Desktop.PhysicalKey(VK_RIGHT, false);
+    EXPECT_EQ(Cursor.nColumn, 2);
+}
+
+TEST_F(KeyboardUserTest, Enter_RunsHighlightedCellOnRelease_WhenNoJoystickIsThere) {
+    Desktop.Joystick.bPresent = false;
+    Start();
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    Desktop.PhysicalKey(VK_RIGHT, false);
+    Desktop.PhysicalKey(VK_ENTER, true);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
+    Desktop.PhysicalKey(VK_ENTER, false);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+}
+
+TEST_F(KeyboardUserTest, Enter_TakesListEntry_WhenListIsOpen) {
+    Desktop.Joystick.bPresent = false;
+    Start();
+    Desktop.PhysicalKey(40, true);
+    Desktop.PhysicalKey(VK_ENTER, false);
+    ASSERT_TRUE(Modes.bListMode);
+    Desktop.TakeEffects();
+    Desktop.PhysicalKey(VK_ENTER, false);
+    EXPECT_FALSE(Modes.bListMode);
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{"launch \"notepad\""});
+}
+
+TEST_F(KeyboardUserTest, Keys_ReachTheProgramInFront_WhenJoystickIsThere) {
+    Start();
+    Desktop.PhysicalKey(VK_RIGHT, true);
+    Desktop.PhysicalKey(VK_ENTER, true);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Desktop.KeysDown(), (std::vector<int>{VK_ENTER, VK_RIGHT}));
+    Desktop.PhysicalKey(VK_ENTER, false);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"\n");
+}
+
+}  // namespace
+}  // namespace taviro

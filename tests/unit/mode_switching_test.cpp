@@ -1,0 +1,378 @@
+// SPDX-License-Identifier: MIT
+// Every change of the operating mode, driven by the joystick through the poll loop: where it leads,
+// what the user hears, what the log says, which cell is kept.
+#include "core/mode_switching.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "actions/choice_list.h"
+#include "actions/foreground_watch.h"
+#include "core/cursor_movement.h"
+#include "core/poll_loop.h"
+#include "feedback/event_log.h"
+#include "feedback/speech.h"
+#include "maps/app_positions.h"
+#include "maps/map_window.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "tests/unit/automation_stand_ins.h"
+#include "tests/unit/program_fixture.h"
+
+namespace taviro {
+namespace {
+
+using Effects = std::vector<std::string>;
+using Lines = std::vector<std::wstring>;
+
+constexpr int ACTION_BUTTON = 0;
+constexpr int MODE_BUTTON = 1;
+constexpr platform::WindowHandle EDITOR_WINDOW = 50;
+constexpr platform::WindowHandle OTHER_WINDOW = 51;
+
+// A desktop with two programs, of which the editor may have a map of its own:
+//   common map  A B C    the editor's  X Y
+//               D E F                  Z W
+//               G H I
+class ModeScene : public ProgramTest {
+  protected:
+    ModeScene() {
+        pEngine = InstallEngine();
+        PutData(L"data.ini",
+                L"[1,1]A,65\r\n[2,1]B,66\r\n[3,1]C,67\r\n[1,2]D,68\r\n[2,2]E,69\r\n[3,2]F,70\r\n"
+                L"[1,3]G,71\r\n[2,3]H,72\r\n[3,3]I,73\r\n");
+        Desktop.Windows = {{EDITOR_WINDOW, L"Text", L"Editor", 500, 600},
+                           {OTHER_WINDOW, L"Jiné", L"Other", 501, 601}};
+        Desktop.Processes = {{500, L"C:\\Apps\\Editor.exe"}, {501, L"C:\\Apps\\other.exe"}};
+        Desktop.hForeground = EDITOR_WINDOW;
+    }
+    ~ModeScene() override { Speech = {}; }
+
+    static void GiveEditorAMap() {
+        PutData(L"data_EDITOR.EXE.ini", L"[1,1]X,88\r\n[2,1]Y,89\r\n[1,2]Z,90\r\n[2,2]W,87\r\n");
+    }
+    static void StandOn(int32_t nColumn, int32_t nRow) {
+        Cursor.nColumn = nColumn;
+        Cursor.nRow = nRow;
+    }
+    /// Brings the program into a mode, in the editor's map for the application mode. The cursor
+    /// stands on H (there on W), C is remembered.
+    static void BeIn(Mode nMode) {
+        Modes.Set(nMode);
+        if (nMode == Mode::Application) CheckForegroundApp(true);
+        Cursor.nLastColumn = 3;
+        Cursor.nLastRow = 1;
+        StandOn(2, nMode == Mode::Application ? 2 : 3);
+        SetHi(Cursor.nColumn, Cursor.nRow);
+    }
+    static void RunScan() {
+        forms::FrmMain->ScanTimer.Interval = 60000;
+        forms::FrmMain->ScanTimer.Enabled = true;
+    }
+    /// The log's lines since it was begun, without their times.
+    static Lines LoggedLines() {
+        Lines All;
+        std::wstring strRest = EventLog.strLog;
+        constexpr size_t TIME = 9;  // "01:59:52 "
+        for (auto n = strRest.find(L"\r\n"); n != std::wstring::npos; n = strRest.find(L"\r\n")) {
+            strRest.erase(0, n + 2);
+            All.push_back(strRest.substr(0, strRest.find(L"\r\n")).substr(TIME));
+        }
+        return All;
+    }
+    static int ModeFlags() {
+        return Modes.bSelectMode * 1 + Modes.bScanMode * 2 + Modes.bArrowMode * 4 +
+               Modes.bAppMode * 8;
+    }
+    std::shared_ptr<EngineState> pEngine;
+};
+
+enum class From { Select, Arrow, Scan, Application, ListOverScan, ListOverApplication };
+enum class Happens { ModeButton, OtherProgramInFront, EditorEnds };
+
+struct Transition {
+    const char* szName;
+    From nFrom;
+    Happens nHappens;
+    int32_t nScanMode;  // the setting
+    bool bHasMap;       // the editor, which is in front
+    Mode nTo;
+    Effects Heard;  // and the captions that the map's change brings
+    Lines Logged;
+    bool bStopsScan;
+    bool bRemembers;  // the cell left behind; otherwise C stays remembered
+    int32_t nColumn;  // where the cursor stands afterwards
+    int32_t nRow;
+};
+
+void PrintTo(const Transition& Row, std::ostream* pOut) {
+    *pOut << Row.szName;
+}
+
+// clang-format off
+const Transition TRANSITIONS[] = {
+    {"SelectToArrow",
+     From::Select, Happens::ModeButton, 0, true, Mode::Arrow,
+     {Said("Šipky")}, {L"Say: Šipky", L"Arrow mode set"}, false, true, 2, 3},
+    {"ArrowToScan_WhenScanningIsOn",
+     From::Arrow, Happens::ModeButton, 1, true, Mode::Scan,
+     {Said("Sken")}, {L"Say: Sken", L"ScanMode set"}, false, false, 2, 3},
+    {"ArrowToApplication_WhenItHasAMap",
+     From::Arrow, Happens::ModeButton, 0, true, Mode::Application,
+     {"caption Taviro - X", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
+     true, false, 1, 1},
+    {"ArrowToApplication_WhenScanSettingIsNotExactlyOne",
+     From::Arrow, Happens::ModeButton, 2, true, Mode::Application,
+     {"caption Taviro - X", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
+     true, false, 1, 1},
+    {"ArrowToSelect_WhenApplicationHasNoMap",
+     From::Arrow, Happens::ModeButton, 0, false, Mode::Select,
+     {Said("výběr H")}, {L"Say: výběr H"}, true, false, 2, 3},
+    {"ScanToApplication_WhenItHasAMap",
+     From::Scan, Happens::ModeButton, 1, true, Mode::Application,
+     {"caption Taviro - X", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
+     true, true, 1, 1},
+    {"ScanToSelect_WhenApplicationHasNoMap",
+     From::Scan, Happens::ModeButton, 1, false, Mode::Select,
+     {Said("výběr H")}, {L"Say: výběr H"}, true, true, 2, 3},
+    {"ApplicationToSelect",
+     From::Application, Happens::ModeButton, 1, true, Mode::Select,
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+    {"ApplicationToSelect_WhenAProgramWithoutMapComesToFront",
+     From::Application, Happens::OtherProgramInFront, 1, true, Mode::Select,
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+    {"ApplicationToSelect_WhenNothingIsInFrontAnyMore",
+     From::Application, Happens::EditorEnds, 1, true, Mode::Select,
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+    {"ChoiceListToSelect_WhenOpenedInScanMode",
+     From::ListOverScan, Happens::ModeButton, 1, true, Mode::Select,
+     {Said("Výběr")}, {L"Say: Výběr", L"SelectMode set"}, false, true, 2, 3},
+    {"ChoiceListToSelect_WhenOpenedInApplicationMode",
+     From::ListOverApplication, Happens::ModeButton, 1, true, Mode::Select,
+     {Said("Výběr")}, {L"Say: Výběr", L"SelectMode set"}, false, true, 2, 2},
+};
+// clang-format on
+
+class ModeTransition : public ModeScene, public ::testing::WithParamInterface<Transition> {
+  protected:
+    void Prepare(const Transition& Row) {
+        PutData(L"setting.ini", L"[Info]\r\nScanMode=" + std::to_wstring(Row.nScanMode) + L"\r\n");
+        if (Row.bHasMap) GiveEditorAMap();
+        Start();
+        constexpr Mode MODES[] = {Mode::Select,      Mode::Arrow, Mode::Scan,
+                                  Mode::Application, Mode::Scan,  Mode::Application};
+        BeIn(MODES[static_cast<size_t>(Row.nFrom)]);
+        const bool bList =
+            Row.nFrom == From::ListOverScan || Row.nFrom == From::ListOverApplication;
+        if (bList) ShowList(L"*nabídka;Jedna;Dvě");
+        RunScan();
+        StartLog();
+        Desktop.TakeEffects();
+    }
+    static void LetHappen(Happens nWhat) {
+        if (nWhat == Happens::ModeButton) PressButton(MODE_BUTTON);
+        if (nWhat == Happens::OtherProgramInFront) Desktop.hForeground = OTHER_WINDOW;
+        if (nWhat == Happens::EditorEnds) Desktop.hForeground = 0;
+    }
+};
+
+TEST_P(ModeTransition, IsHeardLoggedAndKeepsItsCell) {
+    const Transition& Row = GetParam();
+    Prepare(Row);
+    const CursorState Before = Cursor;
+    LetHappen(Row.nHappens);
+    Ticks(1);
+
+    constexpr int FLAGS[] = {1, 2, 4, 8};  // exactly one is set
+    EXPECT_EQ(ModeFlags(), FLAGS[static_cast<size_t>(Row.nTo)]);
+    EXPECT_EQ(Desktop.TakeEffects(), Row.Heard);
+    EXPECT_EQ(LoggedLines(), Row.Logged);
+    EXPECT_EQ(forms::FrmMain->ScanTimer.Enabled, !Row.bStopsScan);
+    EXPECT_EQ(Cursor.nLastColumn, Row.bRemembers ? Before.nColumn : 3);
+    EXPECT_EQ(Cursor.nLastRow, Row.bRemembers ? Before.nRow : 1);
+    EXPECT_EQ(Cursor.nColumn, Row.nColumn);
+    EXPECT_EQ(Cursor.nRow, Row.nRow);
+    EXPECT_FALSE(Modes.bListMode);
+    EXPECT_FALSE(forms::FrmMain->List1.Visible);
+    const bool bAppMap = Row.nTo == Mode::Application || Row.nFrom == From::ListOverApplication;
+    EXPECT_EQ(Foreground.bAppMapShown, bAppMap);
+}
+
+TEST_P(ModeTransition, ChangesModeOnce_WhileTheButtonIsHeld) {
+    const Transition& Row = GetParam();
+    Prepare(Row);
+    LetHappen(Row.nHappens);
+    Ticks(1);
+    const int nFlags = ModeFlags();
+    Desktop.TakeEffects();
+    Ticks(5);
+    EXPECT_EQ(ModeFlags(), nFlags);
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ModeTransition, ::testing::ValuesIn(TRANSITIONS),
+                         [](const auto& Info) { return std::string(Info.param.szName); });
+
+class ModeSwitchingTest : public ModeScene {};
+
+TEST_F(ModeSwitchingTest, ModeButton_GoesRound_WhenScanningIsOnAndApplicationHasAMap) {
+    PutData(L"setting.ini", L"[Info]\r\nScanMode=1\r\n");
+    GiveEditorAMap();
+    Start();
+    EXPECT_EQ(ModeFlags(), 0) << "no flag at the start, which counts as selection";
+    for (const int nFlags : {4, 2, 8, 1, 4}) {
+        PressButton(MODE_BUTTON);
+        Ticks(1);
+        EXPECT_EQ(ModeFlags(), nFlags);
+        ReleaseButtons();
+        Ticks(1);
+    }
+}
+
+TEST_F(ModeSwitchingTest, ModeButton_ClosesListBox_WhenItIsStillShown) {
+    GiveEditorAMap();
+    for (const Mode nMode : {Mode::Select, Mode::Arrow, Mode::Scan, Mode::Application}) {
+        ResetProgram();
+        platform::OpenMainWindow(*forms::FrmMain);
+        Start();
+        BeIn(nMode);
+        forms::FrmMain->List1.Visible = true;
+        PressButton(MODE_BUTTON);
+        Ticks(1);
+        EXPECT_FALSE(forms::FrmMain->List1.Visible) << static_cast<int>(nMode);
+        ReleaseButtons();
+    }
+}
+
+TEST_F(ModeSwitchingTest, LeavingApplication_SavesItsCellAndForgetsIt_WhenModeButtonIsPressed) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Application);
+    ASSERT_EQ(Foreground.strCurrentAppName, L"EDITOR.EXE");
+    PressButton(MODE_BUTTON);
+    Ticks(1);
+    EXPECT_EQ(Foreground.strCurrentAppName, L"");
+    EXPECT_EQ(Foreground.hWindow, 0U);
+    EXPECT_EQ(Foreground.nProcess, 0U);
+    int32_t nColumn = 0, nRow = 0;
+    GetAppPosition(L"EDITOR.EXE", nColumn, nRow);
+    EXPECT_EQ(nColumn, 2);
+    EXPECT_EQ(nRow, 2);
+}
+
+TEST_F(ModeSwitchingTest, ReturnToApplication_FindsItsCell_WhenItWasLeftBefore) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Application);
+    for (int n = 0; n < 3; ++n) {  // select, arrow, application
+        PressButton(MODE_BUTTON);
+        Ticks(1);
+        ReleaseButtons();
+        Ticks(1);
+    }
+    EXPECT_TRUE(Modes.bAppMode);
+    EXPECT_EQ(Cursor.nColumn, 2);
+    EXPECT_EQ(Cursor.nRow, 2);
+    EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"W");
+}
+
+TEST_F(ModeSwitchingTest, LosingApplication_ForgetsItAndKeepsTickMemories_WhenMapIsGone) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Application);
+    TiltRight();
+    PressButton(2);  // unassigned
+    Ticks(1);
+    const PollState Before = Poll;
+    ASSERT_EQ(Before.nPrevTilt, Tilt::Right);
+    ASSERT_EQ(Before.nPrevButton, 1);
+    CentreStick();
+    ReleaseButtons();
+    Desktop.hForeground = OTHER_WINDOW;
+    Ticks(1);
+    EXPECT_TRUE(Modes.bSelectMode);
+    EXPECT_EQ(Foreground.hWindow, 0U);
+    EXPECT_EQ(Foreground.nProcess, 0U);
+    EXPECT_EQ(Poll.nPrevTilt, Tilt::Right);
+    EXPECT_EQ(Poll.nPrevButton, 1);
+    EXPECT_EQ(Poll.nTiltCount, Before.nTiltCount);
+}
+
+// What a tilt to the right and the action button do in each mode.
+TEST_F(ModeSwitchingTest, SelectMode_MovesCursorAndRunsCell) {
+    Start();
+    BeIn(Mode::Select);
+    TiltRight();
+    Ticks(1);
+    EXPECT_EQ(Cursor.nColumn, 3);
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"i");
+}
+
+TEST_F(ModeSwitchingTest, NoMode_ActsAsSelection_AtTheStart) {
+    Start();
+    TiltRight();
+    Ticks(1);
+    EXPECT_EQ(Cursor.nColumn, 2);
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
+}
+
+TEST_F(ModeSwitchingTest, ArrowMode_SendsArrowAndEnterToTheProgramInFront) {
+    Start();
+    BeIn(Mode::Arrow);
+    Desktop.TakeEffects();
+    TiltRight();
+    Ticks(1);
+    CentreStick();
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_EQ(Desktop.TakeEffects(),
+              (Effects{"SendInput: vk 39 down, vk 39 up", "SendInput: vk 13 down, vk 13 up"}));
+    EXPECT_EQ(Cursor.nColumn, 2);
+}
+
+TEST_F(ModeSwitchingTest, ScanMode_StartsThenStopsAndRunsCell) {
+    Start();
+    BeIn(Mode::Scan);
+    StandOn(1, 1);
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_TRUE(forms::FrmMain->ScanTimer.Enabled);
+    EXPECT_EQ(forms::FrmMain->ScanTimer.Interval, 1000);
+    ReleaseButtons();
+    Ticks(12);
+    EXPECT_EQ(Cursor.nColumn, 2) << "one step a second";
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_FALSE(forms::FrmMain->ScanTimer.Enabled);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
+}
+
+TEST_F(ModeSwitchingTest, ScanMode_TurnsScan_WhenTiltedByHand) {
+    Start();
+    BeIn(Mode::Scan);
+    RunScan();
+    TiltLeft();
+    Ticks(1);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Scanning.nScanDirection, DIRECTION_LEFT);
+}
+
+TEST_F(ModeSwitchingTest, ApplicationMode_MovesInItsMapAndRunsItsCell) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Application);
+    TiltLeft();
+    Ticks(1);
+    EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"Z");
+    PressButton(ACTION_BUTTON);
+    Ticks(1);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"z");
+}
+
+}  // namespace
+}  // namespace taviro
