@@ -82,9 +82,13 @@ wchar_t CharacterOf(uint8_t nByte) {
                                   : static_cast<wchar_t>(HighCharacters[nByte - nFirstHighByte]);
 }
 
+uint32_t CodeOf(wchar_t nCharacter) {
+    return static_cast<uint32_t>(std::char_traits<wchar_t>::to_int_type(nCharacter));
+}
+
 /// The character's byte; false when the code page lacks it.
 bool ByteOf(wchar_t nCharacter, uint8_t& nByte) {
-    const auto nCode = static_cast<uint32_t>(nCharacter);
+    const uint32_t nCode = CodeOf(nCharacter);
     if (nCode < nFirstHighByte) {
         nByte = static_cast<uint8_t>(nCode);
         return true;
@@ -186,13 +190,13 @@ std::string ToUtf8(std::wstring_view strText) {
     std::string strBytes;
     strBytes.reserve(strText.size());
     for (size_t i = 0; i < strText.size(); ++i) {
-        auto nCode = static_cast<uint32_t>(strText[i]);
-        const uint32_t nNext = i + 1 < strText.size() ? static_cast<uint32_t>(strText[i + 1]) : 0;
+        uint32_t nCode = CodeOf(strText[i]);
+        const uint32_t nNext = i + 1 < strText.size() ? CodeOf(strText[i + 1]) : 0;
         if (IsHighSurrogate(nCode) && IsLowSurrogate(nNext)) {
             nCode = 0x10000 + ((nCode - 0xD800) << 10U) + (nNext - 0xDC00);
             ++i;
         } else if (IsHighSurrogate(nCode) || IsLowSurrogate(nCode) || nCode > nLastCharacter) {
-            nCode = static_cast<uint32_t>(nReplacement);
+            nCode = CodeOf(nReplacement);
         }
         AppendUtf8(nCode, strBytes);
     }

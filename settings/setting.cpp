@@ -173,6 +173,7 @@ std::vector<IniEntry> cSetting::EntriesToSave() const {
         return pFirst->nSaveOrder < pSecond->nSaveOrder;
     });
     std::vector<IniEntry> Entries;
+    Entries.reserve(SavedRows.size() + nButtonCount);
     for (const Row* pRow : SavedRows) {
         Entries.push_back({pRow->strSection, pRow->strKey, TextToSave(*pRow)});
     }

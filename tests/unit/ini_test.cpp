@@ -56,7 +56,7 @@ TEST(IniReadString, Table) {
         {"byte order mark", "\xEF\xBB\xBF[s]\nk=v", "v"},
         {"undefined bytes", "[s]\nk=\x81\x83\x88\x90\x98", "\x81\x83\x88\x90\x98"},
         {"NUL ends the value", std::string("[s]\nk=v\0w\na=b", 13), "v"},
-        {"NULs elsewhere", std::string("\0\0\n\0[\n[s]\n\0=1\n\nk=v", 19), "v"},
+        {"NULs elsewhere", std::string("\0\0\n\0[\n[s]\n\0=1\n\nk=v", 18), "v"},
     };
     for (const ReadRow& Row : Rows)
         EXPECT_EQ(Read(Row.strFile), Row.strText) << Row.strName;
