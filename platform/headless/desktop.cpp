@@ -38,6 +38,10 @@ void DesktopState::WatchTimer(forms::Timer& Watched) {
     m_Timers.push_back({nNow + static_cast<uint32_t>(Watched.Interval.Get()), &Watched});
 }
 
+void DesktopState::ForgetTimers() {
+    m_Timers.clear();
+}
+
 // Runs the earliest event or timer that is due by nUntil. Messages other than timers come first, as
 // in a real message queue. Returns false when nothing was due.
 bool DesktopState::RunNextDue(uint32_t nUntil) {

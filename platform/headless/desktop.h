@@ -150,6 +150,8 @@ struct DesktopState {
     void DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bool bInjected);
     /// The view of the main form (used by OpenMainWindow): a change of a timer sets when it is due.
     void WatchTimer(forms::Timer& Watched);
+    /// The window is gone, and its timers with it (used by CloseMainWindow).
+    void ForgetTimers();
 
   private:
     struct Due {

@@ -44,6 +44,7 @@ bool OpenMainWindow(forms::MainForm& Form) {
 void CloseMainWindow() {
     if (Desktop.pMainForm != nullptr) Desktop.pMainForm->OnShowChange = nullptr;
     Desktop.pMainForm = nullptr;
+    Desktop.ForgetTimers();
 }
 
 WindowHandle MainWindowHandle() {

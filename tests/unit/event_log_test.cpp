@@ -172,8 +172,7 @@ TEST_F(LoggedRunTest, Run_WritesNothingAndStoresZero_WhenLoggingIsNeverOn) {
 
 TEST_F(LoggedRunTest, Run_StaysUnlogged_WhenSettingIsNotExactlyOne) {
     for (const wchar_t* szValue : {L"-1", L"2"}) {
-        ResetProgram();
-        platform::OpenMainWindow(*forms::FrmMain);
+        StartAnew();
         StartWithLog(szValue);
         EXPECT_FALSE(EventLog.bLog) << platform::ToUtf8(szValue);
         EXPECT_FALSE(forms::FrmMain->mnuLog.Checked) << platform::ToUtf8(szValue);

@@ -152,10 +152,12 @@ TEST_F(HeadlessDesktopTest, Timer_MaySwitchItselfOff_WhenItTicks) {
 }
 
 TEST_F(HeadlessDesktopTest, Timer_IsUnknown_WhenWindowWasClosed) {
-    CloseMainWindow();
-    EXPECT_EQ(MainWindowHandle(), 0U);
     Form.Timer1.OnTimer = [] { FAIL() << "no window, no timer"; };
     Form.Timer1.Enabled = true;
+    CloseMainWindow();
+    EXPECT_EQ(MainWindowHandle(), 0U);
+    Form.ScanTimer.OnTimer = Form.Timer1.OnTimer;
+    Form.ScanTimer.Enabled = true;
     Desktop.RunFor(1000);
 }
 

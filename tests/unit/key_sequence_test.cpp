@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actions/key_sequence.h"
 
+#include <cstdio>
+
 #include "tests/unit/action_fixture.h"
 
 namespace taviro {

@@ -48,6 +48,13 @@ class ProgramTest : public ::testing::Test {
         Desktop.TakeEffects();
     }
 
+    /// A fresh program on the same desktop, as after the end of a run.
+    static void StartAnew() {
+        platform::CloseMainWindow();
+        ResetProgram();
+        platform::OpenMainWindow(*forms::FrmMain);
+    }
+
     /// Settings and data folder without the rest of the start-up.
     static void PrepareBare() {
         Program.strDataPath = DATA_PATH;

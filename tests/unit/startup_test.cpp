@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: MIT
+// Start-up and shutdown: every step, in order, and what is left when one of them fails.
+#include "core/startup.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "actions/prediction.h"
+#include "dialogs/voice_form.h"
+#include "feedback/event_log.h"
+#include "feedback/speech.h"
+#include "forms/main_form.h"
+#include "input/joystick_reader.h"
+#include "input/keyboard_hook.h"
+#include "maps/key_names.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "tests/unit/automation_stand_ins.h"
+#include "tests/unit/program_fixture.h"
+
+namespace taviro {
+namespace {
+
+using Effects = std::vector<std::string>;
+using forms::FrmMain;
+
+const std::wstring SEEDS = L"C:\\Program Files\\Taviro\\data\\";
+const std::string SETTING_INI = platform::ToUtf8(DATA_PATH) + "\\setting.ini";
+
+// The program's folder holds a map and settings; all late-bound classes are registered. Changes of
+// the controls that start-up and shutdown touch stand in the transcript beside the desktop's own
+// effects, with what was already there at that moment.
+class StartupTest : public ProgramTest {
+  protected:
+    StartupTest() {
+        Desktop.Files.Put(SEEDS + L"data.ini", "[1,1]A,65\r\n[2,1]B,66\r\n[1,2]C,67\r\n");
+        Desktop.Files.Put(SEEDS + L"setting.ini",
+                          "[Info]\r\nLog=1\r\nCellTextSize=9\r\nCellWidth=61\r\nCellHeight=17\r\n"
+                          "[Voice]\r\nName=Zuzana\r\n");
+        pEngine = InstallEngine();
+        InstallRecorder(L"Parlex.app", "reader");
+        NoteControls();
+    }
+    ~StartupTest() override {
+        Prediction.objDictionary.reset();
+        Speech = {};
+    }
+
+    static void NoteControls() {
+        auto View = FrmMain->OnShowChange;
+        FrmMain->OnShowChange = [View](forms::Control& Changed, forms::Aspect nAspect) {
+            View(Changed, nAspect);
+            Note(Changed, nAspect);
+        };
+    }
+    static void Note(const forms::Control& Changed, forms::Aspect nAspect) {
+        const std::string strName = platform::ToUtf8(Changed.strName);
+        const bool bTimer = &Changed == &FrmMain->Timer1 || &Changed == &FrmMain->ScanTimer;
+        if (bTimer && nAspect == forms::Aspect::Enabled) {
+            Desktop.Record(strName + (Changed.Enabled ? " on" : " off"));
+        }
+        if (&Changed == &FrmMain->List1 && nAspect == forms::Aspect::Visibility) {
+            Desktop.Record(Changed.Visible ? "list shown" : "list hidden");
+        }
+        if (&Changed == &FrmMain->Label1 && nAspect == forms::Aspect::Text) {
+            Desktop.Record("status " + platform::ToUtf8(FrmMain->Label1.Caption.Get()));
+        }
+        if (&Changed == &FrmMain->mnuLog && nAspect == forms::Aspect::Checked) {
+            Desktop.Record("mnuLog ticked");
+        }
+    }
+    /// Effects without those of the voice form's own controls.
+    static Effects TakeOutline() {
+        Effects All = Desktop.TakeEffects();
+        std::erase_if(All, [](const std::string& str) {
+            return str.starts_with("Speak") || str.starts_with("Rate") ||
+                   str.starts_with("Volume") || str.starts_with("Voice") ||
+                   str.starts_with("reader.");
+        });
+        return All;
+    }
+    std::shared_ptr<EngineState> pEngine;
+};
+
+const Effects STARTED{
+    "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane",
+    "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela",
+    "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2",
+    "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro",
+    "copy C:\\Program Files\\Taviro\\data\\*.* to "
+    "C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro",
+    "list hidden",
+    "reader created",
+    "engine created",
+    "Timer1 on",
+    "keyboard hook installed",
+    "status A",
+    "caption Taviro - A",
+    "mnuLog ticked",
+    "main window shown",
+};
+
+TEST_F(StartupTest, Main_TakesEveryStepInOrder_WhenFirstStarted) {
+    Cursor.nColumn = Cursor.nRow = Cursor.nLastColumn = Cursor.nLastRow = 7;
+    Main();
+    EXPECT_EQ(TakeOutline(), STARTED);
+    EXPECT_EQ(Program.strDataPath, DATA_PATH);
+    EXPECT_TRUE(Program.bJoystickPresent);
+    EXPECT_TRUE(IsHooked());
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Cursor.nRow, 1);
+    EXPECT_EQ(Cursor.nLastColumn, 1);
+    EXPECT_EQ(Cursor.nLastRow, 1);
+    EXPECT_EQ(FrmMain->HiIndex, 1);
+    EXPECT_EQ(EventLog.strLog.substr(0, 18), L"16.11.2026 1:59:52");
+    EXPECT_FALSE(FrmVoice->Visible);
+}
+
+// What stands between two visible steps: asked at the moment of the later one.
+TEST_F(StartupTest, Settings_AreRead_BeforeTheSpeechObjectsAreMade) {
+    const auto Inner = Desktop.Classes[L"Parlex.app"];
+    int nAsked = 0;
+    Desktop.Classes[L"Parlex.app"] = [&] {
+        ++nAsked;
+        EXPECT_EQ(objSetting.VoiceName(), L"Zuzana");
+        EXPECT_EQ(Program.nCellTextSize, 9);
+        EXPECT_EQ(Program.nCellWidth, 61);
+        EXPECT_EQ(Program.nCellHeight, 17);
+        EXPECT_EQ(CommonMap.Cell(1, 1)->Caption, L"") << "the map comes later";
+        return Inner();
+    };
+    Main();
+    EXPECT_EQ(nAsked, 1);
+}
+
+TEST_F(StartupTest, Reader_IsThere_BeforeTheVoiceFormLoads) {
+    const auto Inner = Desktop.Classes[L"SAPI.SpVoice"];
+    int nAsked = 0;
+    Desktop.Classes[L"SAPI.SpVoice"] = [&] {
+        ++nAsked;
+        EXPECT_NE(Speech.objSpeechReader, nullptr);
+        EXPECT_EQ(CommonMap.Cell(1, 1)->Caption, L"") << "the map comes later";
+        EXPECT_EQ(Desktop.Joystick.nReads, 0U);
+        return Inner();
+    };
+    Main();
+    EXPECT_EQ(nAsked, 1);
+}
+
+TEST_F(StartupTest, MapIsLoadedAndJoystickOpen_BeforeTheHookIsInstalled) {
+    bool bAsked = false;
+    const auto View = FrmMain->OnShowChange;
+    FrmMain->OnShowChange = [&](forms::Control& Changed, forms::Aspect nAspect) {
+        if (&Changed == &FrmMain->Timer1 && nAspect == forms::Aspect::Enabled) {
+            bAsked = true;
+            EXPECT_EQ(CommonMap.Cell(1, 2)->Caption, L"C");
+            EXPECT_EQ(Desktop.Joystick.nReads, 1U);
+            EXPECT_EQ(Joystick.nJoyId, 0U);
+            EXPECT_FALSE(IsHooked());
+        }
+        View(Changed, nAspect);
+    };
+    Main();
+    EXPECT_TRUE(bAsked);
+}
+
+TEST_F(StartupTest, KeyNames_AreBuilt_BetweenTheMapAndTheLog) {
+    bool bMap = false, bLog = false;
+    const auto View = FrmMain->OnShowChange;
+    FrmMain->OnShowChange = [&](forms::Control& Changed, forms::Aspect nAspect) {
+        if (FrmMain->IsFrame(Changed) && nAspect == forms::Aspect::Text) {
+            bMap = true;
+            EXPECT_TRUE(KeyTable[0].Name.empty());
+        }
+        if (&Changed == &FrmMain->mnuLog && nAspect == forms::Aspect::Checked) {
+            bLog = true;
+            EXPECT_FALSE(KeyTable[0].Name.empty());
+            EXPECT_FALSE(KeyTable[KEY_NAME_COUNT - 1].Name.empty());
+        }
+        View(Changed, nAspect);
+    };
+    Main();
+    EXPECT_TRUE(bMap);
+    EXPECT_TRUE(bLog);
+}
+
+TEST_F(StartupTest, Main_EndsSilently_WhenAnotherInstanceRuns) {
+    Desktop.bOtherInstance = true;
+    Main();
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+    EXPECT_TRUE(Desktop.bQuit);
+    EXPECT_FALSE(FrmMain->IsLoaded());
+    EXPECT_FALSE(FrmMain->Visible);
+    EXPECT_FALSE(Desktop.Files.FolderExists(DATA_PATH));
+    EXPECT_TRUE(Desktop.FolderOwners.empty());
+}
+
+TEST_F(StartupTest, Joystick_DrivesNothingButMenuWorks_WhenNoneIsAttached) {
+    Desktop.Joystick.bPresent = false;
+    FrmMain->ScanTimer.Enabled = true;
+    Main();
+    EXPECT_FALSE(Program.bJoystickPresent);
+    EXPECT_FALSE(FrmMain->Timer1.Enabled);
+    EXPECT_FALSE(FrmMain->ScanTimer.Enabled);
+    EXPECT_TRUE(FrmMain->Visible);
+    EXPECT_EQ(FrmMain->Label1.Caption.Get(), L"A");
+    Desktop.Joystick.bPresent = true;  // plugged in too late for the poll loop
+    TiltRight();
+    Desktop.RunFor(1000);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    FrmMain->mnuLog.Click();
+    EXPECT_FALSE(EventLog.bLog);
+    FrmMain->mnuExit.Click();
+    EXPECT_FALSE(FrmMain->IsLoaded());
+}
+
+TEST_F(StartupTest, Joystick_DrivesMap_WhenItIsAttached) {
+    Main();
+    TiltRight();
+    Desktop.RunFor(99);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    Desktop.RunFor(1);
+    EXPECT_EQ(Cursor.nColumn, 2);
+}
+
+struct FailureCase {
+    const char* szName;
+    void (*Break)();
+};
+
+// Whatever is missing, the program starts and its window comes up.
+const FailureCase FAILURES[] = {
+    {"NoReader", [] { Desktop.Classes.erase(L"Parlex.app"); }},
+    {"NoEngine", [] { Desktop.Classes.erase(L"SAPI.SpVoice"); }},
+    {"NoHook", [] { Desktop.Keyboard.bHookRefused = true; }},
+    {"NoJoystick", [] { Desktop.Joystick.bPresent = false; }},
+    {"DeadJoystick", [] { Desktop.Joystick.nX = Desktop.Joystick.nY = 0; }},
+    {"NoDataFolder", [] { Desktop.SpecialFolders.clear(); }},
+    {"FullDisk", [] { Desktop.Files.nFreeBytes = 0; }},
+    {"NoSeeds", [] { Desktop.strProgramFolder = L"D:\\Elsewhere"; }},
+    {"LockedSettings",
+     [] {
+         Desktop.Files.Put(DATA_PATH + L"\\setting.ini", "[Info]\r\nLog=1\r\n");
+         Desktop.Files.Lock(DATA_PATH + L"\\setting.ini");
+     }},
+    {"MapIsGarbage",
+     [] { Desktop.Files.Put(SEEDS + L"data.ini", std::string("\0\xFF,,[[]9,9", 11)); }},
+};
+
+class StartupFailure : public StartupTest, public ::testing::WithParamInterface<FailureCase> {};
+
+TEST_P(StartupFailure, LeavesARunningProgramThatEndsCleanly) {
+    GetParam().Break();
+    Main();
+    EXPECT_TRUE(FrmMain->IsLoaded());
+    EXPECT_TRUE(FrmMain->Visible);
+    EXPECT_FALSE(KeyTable[0].Name.empty()) << "the steps after the failure were taken";
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(IsHooked(), !Desktop.Keyboard.bHookRefused);
+    EXPECT_EQ(FrmMain->Timer1.Enabled, Program.bJoystickPresent);
+    TiltRight();
+    Ticks(3);
+    SpeakIt(L"a");
+    FrmMain->mnuExit.Click();
+    EXPECT_FALSE(FrmMain->IsLoaded());
+    EXPECT_FALSE(FrmMain->Timer1.Enabled);
+    EXPECT_FALSE(IsHooked());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, StartupFailure, ::testing::ValuesIn(FAILURES),
+                         [](const auto& Info) { return std::string(Info.param.szName); });
+
+class ShutdownTest : public StartupTest {
+  protected:
+    /// A running program with a dictionary, whose engine asks for one more save when it goes.
+    void StartAll() {
+        Main();
+        InstallRecorder(L"Presager.Dict", "dictionary");
+        ASSERT_TRUE(platform::CreateAutomationObject(L"Presager.Dict", Prediction.objDictionary));
+        FrmMain->ScanTimer.Interval = 60000;
+        FrmMain->ScanTimer.Enabled = true;
+        pEngine->nRate = 5;
+        Desktop.TakeEffects();
+    }
+};
+
+TEST_F(ShutdownTest, Unload_TakesEveryStepInOrder_WhenUserEndsProgram) {
+    StartAll();
+    Desktop.At(Desktop.nNow, [] { Desktop.Record("pending message"); });
+    FrmMain->mnuExit.Click();
+    const Effects EXPECTED{"append to " + platform::ToUtf8(DATA_PATH) + "\\log.txt",
+                           "reader released",
+                           "pending message",
+                           "Timer1 off",
+                           "ScanTimer off",
+                           "save " + SETTING_INI,
+                           "engine released",
+                           "keyboard hook removed",
+                           "dictionary released",
+                           "main window hidden"};
+    EXPECT_EQ(TakeOutline(), EXPECTED);
+}
+
+TEST_F(ShutdownTest, Settings_AreSavedLast_BeforeTheDictionaryGoes) {
+    StartAll();
+    const auto pUnload = FrmVoice->OnUnload;
+    FrmVoice->OnUnload = [pUnload] {
+        pUnload();
+        objSetting.Pitch(7);  // so that the last save has something to write
+    };
+    FrmMain->mnuExit.Click();
+    Effects Done = TakeOutline();
+    Done.erase(Done.begin(), std::find(Done.begin(), Done.end(), "engine released"));
+    EXPECT_EQ(Done, (Effects{"engine released", "keyboard hook removed", "save " + SETTING_INI,
+                             "dictionary released", "main window hidden"}));
+    EXPECT_NE(DataText(L"setting.ini").find(L"Pitch=7\r\n"), std::wstring::npos);
+}
+
+TEST_F(ShutdownTest, Log_StoresItsStateFirst_WhenProgramEnds) {
+    StartAll();
+    FrmMain->mnuExit.Click();
+    EXPECT_NE(DataText(L"setting.ini").find(L"Log=1\r\n"), std::wstring::npos);
+    EXPECT_TRUE(Desktop.Files.FileExists(DATA_PATH + L"\\log.txt"));
+}
+
+TEST_F(ShutdownTest, Unload_LetsNoMessagesRun_WhenThereIsNoReader) {
+    Desktop.Classes.erase(L"Parlex.app");
+    StartAll();
+    bool bRan = false;
+    Desktop.At(Desktop.nNow, [&] { bRan = true; });
+    FrmMain->mnuExit.Click();
+    EXPECT_FALSE(bRan);
+}
+
+TEST_F(ShutdownTest, Unload_HappensOnce_WhenAskedAgain) {
+    StartAll();
+    FrmMain->mnuExit.Click();
+    Desktop.TakeEffects();
+    UnloadForm(*FrmMain);
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+}
+
+TEST_F(ShutdownTest, Speech_StaysSilent_WhenSomethingSpeaksAfterTheEnd) {
+    StartAll();
+    FrmMain->mnuExit.Click();
+    Desktop.TakeEffects();
+    SpeakIt(L"a");
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+    EXPECT_FALSE(FrmVoice->IsLoaded());
+}
+
+TEST_F(ShutdownTest, Steps_AreTaken_WhenFilesCannotBeWritten) {
+    StartAll();
+    Desktop.Files.nFreeBytes = 0;
+    FrmMain->mnuExit.Click();
+    const Effects Done = TakeOutline();
+    EXPECT_EQ(Done.front(), "cannot append to " + platform::ToUtf8(DATA_PATH) + "\\log.txt");
+    EXPECT_EQ(Done.back(), "main window hidden");
+    EXPECT_NE(std::find(Done.begin(), Done.end(), "keyboard hook removed"), Done.end());
+    EXPECT_NE(std::find(Done.begin(), Done.end(), "dictionary released"), Done.end());
+}
+
+TEST_F(ShutdownTest, NextStart_FindsWhatWasStored_WhenProgramEnded) {
+    StartAll();
+    objSetting.CellWidth(90);
+    FrmMain->mnuExit.Click();
+    StartAnew();
+    Main();
+    EXPECT_EQ(Program.nCellWidth, 90);
+    EXPECT_EQ(objSetting.Rate(), 5);
+    EXPECT_TRUE(EventLog.bLog);
+}
+
+}  // namespace
+}  // namespace taviro
