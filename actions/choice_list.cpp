@@ -129,9 +129,9 @@ void ListAccept() {
     if (!Modes.bListMode) return;
     const std::wstring strRow = SelectedText();
     Announce(strRow);
-    const auto nRow = static_cast<size_t>(FrmMain->List1.ListIndex + 1);
-    if (nRow > 0 && nRow < ChoiceList.Entries.size()) {
-        const ChoiceEntry Entry = ChoiceList.Entries[nRow];
+    const int32_t nRow = FrmMain->List1.ListIndex;
+    if (nRow >= 0 && static_cast<size_t>(nRow) + 1 < ChoiceList.Entries.size()) {
+        const ChoiceEntry Entry = ChoiceList.Entries[static_cast<size_t>(nRow) + 1];
         const std::wstring strCommand(platform::TrimBlanks(Entry.strCommand));
         if (strCommand.empty()) {
             TypeEntry(std::wstring(platform::TrimBlanks(Entry.strLabel)), strRow.ends_with(L' '));

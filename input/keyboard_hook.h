@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A system-wide keyboard hook that lets the arrow keys and Enter drive the map while no joystick
-// answers. These keys are kept from the program in front meanwhile; all others pass.
+// answers. These keys are kept from the program in front meanwhile; all others pass, and so do keys
+// that programs send, Taviro's own first of all.
 #pragma once
 
 #include <cstdint>

@@ -13,7 +13,6 @@ namespace headless {
 
 namespace {
 
-constexpr uint32_t INJECTED = 0x10;  // bit of the hook's event flags
 constexpr int SHIFT = 16, CONTROL = 17, MENU = 18;
 
 // The sided keys of a generic modifier: left, right.
@@ -80,7 +79,7 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
     const bool bUp = (dwFlags & KEY_FLAG_UP) != 0;
     if (Keyboard.pHook != nullptr) {
         KeyHookRecord Info{.vkCode = nVk, .scanCode = nScan, .time = nNow};
-        Info.flags = (bUp ? HOOK_FLAG_UP : 0) | (bInjected ? INJECTED : 0);
+        Info.flags = (bUp ? HOOK_FLAG_UP : 0) | (bInjected ? HOOK_FLAG_INJECTED : 0);
         constexpr uintptr_t KEYDOWN_MESSAGE = 0x100, KEYUP_MESSAGE = 0x101;
         if (Keyboard.pHook(0, bUp ? KEYUP_MESSAGE : KEYDOWN_MESSAGE, Info) != 0) return;
     }

@@ -249,6 +249,20 @@ TEST_F(KeyboardUserTest, Enter_RunsHighlightedCellOnRelease_WhenNoJoystickIsTher
     EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
 }
 
+TEST_F(KeyboardUserTest, KeysOfACell_ReachTheProgramInFront_AndAreNotTakenForTheUsers) {
+    Desktop.Joystick.bPresent = false;
+    Start();
+    CommonMap.Cell(1, 1)->Code = VK_ENTER;
+    Desktop.PhysicalKey(VK_ENTER, true);
+    Desktop.PhysicalKey(VK_ENTER, false);
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"\n");
+    CommonMap.Cell(1, 1)->Code = VK_RIGHT;
+    Desktop.PhysicalKey(VK_ENTER, true);
+    Desktop.PhysicalKey(VK_ENTER, false);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+}
+
 TEST_F(KeyboardUserTest, Enter_TakesListEntry_WhenListIsOpen) {
     Desktop.Joystick.bPresent = false;
     Start();

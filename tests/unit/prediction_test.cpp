@@ -16,7 +16,7 @@ using platform::AutomationArgument;
 using platform::AutomationValue;
 using platform::headless::MemberUse;
 
-std::wstring WithNul(std::wstring strText) {
+std::wstring WithNul(const std::wstring& strText) {
     return strText + L'\0';
 }
 
@@ -59,7 +59,7 @@ class WordPrediction : public ActionTest {
     // Types letters as virtual keys, as the map's letter cells do.
     static void Type(const std::string& strKeys) {
         for (const char nKey : strKeys) {
-            CommonMap.Cell(1, 1)->Code = nKey;
+            CommonMap.Cell(1, 1)->Code = static_cast<unsigned char>(nKey);
             CommandAction(CELL_UNDER_CURSOR);
         }
     }

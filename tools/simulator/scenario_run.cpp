@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "tools/simulator/scenario_run.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "core/program_reset.h"
+#include "platform/text.h"
+#include "tools/simulator/host_files.h"
+#include "tools/simulator/map_text.h"
+#include "tools/simulator/scenario.h"
+#include "tools/simulator/sentences.h"
+
+namespace taviro::simulator {
+
+using platform::ToUtf8;
+using platform::headless::Desktop;
+using platform::headless::DesktopState;
+using platform::headless::Effect;
+
+ScenarioRun::ScenarioRun(std::filesystem::path Path, const RunOptions& Options, Printer Print)
+    : m_Path(std::move(Path)), m_Options(Options), m_Print(std::move(Print)) {
+    Desktop = DesktopState{};
+    ResetProgram();
+    m_nBeginning = Desktop.nNow;
+    InstallSpeechEngine(pStandIns);
+}
+
+Outcome ScenarioRun::Run(std::string_view strBytes) {
+    Scenario Parsed;
+    ScenarioError Error;
+    if (!ParseScenario(strBytes, Language(), Parsed, Error)) {
+        Say(Error.nLine, ToUtf8(Error.strText));
+        return Outcome::Broken;
+    }
+    for (const Step& Next : Parsed.Steps) {
+        RunStep(Next);
+        if (m_bBroken) return Outcome::Broken;
+    }
+    if (m_Options.bMustExpect && nExpectations == 0) {
+        Say(1, "the scenario expects nothing");
+        return Outcome::Failed;
+    }
+    return m_nFailures == 0 ? Outcome::Passed : Outcome::Failed;
+}
+
+void ScenarioRun::RunStep(const Step& Next) {
+    if (!m_Options.bQuiet) m_Print("> " + ToUtf8(Next.strLine) + "\n");
+    const int nExpectedBefore = nExpectations;
+    m_bMapPrinted = false;
+    Next.pSentence->Do(*this, Next);
+    for (Effect& Done : std::exchange(Desktop.Transcript, {})) {
+        Done.strText = OneLine(Done.strText);
+        if (!m_Options.bQuiet) {
+            m_Print(TimedLine(Elapsed(Done.nTime), Done.strText) + "\n");
+        }
+        Unchecked.push_back(std::move(Done));
+    }
+    const bool bExpectation = nExpectations != nExpectedBefore;
+    if (m_Options.bMap && bProgramRuns && !bExpectation && !m_bMapPrinted) PrintMap();
+}
+
+void ScenarioRun::PrintMap() {
+    m_bMapPrinted = true;
+    if (m_Options.bQuiet) return;
+    for (const std::string& strLine : MapText(*forms::FrmMain))
+        m_Print("          " + strLine + "\n");
+}
+
+void ScenarioRun::Say(int nLine, const std::string& strText) {
+    m_Print(m_Path.string() + ":" + std::to_string(nLine) + ": " + strText + "\n");
+}
+
+void ScenarioRun::Fail(const Step& At, const std::string& strText,
+                       const std::vector<std::string>& Lines) {
+    ++m_nFailures;
+    Say(At.nLine, strText);
+    for (const std::string& strLine : Lines)
+        m_Print("    " + strLine + "\n");
+}
+
+void ScenarioRun::Break(const Step& At, const std::string& strText) {
+    m_bBroken = true;
+    Say(At.nLine, strText);
+}
+
+std::string OneLine(std::string_view strText) {
+    std::string strLine;
+    for (const char nByte : strText) {
+        if (nByte == '\n') {
+            strLine += "⏎";
+        } else if (nByte == '\t') {
+            strLine += "⇥";
+        } else if (nByte != '\r') {
+            strLine += nByte;
+        }
+    }
+    return strLine;
+}
+
+std::string TimedLine(uint32_t nTime, const std::string& strText) {
+    char szTime[16];
+    (void)std::snprintf(szTime, sizeof szTime, "%8u", static_cast<unsigned>(nTime));
+    return szTime + ("  " + strText);
+}
+
+Outcome RunScenarioFile(const std::filesystem::path& Path, const RunOptions& Options,
+                        const Printer& Print) {
+    std::string strBytes;
+    if (!ReadHostFile(Path, strBytes)) {
+        Print(Path.string() + ": the file cannot be read\n");
+        return Outcome::Broken;
+    }
+    return ScenarioRun(Path, Options, Print).Run(strBytes);
+}
+
+}  // namespace taviro::simulator

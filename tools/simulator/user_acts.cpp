@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "tools/simulator/user_acts.h"
+
+#include <algorithm>
+
+#include "core/program_reset.h"
+#include "core/startup.h"
+#include "forms/main_form.h"
+#include "platform/headless/desktop.h"
+#include "platform/main_window.h"
+#include "platform/text.h"
+#include "state/program_state.h"
+#include "tools/simulator/gaps.h"
+#include "tools/simulator/scenario_run.h"
+
+namespace taviro::simulator {
+
+namespace {
+
+using forms::FrmMain;
+using platform::headless::Desktop;
+
+constexpr uint32_t AXIS_LOW = 0;
+constexpr uint32_t AXIS_CENTRE = 32767;
+constexpr uint32_t AXIS_HIGH = 65535;
+// The program looks at the joystick every 100 ms, so it sees a press, and a release, of this
+// length.
+constexpr uint32_t SHORT_PRESS_MS = 100;
+
+uint32_t AxisValue(int32_t nBits, int32_t nLow, int32_t nHigh) {
+    if ((nBits & nHigh) != 0) return AXIS_HIGH;
+    return (nBits & nLow) != 0 ? AXIS_LOW : AXIS_CENTRE;
+}
+
+void TiltTo(int32_t nBits) {
+    Desktop.Joystick.nX = AxisValue(nBits, STICK_LEFT, STICK_RIGHT);
+    Desktop.Joystick.nY = AxisValue(nBits, STICK_UP, STICK_DOWN);
+}
+
+uint32_t ButtonBit(const Step& Given) {
+    return 1U << static_cast<uint32_t>(Given.Numbers[0]);
+}
+
+void PressAndRelease(const Step& Given, uint32_t nMilliseconds) {
+    Desktop.Joystick.nButtons |= ButtonBit(Given);
+    Desktop.RunFor(nMilliseconds);
+    Desktop.Joystick.nButtons &= ~ButtonBit(Given);
+    Desktop.RunFor(SHORT_PRESS_MS);
+}
+
+uint32_t Time(const Step& Given) {
+    return static_cast<uint32_t>(Given.Numbers.back());
+}
+
+uint8_t Key(const Step& Given) {
+    return static_cast<uint8_t>(Given.Numbers[0]);
+}
+
+// Whether the program runs; says so if it does not.
+bool NeedProgram(ScenarioRun& Run, const Step& Given) {
+    if (!Run.bProgramRuns) Run.Break(Given, "the program does not run: \"start\" comes first");
+    return Run.bProgramRuns;
+}
+
+forms::MenuEntry* FindEntry(std::span<forms::MenuEntry* const> Entries,
+                            const std::wstring& strCaption) {
+    for (forms::MenuEntry* pEntry : Entries) {
+        std::wstring strShown = pEntry->Caption.Get();
+        std::erase(strShown, L'&');
+        if (pEntry->Entries.empty() && strShown == strCaption) return pEntry;
+        if (forms::MenuEntry* pInside = FindEntry(pEntry->Entries, strCaption)) return pInside;
+    }
+    return nullptr;
+}
+
+// After a step that may have ended the program.
+void NoteEnd(ScenarioRun& Run) {
+    if (FrmMain->IsLoaded()) return;
+    platform::CloseMainWindow();
+    Run.bProgramRuns = false;
+}
+
+}  // namespace
+
+void StartProgram(ScenarioRun& Run, const Step& Given) {
+    if (Run.bProgramRuns) {
+        Run.Break(Given, "the program runs already");
+        return;
+    }
+    if (Run.bStartedBefore) ResetProgram();
+    (void)platform::OpenMainWindow(*FrmMain);  // the virtual desktop never refuses
+    BindMainForm();
+    Main();
+    Run.bProgramRuns = FrmMain->IsLoaded();  // not when another instance runs
+    Run.bStartedBefore = true;
+}
+
+void ShutDown(ScenarioRun& Run, const Step& Given) {
+    if (!NeedProgram(Run, Given)) return;
+    FrmMain->Unload();
+    NoteEnd(Run);
+}
+
+void Wait(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.RunFor(Time(Given));
+}
+
+void BringToFront(ScenarioRun& Run, const Step& Given) {
+    for (const auto& Window : Desktop.Windows) {
+        if (Window.strTitle != Given.Texts[0]) continue;
+        Desktop.hForeground = Window.hWindow;
+        return;
+    }
+    Run.Break(Given, "there is no window \"" + platform::ToUtf8(Given.Texts[0]) + "\"");
+}
+
+void BringNothingToFront(ScenarioRun& /*Run*/, const Step& /*Given*/) {
+    Desktop.hForeground = 0;
+}
+
+void PushStick(ScenarioRun& /*Run*/, const Step& Given) {
+    TiltTo(Given.Numbers[0]);
+}
+
+void HoldStick(ScenarioRun& /*Run*/, const Step& Given) {
+    TiltTo(Given.Numbers[0]);
+    Desktop.RunFor(Time(Given));
+    TiltTo(0);
+}
+
+void PlaceStick(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.Joystick.nX = static_cast<uint32_t>(Given.Numbers[0]);
+    Desktop.Joystick.nY = static_cast<uint32_t>(Given.Numbers[1]);
+}
+
+void PressButton(ScenarioRun& /*Run*/, const Step& Given) {
+    PressAndRelease(Given, SHORT_PRESS_MS);
+}
+
+void PressButtonFor(ScenarioRun& /*Run*/, const Step& Given) {
+    PressAndRelease(Given, Time(Given));
+}
+
+void HoldButton(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.Joystick.nButtons |= ButtonBit(Given);
+}
+
+void ReleaseButton(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.Joystick.nButtons &= ~ButtonBit(Given);
+}
+
+void PressKey(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.PhysicalKey(Key(Given), true);
+    Desktop.PhysicalKey(Key(Given), false);
+}
+
+void KeyDown(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.PhysicalKey(Key(Given), true);
+}
+
+void KeyUp(ScenarioRun& /*Run*/, const Step& Given) {
+    Desktop.PhysicalKey(Key(Given), false);
+}
+
+void PauseJoystick(ScenarioRun& /*Run*/, const Step& /*Given*/) {
+    Program.bPauseJoystick = true;
+}
+
+void ResumeJoystick(ScenarioRun& /*Run*/, const Step& /*Given*/) {
+    Program.bPauseJoystick = false;
+}
+
+void WriteCommand(ScenarioRun& Run, const Step& Given) {
+    if (NeedProgram(Run, Given)) FrmMain->txtCmd.Text = Given.Texts[0];
+}
+
+void ChooseMenu(ScenarioRun& Run, const Step& Given) {
+    if (!NeedProgram(Run, Given)) return;
+    forms::MenuEntry* pEntry = FindEntry(FrmMain->MenuBar, Given.Texts[0]);
+    if (pEntry == nullptr) {
+        Run.Break(Given, "the menu has no entry \"" + platform::ToUtf8(Given.Texts[0]) + "\"");
+    } else {
+        pEntry->Click();
+        NoteEnd(Run);
+    }
+}
+
+void ShowMapNow(ScenarioRun& Run, const Step& Given) {
+    if (NeedProgram(Run, Given)) Run.PrintMap();
+}
+
+void IgnoreEffects(ScenarioRun& Run, const Step& /*Given*/) {
+    Run.Unchecked.clear();
+}
+
+}  // namespace taviro::simulator
