@@ -16,7 +16,8 @@ namespace {
 // Budget: 2 us.
 void PollTick_StickAtRest(benchmark::State& State) {
     StartWithFullMap();
-    for (auto _ : State) Timer1_Timer();
+    for (auto _ : State)
+        Timer1_Timer();
 }
 BENCHMARK(PollTick_StickAtRest);
 
@@ -35,7 +36,8 @@ BENCHMARK(MoveCursor_FullMap);
 // Budget: 1 ms.
 void LoadMap_FullMap(benchmark::State& State) {
     StartWithFullMap();
-    for (auto _ : State) benchmark::DoNotOptimize(LoadMap(L""));
+    for (auto _ : State)
+        benchmark::DoNotOptimize(LoadMap(L""));
     State.counters["bytes"] = static_cast<double>(FullMapText().size());
 }
 BENCHMARK(LoadMap_FullMap)->Unit(benchmark::kMicrosecond);

@@ -2,11 +2,10 @@
 // Saving a cell of a full map, with the same bytes replaced on a real disk: temporary file, flush,
 // rename. What the disk costs is the machine's; both parts are shown.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
+#include <fcntl.h>
 #include <string>
+#include <unistd.h>
 
 #include "bench/full_map.h"
 #include "maps/map_file.h"

@@ -21,8 +21,9 @@ inline std::string FullMapText() {
     std::string strText;
     for (int nRow = 1; nRow <= MAP_ROWS; ++nRow) {
         for (int nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn) {
-            strText += "[" + std::to_string(nColumn) + "," + std::to_string(nRow) + "]p\xF8\xEDkaz " +
-                       std::to_string(nRow * 100 + nColumn) + ",0,*x;" + std::string(26, 'a') + "\r\n";
+            strText += "[" + std::to_string(nColumn) + "," + std::to_string(nRow) +
+                       "]p\xF8\xEDkaz " + std::to_string(nRow * 100 + nColumn) + ",0,*x;" +
+                       std::string(26, 'a') + "\r\n";
         }
     }
     return strText;

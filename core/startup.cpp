@@ -6,6 +6,7 @@
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
 #include "core/folders.h"
+#include "core/main_window_events.h"
 #include "core/poll_loop.h"
 #include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
@@ -110,6 +111,9 @@ void BindMainForm() {
     FrmMain->OnUnload = Form_Unload;
     FrmMain->Timer1.OnTimer = Timer1_Timer;
     FrmMain->ScanTimer.OnTimer = ScanTimer_Timer;
+    FrmMain->OnResize = Form_Resize;
+    FrmMain->Label2.OnMouseUp = Label2_MouseUp;
+    FrmMain->txtCmd.OnChange = txtCmd_Change;
     FrmMain->mnuExit.OnClick = [] { UnloadForm(*FrmMain); };
     FrmMain->mnuLog.OnClick = ToggleLog;
     // Entries whose dialogs the program does not have cannot be chosen.

@@ -54,7 +54,7 @@ void Timer::Tick() {
     m_bRunning = false;
 }
 
-MenuEntry::MenuEntry(Form& Parent, std::wstring strControlName, std::wstring strCaption)
+MenuEntry::MenuEntry(Form& Parent, std::wstring strControlName, const std::wstring& strCaption)
     : Control(Parent, std::move(strControlName)) {
     Caption = strCaption;
 }

@@ -130,7 +130,7 @@ class Timer : public Control {
 /// An entry of the menu bar or of one of its menus. "&" before a letter marks its mnemonic.
 class MenuEntry : public Control {
   public:
-    MenuEntry(Form& Parent, std::wstring strControlName, std::wstring strCaption);
+    MenuEntry(Form& Parent, std::wstring strControlName, const std::wstring& strCaption);
     Property<std::wstring> Caption{*this, Aspect::Text};
     Property<bool> Checked{*this, Aspect::Checked};
     std::vector<MenuEntry*> Entries;  ///< a group's entries, in their order

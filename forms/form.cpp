@@ -43,7 +43,7 @@ void Form::SetScale(int32_t nWidth, int32_t nHeight) {
     if (OnResize) OnResize();
 }
 
-void Form::ShowChange(Control& Changed, Aspect nAspect) {
+void Form::ShowChange(Control& Changed, Aspect nAspect) const {
     if (OnShowChange) OnShowChange(Changed, nAspect);
 }
 

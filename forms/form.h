@@ -53,7 +53,7 @@ class Form {
 
     /// Whether the control that a change came from is the form itself.
     bool IsFrame(const Control& Changed) const { return &Changed == m_pFrame.get(); }
-    void ShowChange(Control& Changed, Aspect nAspect);
+    void ShowChange(Control& Changed, Aspect nAspect) const;
 
   private:
     bool m_bLoaded = false;

@@ -52,8 +52,8 @@ intptr_t KeyboardProc(int32_t nCode, uintptr_t wParam, const platform::KeyHookRe
     // centre anew.
     if (JoyInit(0)) return PassOn();
     if (Program.bDialogActive) return PassOn();
-    // Keys that a program sent belong to the program in front. The cell's own Enter, swallowed here,
-    // would run the cell again, and again.
+    // Keys that a program sent belong to the program in front. The cell's own Enter, swallowed
+    // here, would run the cell again, and again.
     if ((Record.flags & platform::HOOK_FLAG_INJECTED) != 0) return PassOn();
     const bool bReleased = (Record.flags & platform::HOOK_FLAG_UP) != 0;
     if (KeyboardHook.bIgnoreKeys) {

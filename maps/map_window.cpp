@@ -59,11 +59,11 @@ void Layout::PlaceCell(int32_t nColumn, int32_t nRow, const std::wstring& strCap
 }
 
 void Layout::PlaceRow(int32_t nRow) {
-    const MapCell* pCell = nullptr;
+    std::wstring strCaption;
     for (int32_t nColumn = 1; nColumn <= MAP_SEARCH_END; ++nColumn) {
         // Columns beyond the grid keep the caption of its last column.
-        if (const MapCell* pInside = Grid.Cell(nColumn, nRow)) pCell = pInside;
-        PlaceCell(nColumn, nRow, pCell->Caption);
+        if (const MapCell* pInside = Grid.Cell(nColumn, nRow)) strCaption = pInside->Caption;
+        PlaceCell(nColumn, nRow, strCaption);
     }
 }
 

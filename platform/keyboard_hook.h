@@ -8,7 +8,7 @@ namespace taviro::platform {
 
 inline constexpr int32_t HOOK_KEYBOARD_LL = 13;
 inline constexpr uint32_t HOOK_FLAG_INJECTED = 0x10;  ///< bit 4: a program sent the key
-inline constexpr uint32_t HOOK_FLAG_UP = 0x80;  ///< bit 7 of the event flags: the key goes up
+inline constexpr uint32_t HOOK_FLAG_UP = 0x80;        ///< bit 7 of the event flags: the key goes up
 
 /// One event of the hook (the system's KBDLLHOOKSTRUCT).
 struct KeyHookRecord {

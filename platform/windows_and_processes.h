@@ -22,6 +22,17 @@ uint32_t WindowThread(WindowHandle hWindow);
 /// means any.
 WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle);
 
+/// A rectangle on the screen in pixels; right and bottom are the first pixels outside.
+struct ScreenRect {
+    int32_t nLeft = 0;
+    int32_t nTop = 0;
+    int32_t nRight = 0;
+    int32_t nBottom = 0;
+};
+
+/// The whole window with its frame. Returns false, and leaves Rect alone, on failure.
+bool WindowRect(WindowHandle hWindow, ScreenRect& Rect);
+
 /// Whether the handle names an existing window.
 bool IsWindowHandle(WindowHandle hWindow);
 

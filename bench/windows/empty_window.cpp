@@ -21,8 +21,8 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevious*/, PWSTR /*pComma
     Class.lpszClassName = L"EmptyWindow";
     if (RegisterClassExW(&Class) == 0) return 1;
     const HWND hWindow =
-        CreateWindowExW(WS_EX_TOPMOST, Class.lpszClassName, L"Empty window", WS_OVERLAPPEDWINDOW, 540,
-                        0, 740, 260, nullptr, nullptr, hInstance, nullptr);
+        CreateWindowExW(WS_EX_TOPMOST, Class.lpszClassName, L"Empty window", WS_OVERLAPPEDWINDOW,
+                        540, 0, 740, 260, nullptr, nullptr, hInstance, nullptr);
     if (hWindow == nullptr) return 1;
     ShowWindow(hWindow, SW_SHOWNOACTIVATE);
     MSG Message{};

@@ -73,6 +73,7 @@ struct VirtualWindow {
     std::wstring strClass;
     uint32_t nProcess = 0;
     uint32_t nThread = 0;
+    ScreenRect Rect{};
 };
 
 /// Members of a late-bound object: how the member is used, its name, arguments, result.
@@ -141,6 +142,7 @@ struct DesktopState {
 
     // The main window.
     forms::MainForm* pMainForm = nullptr;
+    ScreenRect MainRect{};  ///< where it stands
     bool bQuit = false;
     int nExitCode = 0;
 

@@ -24,10 +24,12 @@ bool CreateFolder(const std::wstring& strPath) {
 
 bool CopyFolderFiles(const std::wstring& strFromFolder, const std::wstring& strToFolder) {
     Desktop.Record("copy " + ToUtf8(strFromFolder) + "\\*.* to " + ToUtf8(strToFolder));
-    for (const std::wstring& strName : Desktop.Files.List(strFromFolder + L"\\*")) {
+    const std::wstring strFrom = strFromFolder + L"\\";
+    const std::wstring strTo = strToFolder + L"\\";
+    for (const std::wstring& strName : Desktop.Files.List(strFrom + L"*")) {
         std::string strBytes;
-        if (!Desktop.Files.Read(strFromFolder + L"\\" + strName, strBytes)) return false;
-        if (!Desktop.Files.Write(strToFolder + L"\\" + strName, strBytes)) return false;
+        if (!Desktop.Files.Read(strFrom + strName, strBytes)) return false;
+        if (!Desktop.Files.Write(strTo + strName, strBytes)) return false;
     }
     return Desktop.Files.FolderExists(strFromFolder);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/headless/desktop.h"
+#include "platform/main_window.h"
 #include "platform/metrics.h"
 #include "platform/shell.h"
 #include "platform/text.h"
@@ -95,6 +96,17 @@ WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& str
         if (bTitle && bClass) return Window.hWindow;
     }
     return 0;
+}
+
+bool WindowRect(WindowHandle hWindow, ScreenRect& Rect) {
+    if (hWindow != 0 && hWindow == MainWindowHandle()) {
+        Rect = Desktop.MainRect;
+        return true;
+    }
+    const auto* pWindow = headless::FindWindowEntry(hWindow);
+    if (pWindow == nullptr) return false;
+    Rect = pWindow->Rect;
+    return true;
 }
 
 bool IsWindowHandle(WindowHandle hWindow) {

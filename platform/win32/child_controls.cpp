@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/child_controls.h"
+
+#include <algorithm>
+
+#include "platform/win32/screen.h"
+
+namespace taviro::platform::win32 {
+
+namespace {
+
+constexpr int LIST_ID = 1;
+constexpr int EDIT_ID = 2;
+
+// The system's own procedure of list boxes, which ours stands before; the same for every list box.
+WNDPROC pSystemListProcedure = nullptr;
+
+HWND MakeChild(HWND hParent, const wchar_t* pClass, DWORD nStyle, int nId) {
+    const auto hId = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nId));  // a child's number
+    return CreateWindowExW(WS_EX_CLIENTEDGE, pClass, L"", WS_CHILD | nStyle, 0, 0, 0, 0, hParent,
+                           hId, GetModuleHandleW(nullptr), nullptr);
+}
+
+/// Selects the clicked entry without taking the focus, which the system's own procedure would do.
+LRESULT CALLBACK OnListMessage(HWND hList, UINT nMessage, WPARAM wParam, LPARAM lParam) noexcept {
+    if (nMessage != WM_LBUTTONDOWN && nMessage != WM_LBUTTONDBLCLK) {
+        return CallWindowProcW(pSystemListProcedure, hList, nMessage, wParam, lParam);
+    }
+    const LRESULT nHit = SendMessageW(hList, LB_ITEMFROMPOINT, 0, lParam);
+    const bool bOutside = HIWORD(nHit) != 0;
+    const WPARAM nItem = LOWORD(nHit);
+    if (!bOutside && SendMessageW(hList, LB_SETCURSEL, nItem, 0) != LB_ERR) {
+        SendMessageW(GetParent(hList), WM_COMMAND, MAKEWPARAM(LIST_ID, LBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(hList));
+    }
+    return 0;
+}
+
+std::wstring TextOf(HWND hWindow) {
+    std::wstring strText(static_cast<size_t>(std::max(0, GetWindowTextLengthW(hWindow))), L'\0');
+    const int nLength =
+        GetWindowTextW(hWindow, strText.data(), static_cast<int>(strText.size()) + 1);
+    strText.resize(static_cast<size_t>(std::max(0, nLength)));
+    return strText;
+}
+
+}  // namespace
+
+bool ChildControls::Create(HWND hParent) {
+    m_hList =
+        MakeChild(hParent, L"LISTBOX", WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, LIST_ID);
+    m_hEdit = MakeChild(hParent, L"EDIT", ES_AUTOHSCROLL, EDIT_ID);
+    if (m_hList == nullptr || m_hEdit == nullptr) return false;
+    pSystemListProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(m_hList, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OnListMessage)));
+    // As easy to read as the status line, whose place the list takes.
+    m_hFont = MakeScreenFont(m_Form.Label1.TextFont);
+    SendMessageW(m_hList, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont.get()), FALSE);
+    Push(m_Form.List1);
+    Push(m_Form.txtCmd);
+    return true;
+}
+
+void ChildControls::Push(const forms::Control& Changed) {
+    if (&Changed == &m_Form.List1) {
+        PushFrame(m_hList, Changed);
+        PushList();
+    } else if (&Changed == &m_Form.txtCmd) {
+        PushFrame(m_hEdit, Changed);
+        PushText();
+    }
+}
+
+void ChildControls::PushFrame(HWND hChild, const forms::Control& Changed) const {
+    const UINT nShow = Changed.Visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
+    // A refused move leaves the control where it was; its content is still right.
+    static_cast<void>(SetWindowPos(hChild, HWND_TOP, Changed.Left, Changed.Top, Changed.Width,
+                                   Changed.Height, SWP_NOACTIVATE | nShow));
+    const BOOL bEnabled = Changed.Enabled ? TRUE : FALSE;
+    static_cast<void>(EnableWindow(hChild, bEnabled));  // returns the earlier state
+}
+
+void ChildControls::PushList() {
+    const std::vector<std::wstring>& Items = m_Form.List1.Items;
+    const bool bLonger = Items.size() >= m_ShownItems.size() &&
+                         std::equal(m_ShownItems.begin(), m_ShownItems.end(), Items.begin());
+    if (!bLonger) {
+        SendMessageW(m_hList, LB_RESETCONTENT, 0, 0);
+        m_ShownItems.clear();
+    }
+    for (size_t i = m_ShownItems.size(); i < Items.size(); ++i) {
+        // An entry that the control has no memory for is missing at the end, nothing else shifts.
+        SendMessageW(m_hList, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Items[i].c_str()));
+    }
+    m_ShownItems = Items;
+    const int32_t nSelected = m_Form.List1.ListIndex;
+    if (SendMessageW(m_hList, LB_GETCURSEL, 0, 0) != nSelected) {
+        // -1 takes the selection away, for which the control returns its error number.
+        SendMessageW(m_hList, LB_SETCURSEL, static_cast<WPARAM>(nSelected), 0);
+    }
+}
+
+void ChildControls::PushText() const {
+    // Writing notifies us, and we find the model's text unchanged then: no endless circle.
+    if (TextOf(m_hEdit) == m_Form.txtCmd.Text.Get()) return;
+    static_cast<void>(SetWindowTextW(m_hEdit, m_Form.txtCmd.Text.Get().c_str()));
+}
+
+void ChildControls::OnNotification(HWND hChild, WORD nCode) {
+    if (hChild == m_hEdit && nCode == EN_CHANGE) m_Form.txtCmd.Text = TextOf(m_hEdit);
+    if (hChild == m_hList && nCode == LBN_SELCHANGE) {
+        m_Form.List1.ListIndex = static_cast<int32_t>(SendMessageW(m_hList, LB_GETCURSEL, 0, 0));
+    }
+}
+
+}  // namespace taviro::platform::win32

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// The two controls of the main window that are windows of their own: the choice list, and the box
+// into which other programs write. Neither ever takes the focus.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "forms/main_form.h"
+#include "platform/win32/handles.h"
+
+namespace taviro::platform::win32 {
+
+class ChildControls {
+  public:
+    explicit ChildControls(forms::MainForm& Form) : m_Form(Form) {}
+
+    /// Makes both controls in the window. Returns false when the system refuses.
+    bool Create(HWND hParent);
+
+    /// Shows the control as it is now, if it is one of the two.
+    void Push(const forms::Control& Changed);
+
+    /// A notification of a child window. Runs the model's handlers.
+    void OnNotification(HWND hChild, WORD nCode);
+
+  private:
+    void PushFrame(HWND hChild, const forms::Control& Changed) const;
+    void PushList();
+    void PushText() const;
+
+    forms::MainForm& m_Form;
+    HWND m_hList = nullptr;  // both owned by the main window
+    HWND m_hEdit = nullptr;
+    UniqueFont m_hFont;
+    std::vector<std::wstring> m_ShownItems;
+};
+
+}  // namespace taviro::platform::win32

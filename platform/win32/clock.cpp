@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "platform/clock.h"
+
+#include <windows.h>
+
+#include <iterator>
+
+namespace taviro::platform {
+
+namespace {
+
+void AppendTwoDigits(std::wstring& strText, unsigned nNumber) {
+    strText += static_cast<wchar_t>(L'0' + nNumber / 10 % 10);
+    strText += static_cast<wchar_t>(L'0' + nNumber % 10);
+}
+
+}  // namespace
+
+uint32_t TickCount() {
+    return GetTickCount();
+}
+
+void SleepMs(uint32_t nMilliseconds) {
+    Sleep(nMilliseconds);
+}
+
+std::wstring TimeOfDayText() {
+    SYSTEMTIME Now{};
+    GetLocalTime(&Now);
+    std::wstring strText;
+    AppendTwoDigits(strText, Now.wHour);
+    strText += L':';
+    AppendTwoDigits(strText, Now.wMinute);
+    strText += L':';
+    AppendTwoDigits(strText, Now.wSecond);
+    return strText;
+}
+
+std::wstring DateTimeText() {
+    SYSTEMTIME Now{};
+    GetLocalTime(&Now);
+    wchar_t strDate[80] = {};
+    wchar_t strTime[80] = {};
+    const int nDate = GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &Now, nullptr,
+                                      strDate, static_cast<int>(std::size(strDate)), nullptr);
+    const int nTime = GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &Now, nullptr, strTime,
+                                      static_cast<int>(std::size(strTime)));
+    if (nDate == 0 || nTime == 0) return TimeOfDayText();  // a broken format of the user's
+    return std::wstring(strDate) + L" " + strTime;
+}
+
+}  // namespace taviro::platform

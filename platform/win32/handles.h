@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Owners of system handles: each closes what it owns exactly once. A close can only fail for a
+// handle that is not ours, so the deleters have no result to report.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace taviro::platform::win32 {
+
+struct HandleCloser {
+    void operator()(HANDLE h) const { static_cast<void>(CloseHandle(h)); }
+};
+/// A kernel object whose creation gives null on failure.
+using UniqueHandle = std::unique_ptr<void, HandleCloser>;
+
+/// The same for calls that give INVALID_HANDLE_VALUE on failure: null then.
+inline UniqueHandle OwnUnlessInvalid(HANDLE h) {
+    return UniqueHandle(h == INVALID_HANDLE_VALUE ? nullptr : h);
+}
+
+struct FindCloser {
+    void operator()(HANDLE h) const { static_cast<void>(FindClose(h)); }
+};
+/// A directory search; INVALID_HANDLE_VALUE is turned into null by whoever opens it.
+using UniqueFind = std::unique_ptr<void, FindCloser>;
+
+struct GdiDeleter {
+    void operator()(void* h) const { static_cast<void>(DeleteObject(h)); }
+};
+using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiDeleter>;
+using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiDeleter>;
+using UniqueBrush = std::unique_ptr<std::remove_pointer_t<HBRUSH>, GdiDeleter>;
+
+struct DcDeleter {
+    void operator()(HDC h) const { static_cast<void>(DeleteDC(h)); }
+};
+/// A memory or device context that was created, not borrowed from a window.
+using UniqueDc = std::unique_ptr<std::remove_pointer_t<HDC>, DcDeleter>;
+
+}  // namespace taviro::platform::win32

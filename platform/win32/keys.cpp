@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "platform/keys.h"
+
+#include <windows.h>
+
+#include <vector>
+
+#include "platform/main_window.h"
+#include "platform/win32/numbers.h"
+
+namespace taviro::platform {
+
+#ifndef _WIN64
+static_assert(sizeof(INPUT) == 28);
+#endif
+
+namespace {
+
+INPUT ToInput(const KeyRecord& Record) {
+    INPUT Input{};
+    Input.type = INPUT_KEYBOARD;
+    Input.ki.wVk = Record.wVk;
+    Input.ki.wScan = Record.wScan;
+    Input.ki.dwFlags = Record.dwFlags;
+    Input.ki.time = Record.nTime;
+    Input.ki.dwExtraInfo = Record.dwExtraInfo;
+    return Input;
+}
+
+INPUT ToInput(const MouseRecord& Record) {
+    INPUT Input{};
+    Input.type = INPUT_MOUSE;
+    Input.mi.dx = Record.nDx;
+    Input.mi.dy = Record.nDy;
+    Input.mi.mouseData = Record.nMouseData;
+    Input.mi.dwFlags = Record.dwFlags;
+    Input.mi.time = Record.nTime;
+    Input.mi.dwExtraInfo = Record.dwExtraInfo;
+    return Input;
+}
+
+}  // namespace
+
+uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+    std::vector<INPUT> Inputs;
+    Inputs.reserve(Records.size());
+    for (const InputRecord& Record : Records) {
+        Inputs.push_back(std::visit([](const auto& Kind) { return ToInput(Kind); }, Record));
+    }
+    if (Inputs.empty()) return 0;
+    return SendInput(static_cast<UINT>(Inputs.size()), Inputs.data(), sizeof(INPUT));
+}
+
+void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
+    keybd_event(nVk, nScan, dwFlags, dwExtraInfo);
+}
+
+int16_t VkKeyScanAnsi(uint8_t nCharacter) {
+    return VkKeyScanA(static_cast<CHAR>(nCharacter));
+}
+
+uint32_t OemKeyScanCode(uint8_t nOemCharacter) {
+    return OemKeyScan(nOemCharacter);
+}
+
+uint8_t CharToOemAnsi(uint8_t nCharacter) {
+    const char strAnsi[] = {static_cast<char>(nCharacter), '\0'};
+    char strOem[sizeof(strAnsi)] = {};
+    if (CharToOemA(strAnsi, strOem) == FALSE) return nCharacter;
+    return static_cast<uint8_t>(strOem[0]);
+}
+
+uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType) {
+    return MapVirtualKeyA(nCode, nMapType);
+}
+
+int32_t KeyToAnsi(uint32_t nVk, uint32_t nScan, const std::array<uint8_t, 256>& KeyState,
+                  uint16_t& nCharacter) {
+    const HWND hMain = win32::ToHwnd(MainWindowHandle());
+    // Without a window the thread is 0, which means the calling thread: the same one.
+    const DWORD nThread = GetWindowThreadProcessId(hMain, nullptr);
+    return ToAsciiEx(nVk, nScan, KeyState.data(), &nCharacter, 0, GetKeyboardLayout(nThread));
+}
+
+}  // namespace taviro::platform

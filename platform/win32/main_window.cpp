@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: MIT
+#include "platform/main_window.h"
+
+#include <windows.h>
+
+#include <array>
+#include <memory>
+
+#include "platform/messages.h"
+#include "platform/win32/child_controls.h"
+#include "platform/win32/map_painter.h"
+#include "platform/win32/menu_view.h"
+#include "platform/win32/numbers.h"
+#include "platform/win32/timer_view.h"
+#include "platform/win32/window_placement.h"
+
+namespace taviro::platform {
+
+namespace {
+
+using forms::Aspect;
+
+constexpr const wchar_t* CLASS_NAME = L"TaviroMain";
+constexpr DWORD STYLE =
+    WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+// Never the active window by itself, whatever a window manager does with new windows; on the
+// taskbar all the same.
+constexpr DWORD EXTENDED_STYLE = WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_APPWINDOW;
+constexpr UINT MESSAGE_LABELS_CHANGED = WM_APP + 1;  // to ourselves: repaint what changed, once
+constexpr UINT MESSAGE_SIZE_CHANGED = WM_APP + 2;    // to ourselves: a layout asks for another size
+constexpr UINT_PTR POLL_TIMER_ID = 1;
+constexpr UINT_PTR SCAN_TIMER_ID = 2;
+
+/// The window and what it shows. The object outlives the window, because a handler of the form that
+/// closes the window is still on its way back through here.
+struct MainView {
+    explicit MainView(forms::MainForm& Shown) : Form(Shown), Children(Shown) {}
+
+    forms::MainForm& Form;
+    HWND hWindow = nullptr;
+    win32::MapPainter Painter;
+    win32::MenuView Menu;
+    win32::ChildControls Children;
+    std::array<win32::TimerView, 2> Timers{win32::TimerView{Form.Timer1, POLL_TIMER_ID},
+                                           win32::TimerView{Form.ScanTimer, SCAN_TIMER_ID}};
+    bool bPlaced = false;      ///< has its place on the screen
+    bool bFitting = false;     ///< its size is being found
+    bool bFitPending = false;  ///< the form asked for a size that the window has yet to take
+    bool bClosing = false;     ///< closed by the program, whose message loop goes on
+};
+std::unique_ptr<MainView> View;
+
+// From the form to the window.
+
+void FitNow() {
+    // A minimised window has no inner size; it is fitted when it is restored.
+    if (IsIconic(View->hWindow) != FALSE) return;
+    View->bFitPending = false;
+    View->bFitting = true;  // the form hears of the size that results, not of the attempts
+    win32::FitWindowToForm(View->hWindow, View->Form);
+    RECT Inner{};
+    if (GetClientRect(View->hWindow, &Inner) != FALSE) {
+        win32::TellInnerSize(View->Form, {.cx = Inner.right, .cy = Inner.bottom});
+    }
+    View->bFitting = false;
+}
+
+/// The layout, which goes on counting with the new size, sets width and height one after the other:
+/// the form has them at once, the window follows in one step.
+void PushSize() {
+    if (View->bFitting) return;
+    forms::MainForm& Form = View->Form;
+    const bool bAsked = View->bFitPending;
+    View->bFitPending = true;
+    const SIZE Wanted =
+        win32::WantedInnerSize(Form, {.cx = Form.nScaleWidth, .cy = Form.nScaleHeight});
+    Form.SetScale(Wanted.cx, Wanted.cy);
+    if (!bAsked && PostMessageW(View->hWindow, MESSAGE_SIZE_CHANGED, 0, 0) == FALSE) FitNow();
+}
+
+void PushVisibility() {
+    if (View->Form.Visible) {
+        if (View->bFitPending) FitNow();
+        if (!View->bPlaced) win32::PlaceAtStart(View->hWindow);
+        View->bPlaced = true;
+        static_cast<void>(ShowWindow(View->hWindow, SW_SHOWNOACTIVATE));  // the earlier state
+        return;
+    }
+    static_cast<void>(ShowWindow(View->hWindow, SW_HIDE));
+    // Hidden because it is unloaded: its window goes too. Refused only when already gone.
+    if (!View->Form.IsLoaded()) static_cast<void>(DestroyWindow(View->hWindow));
+}
+
+void PushFrame(Aspect nAspect) {
+    if (nAspect == Aspect::Geometry) PushSize();
+    if (nAspect == Aspect::Visibility) PushVisibility();
+    // A refused title leaves the earlier one.
+    if (nAspect == Aspect::Text) {
+        static_cast<void>(SetWindowTextW(View->hWindow, View->Form.Caption.Get().c_str()));
+    }
+}
+
+void RepaintLater(const forms::Label& Changed) {
+    if (!View->Painter.Note(Changed)) return;  // asked for already
+    if (PostMessageW(View->hWindow, MESSAGE_LABELS_CHANGED, 0, 0) == FALSE) {
+        static_cast<void>(View->Painter.TakeStale());
+        static_cast<void>(InvalidateRect(View->hWindow, nullptr, FALSE));
+    }
+}
+
+void OnShowChange(forms::Control& Changed, Aspect nAspect) {
+    if (!View || View->hWindow == nullptr) return;
+    if (View->Form.IsFrame(Changed)) return PushFrame(nAspect);
+    if (&Changed == &View->Form.Label2) return;  // transparent: nothing to see
+    if (const auto* pLabel = dynamic_cast<const forms::Label*>(&Changed)) {
+        return RepaintLater(*pLabel);
+    }
+    if (const auto* pEntry = dynamic_cast<const forms::MenuEntry*>(&Changed)) {
+        View->Menu.Push(*pEntry);
+        static_cast<void>(
+            DrawMenuBar(View->hWindow));  // only the bar itself is ever on screen here
+        return;
+    }
+    for (win32::TimerView& Timer : View->Timers) {
+        if (&Timer.Model() == &Changed) return Timer.Push(View->hWindow);
+    }
+    View->Children.Push(Changed);
+}
+
+// From the window to the form.
+
+void OnPaint() {
+    PAINTSTRUCT Paint{};
+    const HDC hDc = BeginPaint(View->hWindow, &Paint);
+    if (hDc == nullptr) return;
+    View->Painter.Paint(hDc, Paint.rcPaint, View->Form);
+    static_cast<void>(EndPaint(View->hWindow, &Paint));  // always succeeds
+}
+
+void OnLabelsChanged() {
+    for (const RECT& Stale : View->Painter.TakeStale()) {
+        static_cast<void>(InvalidateRect(View->hWindow, &Stale, FALSE));
+    }
+}
+
+void OnSize(WPARAM nKind, LPARAM nSize) {
+    if (nKind == SIZE_MINIMIZED || View->bFitting) return;
+    if (View->bFitPending) return FitNow();
+    View->bFitting = true;
+    win32::TellInnerSize(View->Form, {.cx = LOWORD(nSize), .cy = HIWORD(nSize)});
+    View->bFitting = false;
+}
+
+/// Whether a mouse press is one on the map. The pointer is asked too, because a window manager may
+/// announce any click as one on the menu.
+bool IsPressOnMap(LPARAM nWhere) {
+    if (LOWORD(nWhere) == HTCLIENT) return true;
+    POINT Pointer{};
+    RECT Client{};
+    return GetCursorPos(&Pointer) != FALSE && ScreenToClient(View->hWindow, &Pointer) != FALSE &&
+           GetClientRect(View->hWindow, &Client) != FALSE && PtInRect(&Client, Pointer) != FALSE;
+}
+
+void OnMouseUp(forms::MouseButton nButton) {
+    if (View->Form.Label2.Enabled && View->Form.Label2.OnMouseUp) {
+        View->Form.Label2.OnMouseUp(nButton);
+    }
+}
+
+void OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (lParam != 0) {
+        View->Children.OnNotification(win32::ToHwnd(static_cast<uintptr_t>(lParam)),
+                                      HIWORD(wParam));
+    } else if (forms::MenuEntry* pEntry = View->Menu.EntryOf(LOWORD(wParam))) {
+        pEntry->Click();
+    }
+}
+
+void OnTimer(WPARAM nId) {
+    for (win32::TimerView& Timer : View->Timers) {
+        if (Timer.Id() == nId) Timer.OnTimer(View->hWindow);
+    }
+}
+
+void OnClose() {
+    // Unloading destroys the window. A second request while it runs changes nothing.
+    if (View->Form.IsLoaded()) return View->Form.Unload();
+    static_cast<void>(DestroyWindow(View->hWindow));
+}
+
+void OnDestroy() {
+    const bool bQuit = !View->bClosing;
+    View->hWindow = nullptr;
+    if (bQuit) QuitMessageLoop(0);
+}
+
+/// Lets the window become as narrow as a map of one column.
+void OnSizeLimits(LPARAM lParam) {
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {.x = 1, .y = 1};
+}
+
+/// Returns whether the message was one of ours; nResult is its result then.
+bool HandleMouse(UINT nMessage, LPARAM lParam, LRESULT& nResult) {
+    switch (nMessage) {
+        case WM_MOUSEACTIVATE:
+            nResult = MA_NOACTIVATE;  // the application being driven keeps the focus
+            // Menu and title bar take it as in any window. Refused, they work with the mouse.
+            if (!IsPressOnMap(lParam)) static_cast<void>(SetForegroundWindow(View->hWindow));
+            return true;
+        case WM_LBUTTONUP:
+            OnMouseUp(forms::MouseButton::Left);
+            return true;
+        case WM_RBUTTONUP:
+            OnMouseUp(forms::MouseButton::Right);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool HandleMessage(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult) {
+    switch (nMessage) {
+        case WM_PAINT:
+            OnPaint();
+            return true;
+        case WM_ERASEBKGND:
+            nResult = TRUE;  // painting fills the background
+            return true;
+        case MESSAGE_LABELS_CHANGED:
+            OnLabelsChanged();
+            return true;
+        case MESSAGE_SIZE_CHANGED:
+            if (View->bFitPending) FitNow();
+            return true;
+        case WM_SIZE:
+            OnSize(wParam, lParam);
+            return true;
+        case WM_GETMINMAXINFO:
+            OnSizeLimits(lParam);
+            return true;
+        case WM_DISPLAYCHANGE:
+            win32::KeepOnScreen(View->hWindow);
+            return false;
+        case WM_COMMAND:
+            OnCommand(wParam, lParam);
+            return true;
+        case WM_TIMER:
+            OnTimer(wParam);
+            return true;
+        case WM_QUERYENDSESSION:
+            nResult = TRUE;
+            return true;
+        case WM_ENDSESSION:
+            if (wParam != FALSE) View->Form.Unload();
+            return true;
+        case WM_CLOSE:
+            OnClose();
+            return true;
+        case WM_DESTROY:
+            OnDestroy();
+            return true;
+        default:
+            return HandleMouse(nMessage, lParam, nResult);
+    }
+}
+
+LRESULT CALLBACK OnMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) noexcept {
+    LRESULT nResult = 0;
+    try {
+        const bool bOurs = View && hWindow == View->hWindow;
+        if (bOurs && HandleMessage(nMessage, wParam, lParam, nResult)) return nResult;
+    } catch (...) {
+        return 0;  // one step of the program failed; the window goes on
+    }
+    return DefWindowProcW(hWindow, nMessage, wParam, lParam);
+}
+
+bool RegisterMainClass() {
+    WNDCLASSEXW Class{};
+    Class.cbSize = sizeof(Class);
+    Class.lpfnWndProc = OnMessage;
+    Class.hInstance = GetModuleHandleW(nullptr);
+    Class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    Class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    Class.lpszClassName = CLASS_NAME;
+    return RegisterClassExW(&Class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+bool MakeWindow() {
+    const HMENU hMenu = View->Menu.Build(View->Form.MenuBar);
+    if (hMenu == nullptr) return false;
+    View->hWindow =
+        CreateWindowExW(EXTENDED_STYLE, CLASS_NAME, View->Form.Caption.Get().c_str(), STYLE, 0, 0,
+                        0, 0, nullptr, hMenu, GetModuleHandleW(nullptr), nullptr);
+    if (View->hWindow == nullptr) {
+        static_cast<void>(DestroyMenu(hMenu));  // no window took it
+        return false;
+    }
+    return View->Children.Create(View->hWindow);
+}
+
+}  // namespace
+
+bool OpenMainWindow(forms::MainForm& Form) {
+    CloseMainWindow();
+    if (!RegisterMainClass()) return false;
+    View = std::make_unique<MainView>(Form);
+    if (!MakeWindow()) {
+        CloseMainWindow();
+        return false;
+    }
+    Form.OnShowChange = OnShowChange;
+    if (Form.Width > 0 || Form.Height > 0) PushSize();
+    for (win32::TimerView& Timer : View->Timers)
+        Timer.Push(View->hWindow);
+    if (Form.Visible) PushVisibility();
+    return true;
+}
+
+void CloseMainWindow() {
+    if (!View || View->hWindow == nullptr) return;
+    View->bClosing = true;
+    View->Form.OnShowChange = nullptr;
+    // Cannot be refused: the window is there and ours. What showed it stays until the next window,
+    // because a handler that closes it is still on its way back through there.
+    static_cast<void>(DestroyWindow(View->hWindow));
+}
+
+WindowHandle MainWindowHandle() {
+    return View ? win32::ToNumber(View->hWindow) : 0;
+}
+
+}  // namespace taviro::platform

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/map_painter.h"
+
+#include "platform/win32/screen.h"
+
+namespace taviro::platform::win32 {
+
+namespace {
+
+constexpr LONG LEFT_INSET = 2;  // pixels between a left-aligned text and the label's edge
+
+RECT RectangleOf(const forms::Label& Shown) {
+    if (!Shown.Visible) return {};
+    return {.left = Shown.Left,
+            .top = Shown.Top,
+            .right = Shown.Left + Shown.Width,
+            .bottom = Shown.Top + Shown.Height};
+}
+
+COLORREF ColourOr(uint32_t nColour, int nSystemColour) {
+    return nColour == forms::COLOUR_SYSTEM ? GetSysColor(nSystemColour) : nColour;
+}
+
+void Fill(HDC hTarget, const RECT& Area, COLORREF nColour) {
+    // The stock brush takes any colour, so nothing is made and deleted for each cell.
+    static_cast<void>(SetDCBrushColor(hTarget, nColour));
+    static_cast<void>(FillRect(hTarget, &Area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH))));
+}
+
+}  // namespace
+
+bool MapPainter::Note(const forms::Label& Changed) {
+    const bool bFirst = m_Changed.empty();
+    m_Changed.insert(&Changed);
+    return bFirst;
+}
+
+std::vector<RECT> MapPainter::TakeStale() {
+    std::vector<RECT> Stale;
+    for (const forms::Label* pChanged : m_Changed) {
+        const RECT Now = RectangleOf(*pChanged);
+        RECT& Before = m_Covered[pChanged];
+        if (IsRectEmpty(&Before) == FALSE && EqualRect(&Before, &Now) == FALSE) {
+            Stale.push_back(Before);
+        }
+        if (IsRectEmpty(&Now) == FALSE) Stale.push_back(Now);
+        Before = Now;
+    }
+    m_Changed.clear();
+    return Stale;
+}
+
+void MapPainter::Paint(HDC hWindowDc, const RECT& Clip, forms::MainForm& Form) {
+    const int nWidth = Clip.right - Clip.left;
+    const int nHeight = Clip.bottom - Clip.top;
+    if (nWidth <= 0 || nHeight <= 0) return;
+    const UniqueDc hBuffer(CreateCompatibleDC(hWindowDc));
+    const UniqueBitmap hBitmap(CreateCompatibleBitmap(hWindowDc, nWidth, nHeight));
+    if (!hBuffer || !hBitmap) {  // short of memory: rather a flicker than an empty window
+        PaintAll(hWindowDc, hWindowDc, Clip, Form);
+        return;
+    }
+    const HGDIOBJ hOldBitmap = SelectObject(hBuffer.get(), hBitmap.get());
+    // Drawing results have no taker here: what cannot be drawn now is drawn at the next repaint.
+    static_cast<void>(SetViewportOrgEx(hBuffer.get(), -Clip.left, -Clip.top, nullptr));
+    PaintAll(hBuffer.get(), hWindowDc, Clip, Form);
+    static_cast<void>(BitBlt(hWindowDc, Clip.left, Clip.top, nWidth, nHeight, hBuffer.get(),
+                             Clip.left, Clip.top, SRCCOPY));
+    static_cast<void>(SelectObject(hBuffer.get(), hOldBitmap));
+}
+
+void MapPainter::PaintAll(HDC hTarget, HDC hWindowDc, const RECT& Clip, forms::MainForm& Form) {
+    Fill(hTarget, Clip, GetSysColor(COLOR_BTNFACE));
+    const HGDIOBJ hOldFont = GetCurrentObject(hTarget, OBJ_FONT);
+    static_cast<void>(SetBkMode(hTarget, TRANSPARENT));
+    const auto PaintIfStale = [&](const forms::Label& Shown) {
+        const RECT Area = RectangleOf(Shown);
+        if (IsRectEmpty(&Area) == FALSE && RectVisible(hWindowDc, &Area) != FALSE) {
+            PaintLabel(hTarget, Shown);
+        }
+    };
+    for (int32_t i = 1; i < forms::CELL_LABEL_COUNT; ++i) {
+        if (const forms::Label* pCell = Form.CellLabel(i)) PaintIfStale(*pCell);
+    }
+    PaintIfStale(Form.Label1);
+    static_cast<void>(SelectObject(hTarget, hOldFont));
+}
+
+void MapPainter::PaintLabel(HDC hTarget, const forms::Label& Shown) {
+    RECT Area = RectangleOf(Shown);
+    Fill(hTarget, Area, ColourOr(Shown.BackColour, COLOR_BTNFACE));
+    const std::wstring& strCaption = Shown.Caption;
+    if (strCaption.empty()) return;
+    static_cast<void>(SetTextColor(hTarget, ColourOr(Shown.TextColour, COLOR_BTNTEXT)));
+    static_cast<void>(SelectObject(hTarget, FontOf(Shown)));
+    UINT nFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+    if (Shown.TextAlignment == forms::Alignment::Centre) {
+        nFormat |= DT_CENTER;
+    } else {
+        Area.left += LEFT_INSET;
+    }
+    static_cast<void>(DrawTextW(hTarget, strCaption.c_str(), static_cast<int>(strCaption.size()),
+                                &Area, nFormat));
+}
+
+HFONT MapPainter::FontOf(const forms::Label& Shown) {
+    const forms::Font& Wanted = Shown.TextFont;
+    for (const auto& [Known, hFont] : m_Fonts) {
+        if (Known == Wanted) return hFont.get();
+    }
+    UniqueFont hMade = MakeScreenFont(Wanted);
+    if (!hMade) return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+    m_Fonts.emplace_back(Wanted, std::move(hMade));
+    return m_Fonts.back().second.get();
+}
+
+}  // namespace taviro::platform::win32

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "platform/shell.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <utility>
+
+#include "platform/win32/handles.h"
+#include "platform/win32/numbers.h"
+
+namespace taviro::platform {
+
+namespace {
+win32::UniqueHandle hSingleInstance;  // the claim, held until the program ends
+}
+
+/// The shell's own record stands at the address; this type never exists by itself.
+struct ItemIdList {
+    ITEMIDLIST System;
+};
+
+uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*& pList) {
+    PIDLIST_ABSOLUTE pFound = nullptr;
+    const HRESULT nResult = SHGetSpecialFolderLocation(win32::ToHwnd(hOwner), nFolderId, &pFound);
+    if (nResult == S_OK) pList = reinterpret_cast<ItemIdList*>(pFound);
+    return static_cast<uint32_t>(nResult);
+}
+
+bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
+    if (pList == nullptr || Buffer.size() < MAX_PATH) return false;
+    // The wide call: the user's name in the path may hold letters that the code page lacks.
+    return SHGetPathFromIDListW(reinterpret_cast<PCIDLIST_ABSOLUTE>(pList), Buffer.data()) != FALSE;
+}
+
+intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
+                               const std::wstring& strParameters, int32_t nShowCommand) {
+    const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strFile.c_str(),
+                                            strParameters.c_str(), L"", nShowCommand);
+    return reinterpret_cast<intptr_t>(hResult);
+}
+
+std::wstring ProgramFolder() {
+    std::wstring strPath(MAX_PATH, L'\0');
+    DWORD nLength = GetModuleFileNameW(nullptr, strPath.data(), MAX_PATH);
+    while (nLength == strPath.size()) {  // cut off: a longer path than the buffer
+        strPath.resize(strPath.size() * 2);
+        nLength = GetModuleFileNameW(nullptr, strPath.data(), static_cast<DWORD>(strPath.size()));
+    }
+    strPath.resize(nLength);
+    return strPath.substr(0, std::min(strPath.rfind(L'\\'), strPath.size()));
+}
+
+bool ClaimSingleInstance() {
+    if (hSingleInstance) return true;
+    win32::UniqueHandle hMutex(CreateMutexW(nullptr, FALSE, L"Local\\Taviro"));
+    const DWORD nError = GetLastError();
+    if (hMutex && nError == ERROR_ALREADY_EXISTS) return false;
+    // An instance with higher rights holds it out of reach. Any other refusal of the mutex must not
+    // keep the user from the program.
+    if (!hMutex && nError == ERROR_ACCESS_DENIED) return false;
+    hSingleInstance = std::move(hMutex);
+    return true;
+}
+
+}  // namespace taviro::platform

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Values of automation calls as the system's variants and back. Null BSTR stays a null string on
+// the way out; on the way in it is an empty text, as every automation client reads it.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include "platform/automation.h"
+
+namespace taviro::platform {
+
+/// A live object: one reference, released with the last copy of the AutomationObject.
+struct AutomationServer {
+    explicit AutomationServer(IDispatch* pOwned) : pDispatch(pOwned) {}
+    AutomationServer(const AutomationServer&) = delete;
+    AutomationServer& operator=(const AutomationServer&) = delete;
+    ~AutomationServer() { pDispatch->Release(); }
+
+    IDispatch* const pDispatch;  ///< never null
+};
+
+}  // namespace taviro::platform
+
+namespace taviro::platform::win32 {
+
+/// A variant that is cleared at its end.
+class Variant {
+  public:
+    Variant() { VariantInit(&m_Value); }
+    Variant(const Variant&) = delete;
+    Variant& operator=(const Variant&) = delete;
+    ~Variant() { static_cast<void>(VariantClear(&m_Value)); }  // frees whatever it holds
+
+    VARIANT* Get() { return &m_Value; }
+
+  private:
+    VARIANT m_Value{};
+};
+
+/// Fills an empty variant. Returns false when memory runs out.
+bool ToVariant(const AutomationValue& Value, VARIANT& Variant);
+
+/// Makes Reference point at the content of Held: what a callee gets of a by-reference argument.
+void ReferTo(VARIANT& Held, VARIANT& Reference);
+
+/// The variant's value; what the contract's types cannot hold becomes empty.
+AutomationValue FromVariant(const VARIANT& Variant);
+
+}  // namespace taviro::platform::win32

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "platform/windows_and_processes.h"
+
+#include <windows.h>
+
+#include <iterator>
+#include <tlhelp32.h>
+
+#include "platform/win32/handles.h"
+#include "platform/win32/numbers.h"
+
+namespace taviro::platform {
+
+#ifndef _WIN64
+static_assert(sizeof(GUITHREADINFO) == 48);
+static_assert(sizeof(tagPROCESSENTRY32) == 296);  // the entry of the ANSI walk
+#endif
+
+using win32::ToHwnd;
+using win32::ToNumber;
+
+WindowHandle ForegroundActiveWindow() {
+    GUITHREADINFO Info{};
+    Info.cbSize = sizeof(Info);
+    if (GetGUIThreadInfo(0, &Info) == FALSE) return 0;
+    return ToNumber(Info.hwndActive);
+}
+
+uint32_t WindowProcess(WindowHandle hWindow) {
+    DWORD nProcess = 0;
+    if (GetWindowThreadProcessId(ToHwnd(hWindow), &nProcess) == 0) return 0;
+    return nProcess;
+}
+
+uint32_t WindowThread(WindowHandle hWindow) {
+    return GetWindowThreadProcessId(ToHwnd(hWindow), nullptr);
+}
+
+WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle) {
+    const wchar_t* pClass = strClass.empty() ? nullptr : strClass.c_str();
+    const wchar_t* pTitle = strTitle.empty() ? nullptr : strTitle.c_str();
+    return ToNumber(FindWindowW(pClass, pTitle));
+}
+
+bool WindowRect(WindowHandle hWindow, ScreenRect& Rect) {
+    RECT Found{};
+    if (GetWindowRect(win32::ToHwnd(hWindow), &Found) == FALSE) return false;
+    Rect = {.nLeft = Found.left, .nTop = Found.top, .nRight = Found.right, .nBottom = Found.bottom};
+    return true;
+}
+
+bool IsWindowHandle(WindowHandle hWindow) {
+    return IsWindow(ToHwnd(hWindow)) != FALSE;
+}
+
+std::wstring WindowClassName(WindowHandle hWindow) {
+    wchar_t strName[257] = {};  // a class name has at most 256 characters
+    const int nLength =
+        GetClassNameW(ToHwnd(hWindow), strName, static_cast<int>(std::size(strName)));
+    return {strName, static_cast<size_t>(nLength)};
+}
+
+std::vector<ProcessEntry> SnapshotProcesses() {
+    const win32::UniqueHandle hSnapshot =
+        win32::OwnUnlessInvalid(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    if (!hSnapshot) return {};
+    std::vector<ProcessEntry> Entries;
+    PROCESSENTRY32W Entry{};
+    Entry.dwSize = sizeof(Entry);
+    for (BOOL bMore = Process32FirstW(hSnapshot.get(), &Entry); bMore != FALSE;
+         bMore = Process32NextW(hSnapshot.get(), &Entry)) {
+        Entries.push_back({Entry.th32ProcessID, Entry.szExeFile});
+    }
+    return Entries;
+}
+
+bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
+    return AttachThreadInput(nThread, nToThread, bAttach ? TRUE : FALSE) != FALSE;
+}
+
+bool SetForeground(WindowHandle hWindow) {
+    return SetForegroundWindow(ToHwnd(hWindow)) != FALSE;
+}
+
+}  // namespace taviro::platform

@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+"""A desktop for one test: a Wine prefix on a display, the probe in it, and on demand Taviro and an
+editor. Everything ends with it."""
+
+import contextlib
+
+from display import Display
+from editor import Editor
+from probe import Probe
+from program import Program
+from wine import BUILD, Prefix, environment
+
+
+class Desktop:
+    def __init__(self, display):
+        self.display = display
+        self._ends = contextlib.ExitStack()
+        try:
+            self.prefix = Prefix()
+            self._ends.callback(self.prefix.close)
+            self.env = environment(self.prefix.path, display.name)
+            self.probe = Probe(BUILD / "win64" / "e2e" / "desktop_probe.exe", self.env)
+            self._ends.callback(self.probe.close)
+            assert self.probe.code_pages() == (1250, 852), "Wine is not set up for Czech"
+        except BaseException:
+            self._ends.close()
+            raise
+
+    def program(self, **options):
+        """Taviro, ready to be started."""
+        program = Program(self.prefix, self.display, self.probe, **options)
+        self._ends.callback(program.kill)
+        return program
+
+    def editor(self, **options):
+        """An editor that has the focus."""
+        editor = Editor(self.probe, self.env, **options)
+        self._ends.callback(editor.close)
+        return editor
+
+    def close(self):
+        self._ends.close()
+
+
+@contextlib.contextmanager
+def new_desktop():
+    """A desktop on a display of its own."""
+    with contextlib.closing(Display()) as display, \
+            contextlib.closing(Desktop(display)) as desktop:
+        yield desktop

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// What the probe can be asked. Each command gets its fields, its own name first, answers with lines
+// and returns an empty text, or the reason why it failed.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace taviro::probe {
+
+using Fields = std::vector<std::wstring>;
+
+/// One command: its name, how many fields follow the name, what it does.
+struct Command {
+    const wchar_t* strName;
+    size_t nFields;
+    std::wstring (*pRun)(const Fields& Request);
+};
+
+/// Windows and their texts.
+extern const std::vector<Command> WindowCommands;
+/// Keys, files and time.
+extern const std::vector<Command> SystemCommands;
+
+}  // namespace taviro::probe

@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: MIT
+"""Taviro itself: a copy of the program's folder with the stand-in beside it, started in a prefix."""
+
+import shutil
+import subprocess
+
+from map_file import Map
+from probe import WM_CLOSE
+from standin import Standin
+from waiting import wait_until
+from wine import BUILD, environment, windows_path
+
+CAPTION = "Taviro - "
+START_SECONDS = 30
+END_SECONDS = 20
+
+
+class Program:
+    def __init__(self, prefix, display, probe, build="win64", present=True):
+        self._prefix = prefix
+        self._display = display
+        self.probe = probe
+        self._processes = []
+        built = BUILD / build
+        self.folder = prefix.folder / build
+        shutil.copytree(built / "taviro", self.folder)
+        shutil.copy2(built / "e2e" / "winmm.dll", self.folder)
+        self.standin = Standin(prefix.folder / f"{build}.standin", present)
+        self.data_folder = (prefix.roaming_folder()
+                            / "Nordane" / "Corvela" / "v2.2" / "taviro")
+        self.position = (1, 1)
+        self._map = None
+
+    # Running.
+
+    def launch(self):
+        """Starts the executable without waiting for anything."""
+        env = environment(self._prefix.path, self._display.name)
+        env["TAVIRO_STANDIN"] = windows_path(self.standin.path)
+        process = subprocess.Popen(["wine", str(self.folder / "taviro.exe")], env=env,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        self._processes.append(process)
+        return process
+
+    def find_window(self):
+        return self.probe.window(CAPTION)
+
+    def start(self, seconds=START_SECONDS):
+        """Starts the program and waits for its window."""
+        process = self.launch()
+        self.position = (1, 1)
+        return wait_until(lambda: self.find_window() or self._ended(process),
+                          "the program's window", seconds)
+
+    @staticmethod
+    def _ended(process):
+        if process.poll() is not None:
+            raise AssertionError(f"the program ended with {process.returncode} before its window")
+
+    def close(self):
+        """Closes the window as a user does; returns the exit code."""
+        self.probe.post(self.window().handle, WM_CLOSE)
+        return self.wait_for_end()
+
+    def wait_for_end(self, seconds=END_SECONDS):
+        return self._processes[-1].wait(seconds)
+
+    def kill(self):
+        for process in self._processes:
+            if process.poll() is None:
+                process.kill()
+                process.wait(END_SECONDS)
+
+    # What it shows.
+
+    def window(self):
+        window = self.find_window()
+        assert window, "the program has no window"
+        return window
+
+    def highlighted(self):
+        """The caption of the highlighted cell, as the window's title tells it."""
+        return self.window().caption.removeprefix(CAPTION)
+
+    # Driving it with the stick.
+
+    def map(self):
+        if self._map is None:
+            self._map = Map(self.data_folder / "data.ini")
+        return self._map
+
+    def go_to(self, cell):
+        """Tilts until a cell is highlighted."""
+        for direction in self.map().path(self.position, cell.position):
+            self.standin.tilt(direction)
+            self.position = self.map().move(self.position, direction)
+        wait_until(lambda: self.highlighted() == cell.caption,
+                   lambda: f"the highlight on {cell.caption!r}; it is on {self.highlighted()!r}")
+
+    def run_cell(self, cell):
+        """Goes to a cell and presses the action button."""
+        self.go_to(cell)
+        self.standin.press(0)
+
+    def setting_file(self):
+        return self.data_folder / "setting.ini"

@@ -1,0 +1,71 @@
+# SPDX-License-Identifier: MIT
+"""Each check finds its fault in a bad sample, and nothing in a good one."""
+
+import pytest
+
+import floors
+import sizes
+import style
+import words
+
+LICENCE = "// SPDX-License-Identifier: MIT\n"
+SHEBANG = "#!/usr/bin/env bash\n"
+
+# Check, a tree with one fault, what the complaint names.
+BAD = [
+    (floors.upward_includes, {"maps/a.cpp": '#include "core/b.h"\n', "core/b.h": ""}, "core/b.h"),
+    (floors.upward_includes, {"maps/a.cpp": '#include "feedback/b.h"\n'}, "feedback/b.h"),
+    (floors.upward_includes, {"maps/a.cpp": '#include "tests/b.h"\n'}, "tests/b.h"),
+    (floors.upward_includes, {"maps/a.cpp": '#include "elsewhere/b.h"\n'}, "no known floor"),
+    (floors.upward_includes, {"predictor/a.cpp": '#include "platform/b.h"\n'}, "shares nothing"),
+    (floors.include_cycles, {"maps/a.h": '#include "maps/b.h"\n',
+                             "maps/b.h": '#include "maps/a.h"\n'}, "maps/a.h -> maps/b.h"),
+    (floors.include_cycles, {"maps/a.h": '#include "maps/b.h"\n', "maps/b.h": '#include "maps/c.h"',
+                             "maps/c.h": '#include "maps/a.h"\n'}, "maps/c.h -> maps/a.h"),
+    (floors.windows_headers, {"core/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),
+    (floors.windows_headers, {"platform/headless/a.cpp": "#  include <MMSystem.h>\n"}, "MMSystem"),
+    (sizes.long_files, {"core/a.cpp": "\n" * 401}, "401 lines"),
+    (style.unformatted_files, {".clang-format": "BasedOnStyle: Google\n",
+                               "core/a.cpp": "int  a ;\n"}, "core/a.cpp"),
+    (style.shell_faults, {"a.sh": SHEBANG + "cd $1\n"}, "SC2164"),
+    (words.unfinished_work, {"core/a.cpp": "// TO" + "DO: later\n"}, "core/a.cpp:1"),
+    (words.unfinished_work, {"docs/a.md": "text\nx" + "xx\n"}, "docs/a.md:2"),
+    (words.foreign_origins, {"docs/a.md": "see the sp" + "ec\n"}, "docs/a.md:1"),
+    (words.foreign_origins, {"docs/a.md": "as Part " + "1.2 says\n"}, "docs/a.md:1"),
+    (words.foreign_origins, {"run": "cd /wo" + "rk/main\n"}, "run:1"),
+    (words.missing_licence_lines, {"core/a.h": "#pragma once\n"}, "core/a.h"),
+    (words.missing_licence_lines, {"core/a.cpp": "\n" + LICENCE}, "core/a.cpp"),
+    (words.missing_licence_lines, {"tools/a.sh": SHEBANG}, "tools/a.sh"),
+]
+
+GOOD = {
+    ".clang-format": "BasedOnStyle: Google\n",
+    "state/a.h": LICENCE,
+    "core/a.h": LICENCE + '#include "maps/a.h"\n',
+    "maps/a.h": LICENCE + '#include "state/a.h"\n',
+    "platform/win32/a.cpp": LICENCE + "#include <windows.h>\n",
+    "tests/unit/a.cpp": LICENCE + '#include "core/a.h"\n',
+    "tools/a.sh": SHEBANG + "# SPDX-License-Identifier: MIT\ntrue\n",
+    "data/data.ini": "[1,1]TO" + "DO,65\n",
+    "docs/long.md": "\n" * 1000,
+}
+
+
+@pytest.mark.parametrize("check, texts, named", BAD,
+                         ids=[f"{check.__name__}-{named}" for check, _, named in BAD])
+def test_check_finds(sample, check, texts, named):
+    problems = check(sample(texts))
+    assert [problem for problem in problems if named in problem], problems
+
+
+@pytest.mark.parametrize("check", sorted({check for check, _, _ in BAD}, key=lambda c: c.__name__),
+                         ids=lambda check: check.__name__)
+def test_check_accepts_a_good_tree(sample, check):
+    assert check(sample(GOOD)) == []
+
+
+def test_long_table_is_exempt_until_it_is_short(sample):
+    root = sample({"maps/table.cpp": "\n" * 500, "maps/short.cpp": "\n"})
+    assert sizes.long_files(root, {"maps/table.cpp": "a table"}) == []
+    assert "can go" in sizes.long_files(root, {"maps/table.cpp": "a table",
+                                               "maps/short.cpp": "was a table"})[0]

@@ -1,0 +1,20 @@
+# SPDX-License-Identifier: MIT
+"""The checks, on Taviro's own tree."""
+
+import pytest
+
+import floors
+import sizes
+import style
+import words
+from tree import ROOT
+
+CHECKS = (floors.upward_includes, floors.include_cycles, floors.windows_headers, sizes.long_files,
+          style.unformatted_files, style.shell_faults, words.unfinished_work,
+          words.foreign_origins, words.missing_licence_lines)
+
+
+@pytest.mark.parametrize("check", CHECKS, ids=lambda check: check.__name__)
+def test_tree_has_no(check):
+    problems = check(ROOT)
+    assert not problems, "\n" + "\n".join(problems)

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// Synthetic input arrives in a window of our own, and the hook sees it on its way.
+#include "platform/keys.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "platform/keyboard_hook.h"
+#include "tests/win32/test_support.h"
+
+namespace taviro::platform {
+namespace {
+
+std::vector<std::string> Received;  // "down 65", "up 65", "hook 65"
+
+LRESULT CALLBACK OnReceiverMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    if (nMessage == WM_KEYDOWN) Received.push_back("down " + std::to_string(wParam));
+    if (nMessage == WM_KEYUP) Received.push_back("up " + std::to_string(wParam));
+    return DefWindowProcW(hWindow, nMessage, wParam, lParam);
+}
+
+/// A window in front that has the focus.
+class KeysTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        WNDCLASSW Class{};
+        Class.lpfnWndProc = OnReceiverMessage;
+        Class.lpszClassName = L"TaviroKeyReceiver";
+        RegisterClassW(&Class);  // fails, harmlessly, from the second test on
+        m_hWindow = CreateWindowExW(0, Class.lpszClassName, L"keys", WS_OVERLAPPEDWINDOW, 0, 400,
+                                    200, 100, nullptr, nullptr, nullptr, nullptr);
+        ASSERT_NE(m_hWindow, nullptr);
+        ShowWindow(m_hWindow, SW_SHOW);
+        ASSERT_TRUE(tests::RunMessagesUntil([this] {
+            SetForegroundWindow(m_hWindow);
+            return GetForegroundWindow() == m_hWindow && GetFocus() == m_hWindow;
+        }));
+        Received.clear();
+    }
+    void TearDown() override { DestroyWindow(m_hWindow); }
+
+    static bool Arrives(const std::vector<std::string>& Expected) {
+        return tests::RunMessagesUntil([&] { return Received.size() >= Expected.size(); }) &&
+               Received == Expected;
+    }
+
+    HWND m_hWindow = nullptr;
+};
+
+KeyRecord Key(uint16_t nVk, uint32_t nFlags) {
+    return {.wVk = nVk, .dwFlags = nFlags};
+}
+
+TEST_F(KeysTest, SendInput_ArrivesInOrder_WhenOfVirtualKeys) {
+    const std::vector<InputRecord> Records{Key('A', KEY_FLAG_DOWN), Key('A', KEY_FLAG_UP),
+                                           Key(VK_RIGHT, KEY_FLAG_DOWN),
+                                           Key(VK_RIGHT, KEY_FLAG_UP)};
+    EXPECT_EQ(SendInputRecords(Records), 4U);
+    EXPECT_TRUE(Arrives({"down 65", "up 65", "down 39", "up 39"}))
+        << testing::PrintToString(Received);
+}
+
+TEST_F(KeysTest, SendInput_SendsNothing_WhenEmpty) {
+    EXPECT_EQ(SendInputRecords({}), 0U);
+}
+
+TEST_F(KeysTest, KeybdEvent_Arrives_WhenDownAndUp) {
+    KeybdEvent('B', 0, KEY_FLAG_DOWN, 0);
+    KeybdEvent('B', 0, KEY_FLAG_UP, 0);
+    EXPECT_TRUE(Arrives({"down 66", "up 66"})) << testing::PrintToString(Received);
+}
+
+intptr_t SwallowB(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record) {
+    Received.push_back("hook " + std::to_string(Record.vkCode) +
+                       ((Record.flags & HOOK_FLAG_UP) != 0 ? " up" : " down"));
+    if (Record.vkCode == 'B') return 1;
+    return CallNextHook(0, nCode, wParam, Record);
+}
+
+TEST_F(KeysTest, Hook_SeesAllAndSwallows_WhenItSaysSo) {
+    const uintptr_t hHook = InstallHook(HOOK_KEYBOARD_LL, SwallowB);
+    ASSERT_NE(hHook, 0U);
+    const std::vector<InputRecord> Records{Key('B', KEY_FLAG_DOWN), Key('B', KEY_FLAG_UP),
+                                           Key('C', KEY_FLAG_DOWN), Key('C', KEY_FLAG_UP)};
+    EXPECT_EQ(SendInputRecords(Records), 4U);
+    ASSERT_TRUE(tests::RunMessagesUntil([] {
+        return std::ranges::count(Received, "down 67") + std::ranges::count(Received, "up 67") == 2;
+    })) << testing::PrintToString(Received);
+    for (const char* pSeen : {"hook 66 down", "hook 66 up", "hook 67 down", "hook 67 up"}) {
+        EXPECT_EQ(std::ranges::count(Received, pSeen), 1) << pSeen;
+    }
+    EXPECT_EQ(std::ranges::count(Received, "down 66"), 0) << "swallowed";
+    EXPECT_TRUE(RemoveHook(hHook));
+    EXPECT_FALSE(RemoveHook(hHook));
+}
+
+TEST(Layout_AgreesWithItself, WhenLettersAreLookedUp) {
+    for (const uint8_t c : {uint8_t{'a'}, uint8_t{'q'}, uint8_t{'m'}}) {
+        const int16_t nScan = VkKeyScanAnsi(c);
+        ASSERT_NE(nScan, -1) << c;
+        EXPECT_EQ(nScan & 0x700, 0);
+        const uint32_t nVk = static_cast<uint32_t>(nScan & 0xFF);
+        EXPECT_NE(MapVirtualKeyCode(nVk, 0), 0U);
+        uint16_t nCharacter = 0;
+        EXPECT_EQ(KeyToAnsi(nVk, 0, {}, nCharacter), 1);
+        EXPECT_EQ(nCharacter & 0xFF, c);
+    }
+    EXPECT_EQ(VkKeyScanAnsi('A') & 0x700, 0x100) << "a capital needs Shift";
+    EXPECT_EQ(CharToOemAnsi('a'), 'a');
+    EXPECT_NE(OemKeyScanCode('a'), 0xFFFFFFFFU);
+}
+
+}  // namespace
+}  // namespace taviro::platform

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+// The main form's real window: size, painting, what other programs and the user do to it.
+#include "platform/main_window.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "platform/messages.h"
+#include "platform/metrics.h"
+#include "platform/win32/numbers.h"
+#include "tests/win32/test_support.h"
+
+namespace taviro::platform {
+namespace {
+
+using forms::FrmMain;
+
+constexpr int32_t CELL_WIDTH = 40;
+constexpr int32_t CELL_HEIGHT = 30;
+
+void LayOut(int32_t nColumns, int32_t nRows) {
+    for (int32_t nRow = 0; nRow < nRows; ++nRow) {
+        for (int32_t nColumn = 0; nColumn < nColumns; ++nColumn) {
+            forms::Label& Cell = *FrmMain->CreateCellLabel(nRow * 50 + nColumn + 1);
+            Cell.Left = nColumn * (CELL_WIDTH + 1);
+            Cell.Top = nRow * (CELL_HEIGHT + 1);
+            Cell.Width = CELL_WIDTH;
+            Cell.Height = CELL_HEIGHT;
+            Cell.BackColour = forms::COLOUR_BLACK;
+            Cell.TextColour = forms::COLOUR_WHITE;
+        }
+    }
+    FrmMain->Width = ((nColumns - 1) * (CELL_WIDTH + 1) + CELL_WIDTH) * TwipsPerPixelX();
+    FrmMain->Label1.Width = FrmMain->nScaleWidth;
+    FrmMain->Label1.Top = nRows * (CELL_HEIGHT + 1);
+    FrmMain->Height =
+        (FrmMain->Label1.Top + FrmMain->Label1.Height + SystemMetric(Metric::MenuHeight) +
+         2 * SystemMetric(Metric::FrameHeight) + SystemMetric(Metric::CaptionHeight)) *
+        TwipsPerPixelY();
+}
+
+class MainWindowTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        CloseMainWindow();
+        FrmMain = std::make_unique<forms::MainForm>();
+        ASSERT_TRUE(OpenMainWindow(*FrmMain));
+        FrmMain->List1.Visible = false;
+    }
+    void TearDown() override { CloseMainWindow(); }
+
+    static HWND Window() { return win32::ToHwnd(MainWindowHandle()); }
+    static void ShowMap(int32_t nColumns, int32_t nRows) {
+        LayOut(nColumns, nRows);
+        FrmMain->Show();
+        UpdateWindow(Window());
+        RunPendingMessages();
+    }
+    static RECT Inner() {
+        RECT Area{};
+        GetClientRect(Window(), &Area);
+        return Area;
+    }
+    static COLORREF Pixel(int nX, int nY) {
+        const HDC hDc = GetDC(Window());
+        const COLORREF nColour = GetPixel(hDc, nX, nY);
+        ReleaseDC(Window(), hDc);
+        return nColour;
+    }
+};
+
+TEST_F(MainWindowTest, Size_IsExactlyTheMapAndTheStatusLine_WhateverTheMapsSize) {
+    for (const auto& [nColumns, nRows] : {std::pair{12, 6}, {20, 8}, {1, 1}, {3, 2}, {12, 6}}) {
+        ShowMap(nColumns, nRows);
+        const int32_t nWidth = (nColumns - 1) * (CELL_WIDTH + 1) + CELL_WIDTH;
+        EXPECT_EQ(Inner().right, nWidth) << nColumns << " columns";
+        EXPECT_EQ(Inner().bottom, FrmMain->Label1.Top + FrmMain->Label1.Height) << nRows << " rows";
+        EXPECT_EQ(FrmMain->nScaleWidth, nWidth);
+        EXPECT_EQ(FrmMain->Label1.Width, nWidth) << "the layout reads the inner width at once";
+    }
+}
+
+TEST_F(MainWindowTest, Size_ComesBack_WhenTheUserChangedItBeforeALayout) {
+    ShowMap(3, 2);
+    const RECT Laid = Inner();
+    ASSERT_NE(SetWindowPos(Window(), nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER), FALSE);
+    EXPECT_EQ(FrmMain->nScaleWidth, Inner().right);
+    EXPECT_NE(FrmMain->nScaleWidth, Laid.right);
+    ShowMap(3, 2);
+    EXPECT_EQ(Inner().right, Laid.right);
+    EXPECT_EQ(Inner().bottom, Laid.bottom);
+}
+
+TEST_F(MainWindowTest, Place_IsTheTopRightCornerAndThenOnScreen_WhenItGrows) {
+    ShowMap(3, 2);
+    RECT Work{};
+    ASSERT_NE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &Work, 0), FALSE);
+    RECT Outer{};
+    GetWindowRect(Window(), &Outer);
+    EXPECT_EQ(Outer.right, Work.right);
+    EXPECT_EQ(Outer.top, Work.top);
+    ShowMap(20, 8);
+    GetWindowRect(Window(), &Outer);
+    EXPECT_EQ(Outer.right, Work.right);
+    const LONG nLeft = Outer.left;
+    ShowMap(3, 2);
+    GetWindowRect(Window(), &Outer);
+    EXPECT_EQ(Outer.left, nLeft) << "it keeps its place when there is room";
+}
+
+TEST_F(MainWindowTest, Styles_AreOnTopAndMinimisable_WhenShown) {
+    ShowMap(3, 2);
+    EXPECT_NE(GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    EXPECT_NE(GetWindowLongW(Window(), GWL_STYLE) & WS_MINIMIZEBOX, 0);
+    FrmMain->Caption = std::wstring(L"Taviro - Šipka žluť");
+    wchar_t strTitle[64] = {};
+    GetWindowTextW(Window(), strTitle, 64);
+    EXPECT_STREQ(strTitle, L"Taviro - Šipka žluť");
+}
+
+TEST_F(MainWindowTest, Size_FollowsTheMap_WhenItChangedWhileMinimised) {
+    ShowMap(3, 2);
+    ShowWindow(Window(), SW_SHOWMINNOACTIVE);
+    LayOut(5, 4);
+    EXPECT_EQ(FrmMain->nScaleWidth, 4 * (CELL_WIDTH + 1) + CELL_WIDTH);
+    ShowWindow(Window(), SW_SHOWNOACTIVATE);
+    EXPECT_TRUE(tests::RunMessagesUntil([] { return Inner().right == FrmMain->nScaleWidth; }));
+    EXPECT_EQ(FrmMain->nScaleWidth, 4 * (CELL_WIDTH + 1) + CELL_WIDTH);
+    EXPECT_EQ(Inner().bottom, FrmMain->Label1.Top + FrmMain->Label1.Height);
+}
+
+TEST_F(MainWindowTest, Paint_ShowsTheCellsColours_WhenTheHighlightMoves) {
+    if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
+    ShowMap(3, 2);
+    EXPECT_EQ(Pixel(5, 5), forms::COLOUR_BLACK);
+    EXPECT_EQ(Pixel(CELL_WIDTH, 5), GetSysColor(COLOR_BTNFACE)) << "the gap between two cells";
+    FrmMain->CellLabel(2)->BackColour = forms::COLOUR_WHITE;
+    RunPendingMessages();
+    EXPECT_EQ(Pixel(CELL_WIDTH + 6, 5), forms::COLOUR_WHITE);
+    EXPECT_EQ(Pixel(5, 5), forms::COLOUR_BLACK);
+}
+
+TEST_F(MainWindowTest, Repaint_IsOfTheChangedCellsOnly_WhenColoursChange) {
+    ShowMap(3, 2);
+    FrmMain->CellLabel(2)->BackColour = forms::COLOUR_WHITE;
+    MSG Message{};
+    // Our own notice comes before the paint that it asks for; run it alone.
+    ASSERT_NE(PeekMessageW(&Message, Window(), WM_APP, 0xBFFF, PM_REMOVE), FALSE);
+    DispatchMessageW(&Message);
+    RECT Stale{};
+    ASSERT_NE(GetUpdateRect(Window(), &Stale, FALSE), FALSE);
+    const RECT Cell{CELL_WIDTH + 1, 0, 2 * CELL_WIDTH + 1, CELL_HEIGHT};
+    EXPECT_NE(EqualRect(&Stale, &Cell), FALSE) << Stale.left << " " << Stale.right;
+}
+
+TEST_F(MainWindowTest, Click_DoesNotActivate_WhenOnTheMapOnly) {
+    ShowMap(3, 2);
+    POINT Outside{Inner().right + 200, Inner().bottom + 200};
+    ASSERT_NE(SetCursorPos(Outside.x % 50, 700), FALSE);
+    const auto Activate = [](WORD nHit) {
+        return SendMessageW(Window(), WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(Window()),
+                            MAKELPARAM(nHit, WM_LBUTTONDOWN));
+    };
+    EXPECT_EQ(Activate(HTCLIENT), MA_NOACTIVATE);
+    EXPECT_EQ(Activate(HTMENU), MA_ACTIVATE);
+    EXPECT_EQ(Activate(HTMINBUTTON), MA_ACTIVATE);
+}
+
+TEST_F(MainWindowTest, Click_ReportsTheButton_WhenReleasedOverTheMap) {
+    std::vector<forms::MouseButton> Released;
+    FrmMain->Label2.OnMouseUp = [&](forms::MouseButton n) { Released.push_back(n); };
+    ShowMap(3, 2);
+    SendMessageW(Window(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    SendMessageW(Window(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(Released, (std::vector{forms::MouseButton::Left, forms::MouseButton::Right}));
+}
+
+TEST_F(MainWindowTest, CommandBox_RunsTheHandler_WhenAnotherThreadWritesIntoIt) {
+    if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
+    std::vector<std::wstring> Commands;
+    FrmMain->txtCmd.OnChange = [&] {
+        Commands.push_back(FrmMain->txtCmd.Text);
+        if (!FrmMain->txtCmd.Text.Get().empty()) FrmMain->txtCmd.Text = std::wstring();
+    };
+    ShowMap(3, 2);
+    const HWND hBox = FindWindowExW(Window(), nullptr, L"EDIT", nullptr);
+    ASSERT_NE(hBox, nullptr);
+    EXPECT_EQ(IsWindowVisible(hBox), FALSE);
+    bool bWritten = false;
+    std::thread Other([&] {
+        SendMessageW(hBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"right"));
+        SendMessageW(hBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"right"));
+        bWritten = true;
+        PostMessageW(hBox, WM_NULL, 0, 0);
+    });
+    EXPECT_TRUE(tests::RunMessagesUntil([&] { return bWritten; }));
+    Other.join();
+    EXPECT_EQ(Commands, (std::vector<std::wstring>{L"right", L"", L"right", L""}));
+    EXPECT_EQ(GetWindowTextLengthW(hBox), 0);
+}
+
+TEST_F(MainWindowTest, List_ShowsItemsAndSelection_WhenTheModelChanges) {
+    if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
+    ShowMap(3, 2);
+    const HWND hList = FindWindowExW(Window(), nullptr, L"LISTBOX", nullptr);
+    ASSERT_NE(hList, nullptr);
+    EXPECT_EQ(IsWindowVisible(hList), FALSE);
+    int nClicks = 0;
+    FrmMain->List1.OnClick = [&] { ++nClicks; };
+    FrmMain->List1.AddItem(L"kůň");
+    FrmMain->List1.AddItem(L"žába");
+    FrmMain->List1.Visible = true;
+    FrmMain->List1.ListIndex = 0;
+    EXPECT_NE(IsWindowVisible(hList), FALSE);
+    EXPECT_EQ(SendMessageW(hList, LB_GETCOUNT, 0, 0), 2);
+    EXPECT_EQ(SendMessageW(hList, LB_GETCURSEL, 0, 0), 0);
+    const LRESULT nItemHeight = SendMessageW(hList, LB_GETITEMHEIGHT, 0, 0);
+    const HWND hFocus = GetFocus();
+    SendMessageW(hList, WM_LBUTTONDOWN, 0, MAKELPARAM(3, nItemHeight + 2));
+    EXPECT_EQ(FrmMain->List1.ListIndex, 1);
+    EXPECT_EQ(nClicks, 2);
+    EXPECT_EQ(GetFocus(), hFocus);
+    FrmMain->List1.Clear();
+    EXPECT_EQ(SendMessageW(hList, LB_GETCOUNT, 0, 0), 0);
+}
+
+TEST_F(MainWindowTest, Menu_MirrorsTheEntries_WhenTheyChange) {
+    int nClicks = 0;
+    FrmMain->mnuLog.OnClick = [&] { ++nClicks; };
+    ShowMap(3, 2);
+    const HMENU hMenu = GetSubMenu(GetMenu(Window()), 1);
+    ASSERT_EQ(GetMenuItemCount(hMenu), 4);
+    wchar_t strCaption[64] = {};
+    GetMenuStringW(hMenu, 0, strCaption, 64, MF_BYPOSITION);
+    EXPECT_STREQ(strCaption, L"Nastavení &položky");
+    FrmMain->mnuLog.Checked = true;
+    FrmMain->mnuVoice.Enabled = false;
+    EXPECT_EQ(GetMenuState(hMenu, 3, MF_BYPOSITION) & MF_CHECKED, UINT{MF_CHECKED});
+    EXPECT_NE(GetMenuState(hMenu, 2, MF_BYPOSITION) & MF_GRAYED, 0U);
+    SendMessageW(Window(), WM_COMMAND, GetMenuItemID(hMenu, 3), 0);
+    EXPECT_EQ(nClicks, 1);
+}
+
+/// Takes the request to end the message loop, so that the next test's loop does not get it.
+bool TakeQuit() {
+    MSG Message{};
+    while (PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (Message.message == WM_QUIT) return true;
+        DispatchMessageW(&Message);
+    }
+    return false;
+}
+
+TEST_F(MainWindowTest, Unload_DestroysTheWindowAndEndsTheLoop_HoweverItIsAsked) {
+    struct Way {
+        const char* pName;
+        std::function<void()> Ask;
+    };
+    const std::vector<Way> Ways{
+        {"close", [] { SendMessageW(Window(), WM_CLOSE, 0, 0); }},
+        {"end of session", [] { SendMessageW(Window(), WM_ENDSESSION, TRUE, 0); }},
+        {"code", [] { FrmMain->Unload(); }}};
+    for (const Way& Each : Ways) {
+        SetUp();
+        int nUnloads = 0;
+        bool bWindowThere = false;
+        FrmMain->OnUnload = [&] {
+            ++nUnloads;
+            bWindowThere = IsWindow(Window()) != FALSE;
+            SendMessageW(Window(), WM_CLOSE, 0, 0);  // asked again meanwhile
+            RunPendingMessages();
+        };
+        ShowMap(3, 2);
+        const HWND hWindow = Window();
+        EXPECT_NE(SendMessageW(hWindow, WM_QUERYENDSESSION, 0, 0), 0);
+        SendMessageW(hWindow, WM_ENDSESSION, FALSE, 0);
+        EXPECT_EQ(nUnloads, 0) << "another program refused the end";
+        Each.Ask();
+        EXPECT_EQ(nUnloads, 1) << Each.pName;
+        EXPECT_TRUE(bWindowThere) << Each.pName;
+        EXPECT_EQ(IsWindow(hWindow), FALSE) << Each.pName;
+        EXPECT_EQ(MainWindowHandle(), 0U);
+        EXPECT_TRUE(TakeQuit()) << Each.pName;
+    }
+}
+
+TEST_F(MainWindowTest, Close_LeavesTheLoopRunning_WhenTheProgramClosesTheWindow) {
+    ShowMap(3, 2);
+    CloseMainWindow();
+    CloseMainWindow();
+    EXPECT_EQ(MainWindowHandle(), 0U);
+    EXPECT_FALSE(TakeQuit());
+}
+
+}  // namespace
+}  // namespace taviro::platform
