@@ -16,6 +16,7 @@ sys.path.insert(0, str(ROOT / "tests" / "e2e"))
 from PIL import ImageGrab  # noqa: E402
 
 from harness import new_desktop  # noqa: E402  (found through the line above)
+from probe import WM_CLOSE  # noqa: E402
 from waiting import wait_until  # noqa: E402
 from wine import BUILD  # noqa: E402
 
@@ -67,10 +68,9 @@ class EmptyWindow:
                                          stderr=subprocess.DEVNULL)
 
     def end(self):
-        subprocess.run(["xdotool", "search", "--name", "^Empty window$", "windowclose"],
-                       env=self._desktop.env, check=True, stdout=subprocess.DEVNULL)
-        if self._process.wait(20) is None:
-            raise RuntimeError("the empty window does not end")
+        window = self._desktop.probe.window(class_name="EmptyWindow")
+        self._desktop.probe.post(window.handle, WM_CLOSE)
+        self._process.wait(20)
 
 
 class Taviro:

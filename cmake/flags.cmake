@@ -1,3 +1,5 @@
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG") # a small program is a quick start
+
 # Warnings are errors everywhere but in foreign code (GoogleTest).
 add_library(taviro_flags INTERFACE)
 target_include_directories(taviro_flags INTERFACE ${PROJECT_SOURCE_DIR})
@@ -24,5 +26,6 @@ if(WIN32)
     # One file that starts on any Windows: the compiler's run-time library is inside.
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
     add_compile_options(-ffunction-sections -fdata-sections)
-    add_link_options(-static -Wl,--gc-sections)
+    # Sections aligned as in memory are mapped from the file page by page instead of being read whole.
+    add_link_options(-static -Wl,--gc-sections -Wl,--file-alignment,4096)
 endif()

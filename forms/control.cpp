@@ -49,9 +49,13 @@ Timer::Timer(Form& Parent, std::wstring strControlName, int32_t nInterval)
 
 void Timer::Tick() {
     if (m_bRunning || !IsTicking() || !OnTimer) return;
-    m_bRunning = true;
+    // However the handler ends, the timer ticks again.
+    struct Running {
+        explicit Running(bool& bFlag) : m_bFlag(bFlag) { m_bFlag = true; }
+        ~Running() { m_bFlag = false; }
+        bool& m_bFlag;
+    } const Now(m_bRunning);
     OnTimer();
-    m_bRunning = false;
 }
 
 MenuEntry::MenuEntry(Form& Parent, std::wstring strControlName, const std::wstring& strCaption)

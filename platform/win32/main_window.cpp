@@ -28,6 +28,8 @@ constexpr DWORD STYLE =
 constexpr DWORD EXTENDED_STYLE = WS_EX_TOPMOST | WS_EX_NOACTIVATE | WS_EX_APPWINDOW;
 constexpr UINT MESSAGE_LABELS_CHANGED = WM_APP + 1;  // to ourselves: repaint what changed, once
 constexpr UINT MESSAGE_SIZE_CHANGED = WM_APP + 2;    // to ourselves: a layout asks for another size
+// A window manager may answer a size with an earlier one for this long; it gets the new one again.
+constexpr DWORD LATE_ANSWER_MS = 500;
 constexpr UINT_PTR POLL_TIMER_ID = 1;
 constexpr UINT_PTR SCAN_TIMER_ID = 2;
 
@@ -46,6 +48,7 @@ struct MainView {
     bool bPlaced = false;      ///< has its place on the screen
     bool bFitting = false;     ///< its size is being found
     bool bFitPending = false;  ///< the form asked for a size that the window has yet to take
+    DWORD nAskedAt = 0;        ///< tick count when the form last asked for a size
     bool bClosing = false;     ///< closed by the program, whose message loop goes on
 };
 std::unique_ptr<MainView> View;
@@ -65,17 +68,22 @@ void FitNow() {
     View->bFitting = false;
 }
 
+void FitSoon() {
+    if (View->bFitPending) return;  // asked for already
+    View->bFitPending = true;
+    if (PostMessageW(View->hWindow, MESSAGE_SIZE_CHANGED, 0, 0) == FALSE) FitNow();
+}
+
 /// The layout, which goes on counting with the new size, sets width and height one after the other:
 /// the form has them at once, the window follows in one step.
 void PushSize() {
     if (View->bFitting) return;
     forms::MainForm& Form = View->Form;
-    const bool bAsked = View->bFitPending;
-    View->bFitPending = true;
     const SIZE Wanted =
         win32::WantedInnerSize(Form, {.cx = Form.nScaleWidth, .cy = Form.nScaleHeight});
     Form.SetScale(Wanted.cx, Wanted.cy);
-    if (!bAsked && PostMessageW(View->hWindow, MESSAGE_SIZE_CHANGED, 0, 0) == FALSE) FitNow();
+    View->nAskedAt = GetTickCount();
+    FitSoon();
 }
 
 void PushVisibility() {
@@ -146,6 +154,7 @@ void OnLabelsChanged() {
 void OnSize(WPARAM nKind, LPARAM nSize) {
     if (nKind == SIZE_MINIMIZED || View->bFitting) return;
     if (View->bFitPending) return FitNow();
+    if (GetTickCount() - View->nAskedAt < LATE_ANSWER_MS) return FitSoon();
     View->bFitting = true;
     win32::TellInnerSize(View->Form, {.cx = LOWORD(nSize), .cy = HIWORD(nSize)});
     View->bFitting = false;

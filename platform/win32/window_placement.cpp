@@ -63,6 +63,16 @@ LONG Shifted(LONG nStart, LONG nLength, LONG nFirst, LONG nEnd) {
     return std::max(nFirst, std::min(nStart, nEnd - nLength));
 }
 
+/// Size and place in one step: a window manager answers each step, and an answer to an earlier one
+/// would undo a later one. A refusal leaves the window as it was, which is reported then.
+void SetPlace(HWND hWindow, const RECT& Outer, SIZE Size) {
+    const RECT Work = WorkArea(hWindow);
+    static_cast<void>(SetWindowPos(hWindow, nullptr,
+                                   Shifted(Outer.left, Size.cx, Work.left, Work.right),
+                                   Shifted(Outer.top, Size.cy, Work.top, Work.bottom), Size.cx,
+                                   Size.cy, SWP_NOZORDER | SWP_NOACTIVATE));
+}
+
 }  // namespace
 
 SIZE WantedInnerSize(const forms::Form& Form, SIZE Present) {
@@ -79,19 +89,21 @@ void TellInnerSize(forms::Form& Form, SIZE Inner) {
 }
 
 void FitWindowToForm(HWND hWindow, const forms::Form& Form) {
-    RECT Outer{};
-    RECT Inner{};
-    if (GetWindowRect(hWindow, &Outer) == FALSE || GetClientRect(hWindow, &Inner) == FALSE) return;
-    const SIZE Wanted = WantedInnerSize(Form, {.cx = Inner.right, .cy = Inner.bottom});
-    if (Inner.right == Wanted.cx && Inner.bottom == Wanted.cy) return;
-    const SIZE Size = OuterSize(hWindow, Wanted);
-    const RECT Work = WorkArea(hWindow);
-    // Size and place in one step: a window manager answers each step, and an answer to an earlier
-    // one would undo a later one. A refusal leaves the window as it was, which is reported then.
-    static_cast<void>(SetWindowPos(hWindow, nullptr,
-                                   Shifted(Outer.left, Size.cx, Work.left, Work.right),
-                                   Shifted(Outer.top, Size.cy, Work.top, Work.bottom), Size.cx,
-                                   Size.cy, SWP_NOZORDER | SWP_NOACTIVATE));
+    for (int nPass = 0; nPass < PASSES; ++nPass) {
+        RECT Outer{};
+        RECT Inner{};
+        if (GetWindowRect(hWindow, &Outer) == FALSE || GetClientRect(hWindow, &Inner) == FALSE) {
+            return;
+        }
+        const SIZE Wanted = WantedInnerSize(Form, {.cx = Inner.right, .cy = Inner.bottom});
+        if (Inner.right == Wanted.cx && Inner.bottom == Wanted.cy) return;
+        SIZE Size = OuterSize(hWindow, Wanted);
+        if (nPass > 0) {  // it did otherwise than it said: correct what is seen
+            Size = {.cx = Wanted.cx + WidthOf(Outer) - Inner.right,
+                    .cy = Wanted.cy + HeightOf(Outer) - Inner.bottom};
+        }
+        SetPlace(hWindow, Outer, Size);
+    }
 }
 
 void PlaceAtStart(HWND hWindow) {
