@@ -10,7 +10,8 @@ namespace taviro::platform {
 /// Milliseconds since the system started; wraps after 49 days, so compare differences only.
 uint32_t TickCount();
 
-/// Blocks the thread; no window message is processed meanwhile.
+/// Blocks the thread until TickCount has advanced by that much; no window message is processed
+/// meanwhile.
 void SleepMs(uint32_t nMilliseconds);
 
 /// Local time of day as "hh:mm:ss", 24 hours.

@@ -21,7 +21,12 @@ uint32_t TickCount() {
 }
 
 void SleepMs(uint32_t nMilliseconds) {
+    // The tick count moves in steps of up to 16 ms, apart from the timer that ends the sleep.
+    // Whoever sleeps until a time has come must find it come, and not sleep a whole step more.
+    const uint32_t nStart = TickCount();
     Sleep(nMilliseconds);
+    while (TickCount() - nStart < nMilliseconds)
+        Sleep(1);
 }
 
 std::wstring TimeOfDayText() {

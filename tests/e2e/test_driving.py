@@ -5,16 +5,19 @@ import itertools
 
 import pytest
 
+import pytest
+
 from program import CAPTION
 from standin import CENTRE, POLL
 from waiting import wait_until
 
 HOLD_MILLISECONDS = 2000
 LEAST_REPEAT_MILLISECONDS = 180  # about 200: a tick of 100 and a wait of 100
-MOST_REPEAT_MILLISECONDS = 300
+MOST_REPEAT_MILLISECONDS = 250
 QUIET_MILLISECONDS = 600               # several polls, if there were any
 
 
+@pytest.mark.timed
 @pytest.mark.timed
 def test_held_stick_moves_at_once_and_then_repeats_from_the_fourth_tick(desktop):
     program = desktop.program()

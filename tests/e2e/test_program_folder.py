@@ -1,0 +1,27 @@
+# SPDX-License-Identifier: MIT
+"""The folder that a build leaves is what a user gets: complete, small, and nothing else."""
+
+import pytest
+
+from wine import BUILD, ROOT
+
+DELIVERED = ("data", "sound", "help")
+LARGEST_PROGRAM = 3 * 1024 * 1024  # bytes
+
+
+def files_below(folder):
+    return {path.relative_to(folder): path.read_bytes()
+            for path in folder.rglob("*") if path.is_file()}
+
+
+@pytest.mark.parametrize("build", ["win64", "win32"])
+def test_program_folder_holds_the_program_and_what_is_delivered_with_it(build):
+    folder = BUILD / build / "taviro"
+    if not folder.exists():
+        pytest.skip(f"{build} was not built")
+    wanted = {"taviro.exe"} | {name for name in DELIVERED if (ROOT / name).exists()
+                               and any((ROOT / name).iterdir())}
+    assert {path.name for path in folder.iterdir()} == wanted
+    for name in wanted - {"taviro.exe"}:
+        assert files_below(folder / name) == files_below(ROOT / name)
+    assert (folder / "taviro.exe").stat().st_size <= LARGEST_PROGRAM
