@@ -59,6 +59,12 @@ class Display:
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)],
                        env=self.env, check=True, timeout=30)
 
+    def active_title(self):
+        """Title of the window that the window manager gives the keys to; empty while there is none."""
+        answer = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], env=self.env,
+                                check=False, capture_output=True, text=True)
+        return answer.stdout.strip()
+
     def key(self, name):
         """A press of a physical key."""
         subprocess.run(["xdotool", "key", name], env=self.env, check=True, timeout=30)

@@ -25,6 +25,16 @@ class Editor:
         self._probe.activate(self.window.handle)
         wait_until(self.has_focus, "the editor in the foreground")
 
+    def wait_for_keyboard(self, display):
+        """Waits until physical keys go to the editor. Wine's own foreground is not enough: the window
+        manager follows it, and a window that has just come up, in its own time."""
+        self.activate()
+        wait_until(lambda: display.active_title() == self._title(),
+                   lambda: f"the editor as the active window, which is {display.active_title()!r}")
+
+    def _title(self):
+        return self._probe.window(class_name="Notepad").caption
+
     def has_focus(self):
         return self._probe.foreground() == self.window.handle
 

@@ -45,6 +45,7 @@ def test_keyboard_drives_the_map_while_no_joystick_answers(desktop):
     program = desktop.program(present=False)
     editor = desktop.editor()
     program.start()
+    editor.wait_for_keyboard(desktop.display)
     second, third = (program.map().cell((column, 1)).caption for column in (2, 3))
     desktop.display.key("Right")
     wait_until(lambda: program.highlighted() == second, "the next cell")
@@ -70,6 +71,8 @@ def test_arrows_and_enter_reach_the_editor_while_a_joystick_answers(desktop):
     program = desktop.program()
     editor = desktop.editor()
     program.start()
+    program.standin.wait_for_poll()  # its messages run, so the hook answers at once
+    editor.wait_for_keyboard(desktop.display)
     for key in ("a", "Left", "b", "Return"):
         desktop.display.key(key)
     editor.wait_for_text("b\r\na")

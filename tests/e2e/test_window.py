@@ -31,7 +31,7 @@ def test_window_starts_above_the_editor_and_leaves_it_the_focus(desktop):
     program.standin.wait_for_poll()
     assert window.extended_style & WS_EX_TOPMOST
     assert editor.has_focus()
-    editor.activate()
+    editor.wait_for_keyboard(desktop.display)
     order = [seen.handle for seen in desktop.probe.windows()]
     assert order.index(window.handle) < order.index(editor.window.handle)
     desktop.display.key("x")
