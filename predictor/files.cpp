@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/files.h"
+
+#include <system_error>
+
+namespace taviro::predictor {
+
+bool SaveLearned(const Learned& Own, const std::filesystem::path& Path, std::string& strError,
+                 const SaveSteps& Steps) {
+    std::error_code Ignored;  // the write tells whether the folder is there
+    std::filesystem::create_directories(Path.parent_path(), Ignored);
+    std::filesystem::path Beside = Path;
+    Beside += ".new";
+    if (!Steps.pWrite(Beside, Own.Write())) {
+        std::filesystem::remove(Beside, Ignored);
+        strError = "The learned words cannot be written.";
+        return false;
+    }
+    if (Steps.pReplace(Beside, Path)) return true;
+    std::filesystem::remove(Beside, Ignored);
+    strError = "The file of learned words cannot be replaced.";
+    return false;
+}
+
+bool LoadLearned(const std::filesystem::path& Path, Learned& Own, std::string& strError) {
+    Own.Forget();
+    std::error_code Error;
+    if (!std::filesystem::exists(Path, Error) && !Error) return true;
+    MappedFile File;
+    return File.Open(Path, strError) && Own.Read(File.Bytes(), strError);
+}
+
+}  // namespace taviro::predictor

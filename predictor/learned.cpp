@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/learned.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <vector>
+
+#include "predictor/letters.h"
+#include "predictor/utf8.h"
+
+namespace taviro::predictor {
+
+namespace {
+
+constexpr std::string_view FIRST_LINE = "Taviro learned words 1";
+constexpr double LEAST_COUNT = 0.1;       // below it a count has faded
+constexpr double HIGHEST_COUNT = 1e6;     // no more is believed of a file
+constexpr size_t LARGEST_FILE = 4 << 20;  // bytes; far more than is ever written
+constexpr double STORED_SCALE = 100;      // counts are stored as hundredths
+
+std::string_view TakeField(std::string_view& strRest, char nEnd) {
+    const std::string_view strField = strRest.substr(0, strRest.find(nEnd));
+    strRest.remove_prefix(std::min(strField.size() + 1, strRest.size()));
+    return strField;
+}
+
+bool ReadCount(std::string_view strField, double& dCount) {
+    uint32_t nStored = 0;
+    const char* pEnd = strField.data() + strField.size();
+    const auto Result = std::from_chars(strField.data(), pEnd, nStored);
+    if (Result.ec != std::errc{} || Result.ptr != pEnd) return false;
+    dCount = std::min(nStored / STORED_SCALE, HIGHEST_COUNT);
+    return nStored > 0;
+}
+
+std::string CountText(double dCount) {
+    return std::to_string(static_cast<uint32_t>(std::lround(dCount * STORED_SCALE)));
+}
+
+}  // namespace
+
+double Learned::Now(const FadingCount& Count) const {
+    return Count.dCount * std::exp2(-static_cast<double>(m_nClock - Count.nStamp) / HALF_LIFE);
+}
+
+void Learned::Raise(FadingCount& Count) const {
+    Count = {Now(Count) + 1, m_nClock};
+}
+
+void Learned::Note(std::wstring_view strPrevious, std::wstring_view strWord, WordId nWord) {
+    if (!IsOfferable(strWord) || (nWord == NO_WORD && !IsLearnable(strWord))) return;
+    const std::wstring strLower = LowerText(strWord);
+    ++m_nClock;
+    LearnedWord& Word = m_Words[strLower];
+    // Written small once, it is no name: a capital was that of a sentence.
+    if (Word.strWord.empty() || strWord == strLower) Word.strWord = strWord;
+    Word.nWord = nWord;
+    Raise(Word.Count);
+    Raise(m_Total);
+    const std::wstring strBefore = LowerText(strPrevious);
+    if (m_Words.contains(strBefore)) {
+        const auto [it, bNew] = m_Pairs[strBefore].try_emplace(strLower);
+        m_nPairs += bNew ? 1 : 0;
+        Raise(it->second);
+    }
+    if (m_Words.size() > MOST_WORDS_KEPT || m_nPairs > MOST_PAIRS_KEPT) Shrink();
+}
+
+void Learned::Link(const Model& Words) {
+    for (auto& [strKey, Word] : m_Words)
+        Word.nWord = Words.Find(strKey);
+}
+
+void Learned::Forget() {
+    *this = Learned{};
+}
+
+const Learned::Followers* Learned::After(const std::wstring& strPrevious) const {
+    const auto it = m_Pairs.find(strPrevious);
+    return it == m_Pairs.end() ? nullptr : &it->second;
+}
+
+// Drops the least, a tenth more than necessary, so that it is rarely done.
+void Learned::Shrink() {
+    const auto Threshold = [](std::vector<double> Counts, size_t nMost) {
+        const size_t nKept = nMost - nMost / 10;
+        if (Counts.size() <= nMost) return LEAST_COUNT;
+        const auto it = Counts.begin() + static_cast<std::ptrdiff_t>(Counts.size() - nKept);
+        std::nth_element(Counts.begin(), it, Counts.end());
+        return std::max(LEAST_COUNT, *it);
+    };
+    std::vector<double> WordCounts;
+    for (const auto& [strKey, Word] : m_Words)
+        WordCounts.push_back(Now(Word.Count));
+    const double dLeastWord = Threshold(std::move(WordCounts), MOST_WORDS_KEPT);
+    std::erase_if(m_Words, [&](const auto& Item) { return Now(Item.second.Count) < dLeastWord; });
+
+    std::vector<double> PairCounts;
+    for (const auto& [strKey, Nexts] : m_Pairs) {
+        for (const auto& [strNext, Count] : Nexts)
+            PairCounts.push_back(Now(Count));
+    }
+    const double dLeastPair = Threshold(std::move(PairCounts), MOST_PAIRS_KEPT);
+    m_nPairs = 0;
+    for (auto& [strKey, Nexts] : m_Pairs) {
+        std::erase_if(Nexts, [&](const auto& Item) {
+            return Now(Item.second) < dLeastPair || !m_Words.contains(Item.first);
+        });
+        m_nPairs += Nexts.size();
+    }
+    std::erase_if(m_Pairs, [&](const auto& Item) {
+        return Item.second.empty() || !m_Words.contains(Item.first);
+    });
+}
+
+// A word is a line "count word", its followers come after it as lines "count =word".
+std::string Learned::Write() const {
+    std::string Bytes(FIRST_LINE);
+    Bytes += '\n';
+    for (const auto& [strKey, Word] : m_Words) {
+        if (Now(Word.Count) < LEAST_COUNT) continue;
+        Bytes += CountText(Now(Word.Count)) + ' ' + ToUtf8(Word.strWord) + '\n';
+        const Followers* pNexts = After(strKey);
+        if (pNexts == nullptr) continue;
+        for (const auto& [strNext, Count] : *pNexts) {
+            if (Now(Count) < LEAST_COUNT) continue;
+            Bytes += CountText(Now(Count)) + " =" + ToUtf8(strNext) + '\n';
+        }
+    }
+    return Bytes;
+}
+
+bool Learned::Read(std::string_view Bytes, std::string& strError) {
+    Forget();
+    if (Bytes.size() > LARGEST_FILE || TakeField(Bytes, '\n') != FIRST_LINE) {
+        strError = "The file of learned words is damaged or of another kind.";
+        return false;
+    }
+    std::wstring strKey;
+    while (!Bytes.empty()) {
+        std::string_view strRest = TakeField(Bytes, '\n');
+        double dCount = 0;
+        if (!ReadCount(TakeField(strRest, ' '), dCount)) continue;
+        const bool bFollower = strRest.starts_with('=');
+        const std::wstring strWord = FromUtf8(strRest.substr(bFollower ? 1 : 0));
+        if (!IsOfferable(strWord)) continue;
+        if (!bFollower) {
+            strKey = LowerText(strWord);
+            m_Words[strKey] = {strWord, {dCount, 0}, NO_WORD};
+            m_Total.dCount += dCount;
+        } else if (!strKey.empty()) {
+            m_nPairs +=
+                m_Pairs[strKey].insert_or_assign(LowerText(strWord), FadingCount{dCount, 0}).second;
+        }
+    }
+    Shrink();
+    return true;
+}
+
+}  // namespace taviro::predictor

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/predictor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "predictor/letters.h"
+
+namespace taviro::predictor {
+
+size_t Predictor::Wanted() const {
+    return std::clamp<size_t>(Settings.nWords, 1, MOST_OFFERED);
+}
+
+Answer Predictor::GetPrediction(std::wstring_view strPrefix) {
+    if (m_Stream.Take(Words, strPrefix, Settings.Stream)) LearnFinished();
+    m_Shown.clear();
+    const std::wstring& strTyped = m_Stream.Typed();
+    const bool bWord =
+        !strTyped.empty() && std::all_of(strTyped.begin(), strTyped.end(),
+                                         [](auto n) { return n == UNKNOWN_LETTER || IsLetter(n); });
+    if (bWord) {
+        Query Asked{.strTyped = strTyped,
+                    .Contexts = m_Stream.Contexts(Words, Settings.Stream),
+                    .Passed = {},
+                    .nMost = Wanted(),
+                    .strUntypeable = Settings.strUntypeable};
+        if (!Settings.bRepeats) Asked.Passed = m_Stream.Passed();
+        m_Shown = Rank(Words, Own, Asked, Settings.Ranking);
+        const bool bPays =
+            ExpectedGain(m_Shown, strTyped.size(), Settings.Costs) > Settings.Costs.dLeastGain;
+        if (!bPays && !Settings.bAlways) m_Shown.clear();
+    }
+    m_Stream.NoteShown(m_Shown);
+    return {ListText(m_Shown, Settings.bBlanks), Stream::Cleaned(strPrefix)};
+}
+
+// The likeliest guess counts as written when it is likely enough.
+void Predictor::LearnFinished() {
+    const auto& Finished = m_Stream.Finished();
+    const std::wstring strBefore = std::exchange(m_strWritten, {});
+    if (Finished.empty() || Finished.front().dShare < Settings.Stream.dSure) return;
+    NoteWritten(strBefore, Finished.front().strWord);
+    m_strWritten = Finished.front().strWord;
+}
+
+std::vector<Offer> Predictor::Complete(std::wstring_view strPrevious, bool bComma,
+                                       std::wstring_view strTyped,
+                                       const std::vector<std::wstring>& Passed) const {
+    const Query Asked{.strTyped = std::wstring(strTyped),
+                      .Contexts = ContextsAfter(Words, strPrevious, bComma),
+                      .Passed = Passed,
+                      .nMost = Wanted(),
+                      .strUntypeable = Settings.strUntypeable};
+    std::vector<Offer> Offers = Rank(Words, Own, Asked, Settings.Ranking);
+    if (strPrevious.empty() && strTyped.empty()) {
+        for (Offer& One : Offers)
+            One.strText.front() = UpperLetter(One.strText.front());
+    }
+    return Offers;
+}
+
+void Predictor::NoteWritten(std::wstring_view strPrevious, std::wstring_view strWord) {
+    if (!Settings.bLearns) return;
+    Own.Note(strPrevious, strWord, Words.Find(LowerText(strWord)));
+    m_bChanged = true;
+}
+
+bool Predictor::TakeChanged() {
+    return std::exchange(m_bChanged, false);
+}
+
+void Predictor::Forget() {
+    Own.Forget();
+    m_Stream = Stream{};
+    m_Shown.clear();
+    m_strWritten.clear();
+    m_bChanged = true;
+}
+
+}  // namespace taviro::predictor

@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/ranking.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+#include "predictor/letters.h"
+
+namespace taviro::predictor {
+
+namespace {
+
+struct Candidate {
+    WordId nWord = NO_WORD;             // NO_WORD: only the user has it
+    const LearnedWord* pOwn = nullptr;  // a word that only the user has
+    double dExtra = 0;                  // above its share of the frequencies
+};
+
+// One kind of match; the two kinds are ranked one after the other.
+class Ranker {
+  public:
+    Ranker(const Model& Words, const Learned& Own, const Query& Asked,
+           const RankingConstants& Constants)
+        : m_Words(Words), m_Own(Own), m_Asked(Asked), m_Constants(Constants) {}
+
+    std::vector<Offer> Run(Match nMatch, const std::vector<Offer>& Better);
+
+  private:
+    void Weigh();
+    void CollectFollowers();
+    void CollectOwn();
+    void CollectOwnFollowers();
+    void MergeCandidates();
+    void AddOwn(const LearnedWord& Word, double dExtra);
+    void Consider(const std::wstring& strWord, double dScore);
+    void ConsiderCandidates();
+    void WalkFrequencies();
+    double Enough() const;
+    double CaseFactor(const std::wstring& strWord) const;
+    double WholeMass() const;
+
+    const Model& m_Words;
+    const Learned& m_Own;
+    const Query& m_Asked;
+    const RankingConstants& m_Constants;
+    Match m_nMatch = Match::Exact;
+    const std::vector<Offer>* m_pBetter = nullptr;
+
+    double m_dBase = 1;                                 // share of the frequencies
+    double m_dOwn = 0;                                  // share of the user's words
+    std::vector<double> m_PairShares, m_OwnPairShares;  // by context
+    std::vector<WordRange> m_Ranges;
+    std::vector<Candidate> m_Candidates;
+    std::vector<Offer> m_Best;  // scores, best first
+    double m_dPassed = 0;       // score of the words not to be offered
+};
+
+double Trust(double dSeen, double dTrust, double dHalf) {
+    return dSeen > 0 ? dTrust * dSeen / (dSeen + dHalf) : 0;
+}
+
+double TotalOf(const Learned& Own, const Learned::Followers& Nexts) {
+    double dTotal = 0;
+    for (const auto& [strNext, Count] : Nexts)
+        dTotal += Own.Now(Count);
+    return dTotal;
+}
+
+// An unknown first letter is most likely one.
+bool IsBegunWithCapital(std::wstring_view strTyped) {
+    return !strTyped.empty() && (strTyped.front() == UNKNOWN_LETTER || IsCapital(strTyped.front()));
+}
+
+void Ranker::Weigh() {
+    double dPairs = 0;
+    for (const Context& Before : m_Asked.Contexts) {
+        const Learned::Followers* pNexts = m_Own.After(Before.strLower);
+        const double dSeen = pNexts == nullptr ? 0 : TotalOf(m_Own, *pNexts);
+        const double dOwn = Trust(dSeen, m_Constants.dOwnPairTrust, m_Constants.dOwnPairHalf);
+        const auto [dTotal, dFollowers] = m_Words.SizeOfContext(Before.nContext);
+        const double dBooks =
+            Trust(dTotal, m_Constants.dPairTrust, m_Constants.dPairHalf * dFollowers);
+        m_OwnPairShares.push_back(Before.dShare * dOwn);
+        m_PairShares.push_back(Before.dShare * (1 - dOwn) * dBooks);
+        dPairs += m_OwnPairShares.back() + m_PairShares.back();
+    }
+    const double dRest = std::max(0.0, 1 - dPairs);
+    m_dOwn = dRest * Trust(m_Own.Total(), m_Constants.dOwnTrust, m_Constants.dOwnHalf);
+    m_dBase = dRest - m_dOwn;
+}
+
+void Ranker::CollectFollowers() {
+    std::vector<Follower> Found;
+    for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
+        const uint32_t nContext = m_Asked.Contexts[n].nContext;
+        if (m_PairShares[n] <= 0) continue;
+        Found.clear();
+        for (const WordRange& Range : m_Ranges)
+            m_Words.AppendFollowers(nContext, Range, Found);
+        const double dUnit = m_PairShares[n] / m_Words.SizeOfContext(nContext).dTotal;
+        for (const Follower& Next : Found)
+            m_Candidates.push_back({Next.nWord, nullptr, Next.dCount * dUnit});
+    }
+}
+
+void Ranker::AddOwn(const LearnedWord& Word, double dExtra) {
+    const bool bListed = Word.nWord < m_Words.WordCount();
+    m_Candidates.push_back({bListed ? Word.nWord : NO_WORD, bListed ? nullptr : &Word, dExtra});
+}
+
+void Ranker::CollectOwn() {
+    if (m_dOwn <= 0) return;
+    const double dUnit = m_dOwn / m_Own.Total();
+    // Up to the first letter that can vary, the words stand together.
+    const std::wstring strTyped = LowerText(m_Asked.strTyped);
+    const size_t nFixed =
+        m_nMatch == Match::Exact ? std::min(strTyped.find(UNKNOWN_LETTER), strTyped.size()) : 0;
+    const std::wstring strFixed = strTyped.substr(0, nFixed);
+    for (auto it = m_Own.Words().lower_bound(strFixed); it != m_Own.Words().end(); ++it) {
+        if (!it->first.starts_with(strFixed)) break;
+        if (!BeginsWith(it->first, strTyped, m_nMatch)) continue;
+        AddOwn(it->second, m_Own.Now(it->second.Count) * dUnit);
+    }
+}
+
+void Ranker::CollectOwnFollowers() {
+    for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
+        const Learned::Followers* pNexts = m_Own.After(m_Asked.Contexts[n].strLower);
+        if (pNexts == nullptr || m_OwnPairShares[n] <= 0) continue;
+        const double dUnit = m_OwnPairShares[n] / TotalOf(m_Own, *pNexts);
+        for (const auto& [strNext, Count] : *pNexts) {
+            const auto it = m_Own.Words().find(strNext);
+            const bool bFits = BeginsWith(strNext, m_Asked.strTyped, m_nMatch);
+            if (!bFits || it == m_Own.Words().end()) continue;
+            AddOwn(it->second, m_Own.Now(Count) * dUnit);
+        }
+    }
+}
+
+// One candidate a word.
+void Ranker::MergeCandidates() {
+    std::sort(m_Candidates.begin(), m_Candidates.end(), [](const auto& A, const auto& B) {
+        return A.nWord != B.nWord ? A.nWord < B.nWord : std::less<>()(A.pOwn, B.pOwn);
+    });
+    size_t nKept = 0;
+    for (size_t n = 0; n < m_Candidates.size(); ++n) {
+        const Candidate& Next = m_Candidates[n];
+        Candidate* pLast = nKept > 0 ? &m_Candidates[nKept - 1] : nullptr;
+        if (pLast != nullptr && pLast->nWord == Next.nWord && pLast->pOwn == Next.pOwn) {
+            pLast->dExtra += Next.dExtra;
+        } else if (nKept++ != n) {
+            m_Candidates[nKept - 1] = Next;
+        }
+    }
+    m_Candidates.resize(nKept);
+}
+
+double Ranker::CaseFactor(const std::wstring& strWord) const {
+    const bool bName = IsCapital(strWord.front());
+    if (IsBegunWithCapital(m_Asked.strTyped)) return bName ? 1 : m_Constants.dCommonCapital;
+    return bName ? m_Constants.dNameSmall : 1;
+}
+
+// A score that a further word must pass to be among the best.
+double Ranker::Enough() const {
+    return m_Best.size() < m_Asked.nMost ? 0 : m_Best.back().dProbability;
+}
+
+// Takes the word among the best if it may be offered and its score is good enough.
+void Ranker::Consider(const std::wstring& strWord, double dScore) {
+    const std::wstring& strTyped = m_Asked.strTyped;
+    if (strWord.size() < strTyped.size() || !IsOfferable(strWord)) return;
+    const std::wstring strLower = LowerText(strWord);
+    dScore *= CaseFactor(strWord);
+    if (std::find(m_Asked.Passed.begin(), m_Asked.Passed.end(), strLower) != m_Asked.Passed.end()) {
+        m_dPassed += dScore;
+        return;
+    }
+    const std::wstring strText = AsBegun(strWord, strTyped);
+    // Typed to its end. An unknown letter is taken for the right one.
+    const bool bTyped =
+        strText.size() == strTyped.size() &&
+        std::equal(strText.begin(), strText.end(), strTyped.begin(),
+                   [](wchar_t nHas, wchar_t n) { return nHas == n || n == UNKNOWN_LETTER; });
+    if (strText.find_first_of(m_Asked.strUntypeable) != std::wstring::npos) return;
+    const auto SameText = [&](const Offer& Known) { return Known.strText == strText; };
+    if (bTyped || std::any_of(m_pBetter->begin(), m_pBetter->end(), SameText)) return;
+    const auto itSame = std::find_if(m_Best.begin(), m_Best.end(), SameText);
+    if (itSame != m_Best.end()) {  // a name and a common word, both begun with a capital
+        if (itSame->dProbability >= dScore) return;
+        m_Best.erase(itSame);
+    }
+    if (dScore <= Enough()) return;
+    const auto it = std::upper_bound(
+        m_Best.begin(), m_Best.end(), dScore,
+        [](double dValue, const Offer& Known) { return dValue > Known.dProbability; });
+    m_Best.insert(it, {strText, dScore});
+    if (m_Best.size() > m_Asked.nMost) m_Best.pop_back();
+}
+
+// The best first, so that most are never looked at.
+void Ranker::ConsiderCandidates() {
+    std::vector<std::pair<double, const Candidate*>> Scores;
+    Scores.reserve(m_Candidates.size());
+    for (const Candidate& Known : m_Candidates)
+        Scores.emplace_back(Known.dExtra + m_Words.Probability(Known.nWord) * m_dBase, &Known);
+    // Of two equal ones the first in the alphabet comes first.
+    const auto IsWorse = [](const auto& A, const auto& B) {
+        return A.first != B.first ? A.first < B.first : A.second > B.second;
+    };
+    std::make_heap(Scores.begin(), Scores.end(), IsWorse);
+    while (!Scores.empty() && Scores.front().first > Enough()) {
+        const Candidate& Best = *Scores.front().second;
+        const bool bOwn = Best.nWord == NO_WORD;
+        Consider(bOwn ? Best.pOwn->strWord : m_Words.Word(Best.nWord), Scores.front().first);
+        std::pop_heap(Scores.begin(), Scores.end(), IsWorse);
+        Scores.pop_back();
+    }
+}
+
+// The words with nothing but their frequency, until none can be good enough any more.
+void Ranker::WalkFrequencies() {
+    BestFirst Walk(m_Words, m_Ranges);
+    WordId nWord = 0;
+    while (Walk.Next(nWord)) {
+        const double dScore = m_Words.Probability(nWord) * m_dBase;
+        if (dScore <= Enough()) return;
+        const auto it = std::lower_bound(m_Candidates.begin(), m_Candidates.end(), nWord,
+                                         [](const auto& A, WordId n) { return A.nWord < n; });
+        if (it != m_Candidates.end() && it->nWord == nWord) continue;
+        const std::wstring strWord = m_Words.Word(nWord);
+        if (strWord.empty()) return;  // a damaged text: nothing behind it is right either
+        Consider(strWord, dScore);
+    }
+}
+
+// The score of all words that begin as typed.
+double Ranker::WholeMass() const {
+    double dMass = 0;
+    for (const WordRange& Range : m_Ranges)
+        dMass += m_Words.Mass(Range) * m_dBase;
+    for (const Candidate& Known : m_Candidates)
+        dMass += Known.dExtra;
+    return IsBegunWithCapital(m_Asked.strTyped) ? dMass * m_Constants.dCommonCapital : dMass;
+}
+
+std::vector<Offer> Ranker::Run(Match nMatch, const std::vector<Offer>& Better) {
+    m_nMatch = nMatch;
+    m_pBetter = &Better;
+    Weigh();
+    m_Ranges = RangesOf(m_Words, m_Asked.strTyped, nMatch);
+    CollectFollowers();
+    CollectOwn();
+    CollectOwnFollowers();
+    MergeCandidates();
+    ConsiderCandidates();
+    WalkFrequencies();
+    double dShown = 0;
+    for (const Offer& Shown : m_Best)
+        dShown += Shown.dProbability;
+    const double dMass = std::max(WholeMass() - m_dPassed, dShown);
+    for (Offer& Shown : m_Best)
+        Shown.dProbability /= dMass > 0 ? dMass : 1;
+    return std::move(m_Best);
+}
+
+bool HasPlainLetter(std::wstring_view strTyped) {
+    return std::any_of(strTyped.begin(), strTyped.end(),
+                       [](wchar_t n) { return n != UNKNOWN_LETTER && PlainLetter(n) == n; });
+}
+
+}  // namespace
+
+std::wstring AsBegun(std::wstring_view strWord, std::wstring_view strTyped) {
+    std::wstring strText(strWord);
+    if (strTyped.empty() || strText.empty()) return strText;
+    const auto nCapitals = std::count_if(strTyped.begin(), strTyped.end(), IsCapital);
+    if (nCapitals >= 2 && static_cast<size_t>(nCapitals) == strTyped.size()) {
+        std::transform(strText.begin(), strText.end(), strText.begin(), UpperLetter);
+        return strText;
+    }
+    const wchar_t nFirst = strText.front();
+    const bool bUnknownCapital =
+        strTyped.front() == UNKNOWN_LETTER && PlainLetter(nFirst) == nFirst;
+    if (IsCapital(strTyped.front()) || bUnknownCapital) strText.front() = UpperLetter(nFirst);
+    return strText;
+}
+
+std::vector<Offer> Rank(const Model& Words, const Learned& Own, const Query& Asked,
+                        const RankingConstants& Constants) {
+    if (Asked.nMost == 0) return {};
+    std::vector<Offer> Offers = Ranker(Words, Own, Asked, Constants).Run(Match::Exact, {});
+    if (Offers.size() >= Asked.nMost || !HasPlainLetter(Asked.strTyped)) return Offers;
+    Query Rest = Asked;
+    Rest.nMost -= Offers.size();
+    const double dFactor = Offers.empty() ? 1 : Constants.dFolded;
+    for (Offer& Found : Ranker(Words, Own, Rest, Constants).Run(Match::Folded, Offers))
+        Offers.push_back({std::move(Found.strText), Found.dProbability * dFactor});
+    return Offers;
+}
+
+}  // namespace taviro::predictor

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// Files on Windows.
+#include "predictor/files.h"
+
+#include <windows.h>
+
+namespace taviro::predictor {
+
+namespace {
+
+class FileHandle {
+  public:
+    explicit FileHandle(HANDLE hFile) : m_hFile(hFile) {}
+    ~FileHandle() {
+        if (IsOpen()) (void)CloseHandle(m_hFile);
+    }
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    [[nodiscard]] HANDLE Get() const { return m_hFile; }
+    [[nodiscard]] bool IsOpen() const {
+        return m_hFile != INVALID_HANDLE_VALUE && m_hFile != nullptr;
+    }
+
+  private:
+    HANDLE m_hFile;
+};
+
+// The user's data folder is the user's own: a new file inherits that.
+bool WriteFlushed(const std::filesystem::path& Path, std::string_view Bytes) {
+    const FileHandle File(CreateFileW(Path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!File.IsOpen()) return false;
+    const auto nSize = static_cast<DWORD>(Bytes.size());
+    DWORD nWritten = 0;
+    if (WriteFile(File.Get(), Bytes.data(), nSize, &nWritten, nullptr) == 0) return false;
+    return nWritten == nSize && FlushFileBuffers(File.Get()) != 0;
+}
+
+bool ReplaceInOneStep(const std::filesystem::path& From, const std::filesystem::path& To) {
+    constexpr DWORD FLAGS = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return MoveFileExW(From.c_str(), To.c_str(), FLAGS) != 0;
+}
+
+}  // namespace
+
+struct MappedFile::Mapping {
+    void* pStart = nullptr;
+    ~Mapping() {
+        if (pStart != nullptr) (void)UnmapViewOfFile(pStart);
+    }
+};
+
+MappedFile::MappedFile() = default;
+MappedFile::~MappedFile() = default;
+
+bool MappedFile::Open(const std::filesystem::path& Path, std::string& strError) {
+    m_pMapping.reset();
+    m_Bytes = {};
+    const FileHandle File(CreateFileW(Path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER Size{};
+    if (!File.IsOpen() || GetFileSizeEx(File.Get(), &Size) == 0) {
+        strError = "The file cannot be opened.";
+        return false;
+    }
+    if (Size.QuadPart == 0) return true;
+    const FileHandle Section(CreateFileMappingW(File.Get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+    auto pMapping = std::make_unique<Mapping>();
+    if (Section.IsOpen()) {
+        pMapping->pStart = MapViewOfFile(Section.Get(), FILE_MAP_READ, 0, 0, 0);
+    }
+    if (pMapping->pStart == nullptr) {
+        strError = "The file cannot be read.";
+        return false;
+    }
+    m_Bytes = {static_cast<const char*>(pMapping->pStart), static_cast<size_t>(Size.QuadPart)};
+    m_pMapping = std::move(pMapping);
+    return true;
+}
+
+const SaveSteps& SystemSteps() {
+    static constexpr SaveSteps STEPS{WriteFlushed, ReplaceInOneStep};
+    return STEPS;
+}
+
+}  // namespace taviro::predictor

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Which cells of a map type a character, found from the cells' captions.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace taviro::effort {
+
+struct CellPlace {
+    int32_t nColumn = 0;
+    int32_t nRow = 0;
+};
+
+/// The cells to be chosen one after the other; none when the map cannot type the character. A
+/// capital without a cell of its own is typed between two uses of the cell "Caps".
+[[nodiscard]] std::vector<CellPlace> CellsFor(wchar_t nCharacter);
+/// The cell with this caption; column 0 when there is none.
+[[nodiscard]] CellPlace CellOf(std::wstring_view strCaption);
+
+}  // namespace taviro::effort
