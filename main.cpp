@@ -5,10 +5,15 @@
 #include <cstdlib>
 #include <objbase.h>
 
+#include "automation/command_line.h"
+#include "automation/win32/gui_server.h"
+#include "automation/win32/registry.h"
 #include "core/startup.h"
 #include "forms/main_form.h"
+#include "platform/dialogs.h"
 #include "platform/main_window.h"
 #include "platform/messages.h"
+#include "platform/shell.h"
 
 namespace {
 
@@ -16,8 +21,14 @@ int RunProgram() noexcept {
     try {
         if (!taviro::platform::OpenMainWindow(*taviro::forms::FrmMain)) return EXIT_FAILURE;
         taviro::BindMainForm();
+        // Refused, the program goes without scripts.
+        if (taviro::platform::ClaimSingleInstance()) {
+            static_cast<void>(taviro::automation::OpenGuiServer());
+        }
         taviro::Main();
         const int nExitCode = taviro::platform::RunMessageLoop();
+        taviro::automation::CloseGuiServer();
+        taviro::platform::DetachDialogs();
         taviro::platform::CloseMainWindow();
         return nExitCode;
     } catch (...) {
@@ -25,10 +36,17 @@ int RunProgram() noexcept {
     }
 }
 
+bool IsRegistering(const taviro::StartOrder& Order) {
+    return Order.nKind == taviro::StartKind::Register ||
+           Order.nKind == taviro::StartKind::Unregister;
+}
+
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevious*/, PWSTR /*pCommandLine*/,
+int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevious*/, PWSTR pCommandLine,
                     int /*nShowCommand*/) {
+    const taviro::StartOrder Order = taviro::ParseCommandLine(pCommandLine);
+    if (IsRegistering(Order)) return taviro::automation::CarryOut(Order);
     // Without COM there are no automation objects, and the program goes without them. It is never
     // closed again: objects that global state holds are released after the end of this procedure.
     static_cast<void>(CoInitialize(nullptr));

@@ -5,6 +5,7 @@
 
 #include "actions/command_action.h"
 #include "core/cursor_movement.h"
+#include "dialogs/cell_editor_form.h"
 #include "forms/main_form.h"
 #include "maps/map_window.h"
 #include "platform/main_window.h"
@@ -27,7 +28,7 @@ void FindCell(int32_t nPixel, int32_t nCellSize, int32_t& nCell) {
 
 }  // namespace
 
-void Label2_MouseUp(forms::MouseButton /*nButton*/) {
+void Label2_MouseUp(forms::MouseButton nButton) {
     platform::ScreenRect Window;
     platform::ScreenPoint Pointer;
     // Without an answer the place counts from the screen's corner.
@@ -42,6 +43,7 @@ void Label2_MouseUp(forms::MouseButton /*nButton*/) {
     FindCell(nX, Program.nCellWidth, Cursor.nColumn);
     FindCell(nY, Program.nCellHeight, Cursor.nRow);
     SetHi(Cursor.nColumn, Cursor.nRow);
+    if (nButton == forms::MouseButton::Right) frmConfig->Show();
 }
 
 void txtCmd_Change() {

@@ -8,7 +8,7 @@
 namespace taviro {
 
 /// Highlights the cell under the mouse pointer. The place comes from the screen, not from the
-/// event. A click selects, it never runs.
+/// event. A click selects, it never runs; the right button opens the cell editor as well.
 void Label2_MouseUp(forms::MouseButton nButton);
 
 /// Carries out the words "up", "down", "left", "right" and "enter" wherever they stand in the box,

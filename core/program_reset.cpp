@@ -5,9 +5,9 @@
 #include "actions/key_sequence.h"
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
+#include "core/dialog_list.h"
 #include "core/poll_loop.h"
 #include "core/startup.h"
-#include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
 #include "forms/main_form.h"
@@ -25,8 +25,8 @@
 namespace taviro {
 
 void ResetProgram() {
+    MakeDialogsAnew();
     forms::FrmMain = std::make_unique<forms::MainForm>();
-    FrmVoice = std::make_unique<VoiceForm>();
     Program = {};
     Foreground = {};
     Cursor = {};

@@ -1,13 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "core/startup.h"
 
+#include <initializer_list>
+
 #include "actions/choice_list.h"
 #include "actions/command_action.h"
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
 #include "core/folders.h"
+#include "core/main_menu.h"
 #include "core/main_window_events.h"
 #include "core/poll_loop.h"
+#include "dialogs/about_form.h"
+#include "dialogs/app_setting_form.h"
+#include "dialogs/button_config_form.h"
+#include "dialogs/cell_editor_form.h"
+#include "dialogs/map_chooser_form.h"
 #include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
@@ -89,21 +97,22 @@ void Form_Load() {
 void Form_Unload() {
     objSetting.Log(EventLog.bLog ? 1 : 0);
     FlushLog();
+    UnloadForm(*frmAbout);
     if (Speech.objSpeechReader != nullptr) {
         Speech.objSpeechReader.reset();
         platform::RunPendingMessages();  // lets the reader's program finish
     }
     FrmMain->Timer1.Enabled = false;
     FrmMain->ScanTimer.Enabled = false;
-    FrmVoice->Unload();
+    for (forms::Form* pForm : std::initializer_list<forms::Form*>{
+             frmButtonConfig.get(), frmMap.get(), frmAppSetting.get(), frmConfig.get(),
+             FrmVoice.get()}) {
+        UnloadForm(*pForm);
+    }
     Speech.LoadVoiceForm = nullptr;  // nothing that still runs may bring the engine back
     RemoveKeyboardHook();
     objSetting.SaveSetting();
     Prediction.objDictionary.reset();
-}
-
-void UnloadForm(forms::Form& Form) {
-    Form.Unload();
 }
 
 void BindMainForm() {
@@ -114,14 +123,7 @@ void BindMainForm() {
     FrmMain->OnResize = Form_Resize;
     FrmMain->Label2.OnMouseUp = Label2_MouseUp;
     FrmMain->txtCmd.OnChange = txtCmd_Change;
-    FrmMain->mnuExit.OnClick = [] { UnloadForm(*FrmMain); };
-    FrmMain->mnuLog.OnClick = ToggleLog;
-    // Entries whose dialogs the program does not have cannot be chosen.
-    for (forms::MenuEntry* pEntry :
-         {&FrmMain->mnuOpenMap, &FrmMain->mnuSettings, &FrmMain->mnuSettingApp, &FrmMain->mnuVoice,
-          &FrmMain->mnuAbout, &FrmMain->mnuHelpOpen}) {
-        pEntry->Enabled = static_cast<bool>(pEntry->OnClick);
-    }
+    BindMenu();
 }
 
 void Main() {

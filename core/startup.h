@@ -2,8 +2,6 @@
 // Start-up and shutdown, in their exact orders, driven by the main window's load and unload.
 #pragma once
 
-#include "forms/form.h"
-
 namespace taviro {
 
 /// Registers what the main window's events do: load, unload, timers, menu.
@@ -12,9 +10,6 @@ void BindMainForm();
 /// Shows the main window; loading it runs the start-up. When another instance runs already nothing
 /// is created or shown, and the message loop is told to end.
 void Main();
-
-/// Unloads a form.
-void UnloadForm(forms::Form& Form);
 
 /// The start-up sequence (the main window's load handler) and the shutdown sequence (its unload
 /// handler). Every step goes on past the failure of the one before it.

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/voice_form.h"
 
+#include <utility>
+
 #include "feedback/speech.h"
-#include "platform/automation.h"
+#include "platform/metrics.h"
 #include "settings/setting.h"
 #include "state/program_state.h"
 
@@ -10,30 +12,154 @@ namespace taviro {
 
 namespace {
 
-// The engine's number of that name; leaves nValue alone when the engine does not say.
-void ReadEngineNumber(const wchar_t* szProperty, int32_t& nValue) {
-    platform::AutomationValue Value;
-    if (!platform::GetProperty(Speech.objVoice, szProperty, {}, Value)) return;
-    if (const auto* pNumber = std::get_if<int32_t>(&Value)) nValue = *pNumber;
+// Rate and pitch run from -10 to 10, five positions of their bars each; the reader's volume from 0
+// to 20.
+constexpr int32_t LEAST_LEVEL = -10;
+constexpr int32_t MOST_LEVEL = 10;
+constexpr int32_t POSITIONS_PER_LEVEL = 5;
+constexpr int32_t NO_POSITION = -1;
+
+int32_t PositionOf(int32_t nLevel) {
+    if (nLevel < LEAST_LEVEL || nLevel > MOST_LEVEL) return NO_POSITION;
+    return (nLevel - LEAST_LEVEL) * POSITIONS_PER_LEVEL;
 }
 
-void Voice_Unload() {
-    Program.bDialogActive = false;
-    int32_t nRate = objSetting.Rate();
-    int32_t nVolume = objSetting.Volume();
-    ReadEngineNumber(L"Rate", nRate);
-    ReadEngineNumber(L"Volume", nVolume);
-    objSetting.Rate(nRate);
-    objSetting.Volume(nVolume);
-    objSetting.SaveSetting();
-    Speech.objVoice.reset();
+// To the nearest; between two levels there is no middle position.
+int32_t RoundedSteps(int32_t nPosition) {
+    return (nPosition + POSITIONS_PER_LEVEL / 2) / POSITIONS_PER_LEVEL;
+}
+
+int32_t LevelOf(int32_t nPosition) {
+    return RoundedSteps(nPosition) + LEAST_LEVEL;
+}
+
+// Puts a bar where it belongs without the effects of moving it. What is no position leaves it at
+// its start.
+void PlaceQuietly(forms::ScrollBar& Bar, int32_t nPosition) {
+    auto OnChange = std::exchange(Bar.OnChange, nullptr);
+    Bar.Value = Bar.nMin;
+    Bar.MoveTo(nPosition);
+    Bar.OnChange = std::move(OnChange);
+}
+
+void SpeakPosition(const forms::ScrollBar& Bar) {
+    if (Bar.Visible) SpeakIt(std::to_wstring(Bar.Value.Get()));
 }
 
 }  // namespace
 
 VoiceForm::VoiceForm() : Form(L"FrmVoice") {
-    OnLoad = PrepareVoice;
-    OnUnload = Voice_Unload;
+    OnLoad = [this] { Form_Load(); };
+    OnUnload = [this] { Form_Unload(); };
+    OnActivate = [] { Program.bDialogActive = true; };
+    OnLaidOut = [this] { FitHeight(); };
+    VoiceList.OnClick = [this] { VoiceList_Click(); };
+    HScroll_Rate.OnChange = [this] { HScroll_Rate_Change(); };
+    HScroll_Volume.OnChange = [this] { HScroll_Volume_Change(); };
+    HScroll_Pitch.OnChange = [this] { HScroll_Pitch_Change(); };
+    cmdOK.OnClick = [this] { Unload(); };
+}
+
+void VoiceForm::Form_Load() {
+    ClearControls();
+    Frame_List.Caption = lblList.Caption.Get();
+    Frame_Vol.Caption = lbl_Vol.Caption.Get();
+    Frame_Rate.Caption = lbl_Rate.Caption.Get();
+    Frame_Pitch.Caption = lbl_Pitch.Caption.Get();
+    Text1.Visible = false;
+    for (forms::Button* pButton : {&Command1, &Command2, &Command3})
+        pButton->Visible = false;
+    FitHeight();
+    CreateVoice();
+    FillVoiceList();
+    PlaceBars();
+}
+
+// The form as it was drawn: what an earlier showing left behind goes.
+void VoiceForm::ClearControls() {
+    lblList.Caption = L"&Hlasy:";
+    lbl_Rate.Caption = L"&Rychlost:";
+    lbl_Vol.Caption = L"H&lasitost:";
+    lbl_Pitch.Caption = L"&Výška:";
+    VoiceList.Clear();
+    for (forms::ScrollBar* pBar : {&HScroll_Rate, &HScroll_Volume, &HScroll_Pitch})
+        PlaceQuietly(*pBar, pBar->nMin);
+    Text1.Text = L"";
+}
+
+// Where the controls stand is known only once the view has laid them out; a height of 0 leaves the
+// form as high as its layout.
+void VoiceForm::FitHeight() {
+    Height = (cmdOK.Top + 2 * cmdOK.Height) * platform::TwipsPerPixelY();
+}
+
+void VoiceForm::FillVoiceList() {
+    for (const std::wstring& strVoice : VoiceDescriptions())
+        VoiceList.AddItem(strVoice);
+    CheckSAPI();
+    VoiceList.AddItem(READER_VOICE);
+    for (int32_t i = 0; i < VoiceList.ListCount(); ++i) {
+        if (VoiceList.ItemText(i) == objSetting.VoiceName()) VoiceList.Select(i);
+    }
+}
+
+// Each bar that moves applies its value once more, and speaks. Without an engine to tell its rate
+// and volume their bars do not move, and stand where the settings are from the beginning.
+void VoiceForm::PlaceBars() {
+    int32_t nRate = 0;
+    SetVoiceRate(objSetting.Rate());
+    if (GetVoiceRate(nRate)) {
+        HScroll_Rate.MoveTo(PositionOf(nRate));
+    } else {
+        PlaceQuietly(HScroll_Rate, PositionOf(objSetting.Rate()));
+    }
+    int32_t nVolume = 0;
+    SetVoiceVolume(objSetting.Volume());
+    if (GetVoiceVolume(nVolume)) {
+        HScroll_Volume.MoveTo(nVolume);
+    } else {
+        PlaceQuietly(HScroll_Volume, objSetting.Volume());
+    }
+    HScroll_Pitch.MoveTo(PositionOf(objSetting.Pitch()));
+}
+
+void VoiceForm::VoiceList_Click() const {
+    objSetting.VoiceName(VoiceList.SelectedText());
+    CheckSAPI();
+}
+
+void VoiceForm::HScroll_Rate_Change() const {
+    const int32_t nRate = LevelOf(HScroll_Rate.Value);
+    objSetting.Rate(nRate);
+    SetVoiceRate(nRate);
+    SetReaderTempo(nRate);
+    SpeakPosition(HScroll_Rate);
+}
+
+void VoiceForm::HScroll_Volume_Change() const {
+    const int32_t nVolume = HScroll_Volume.Value;
+    objSetting.Volume(nVolume);
+    SetVoiceVolume(nVolume);
+    SetReaderVolume(static_cast<int16_t>(RoundedSteps(nVolume)));
+    SpeakPosition(HScroll_Volume);
+}
+
+// The engine gets its pitch with every utterance.
+void VoiceForm::HScroll_Pitch_Change() const {
+    const int32_t nPitch = LevelOf(HScroll_Pitch.Value);
+    objSetting.Pitch(nPitch);
+    SetReaderPitch(nPitch);
+    SpeakPosition(HScroll_Pitch);
+}
+
+void VoiceForm::Form_Unload() {
+    Program.bDialogActive = false;
+    int32_t nRate = 0;
+    int32_t nVolume = 0;
+    if (GetVoiceRate(nRate)) objSetting.Rate(nRate);
+    if (GetVoiceVolume(nVolume)) objSetting.Volume(nVolume);
+    objSetting.SaveSetting();
+    Speech.objVoice.reset();
 }
 
 }  // namespace taviro

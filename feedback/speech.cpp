@@ -15,8 +15,7 @@ using platform::AutomationArgument;
 using platform::AutomationObject;
 using platform::AutomationValue;
 
-constexpr const wchar_t* READER_VOICE = L"Kestrel";  // the voice name that stands for the reader
-constexpr size_t LONGEST_UTTERANCE = 70000;          // characters; the engine's own limit is near
+constexpr size_t LONGEST_UTTERANCE = 70000;  // characters; the engine's own limit is near
 
 // Flags of the engine's Speak.
 constexpr int32_t SPEAK_ASYNC = 1;
@@ -59,12 +58,42 @@ bool GetVoiceAt(const AutomationObject& Voices, int32_t nIndex, AutomationObject
     return Token != nullptr;
 }
 
-std::wstring DescriptionOf(const AutomationObject& Token) {
+// The text that names a voice. Returns false, and leaves the text alone, on failure.
+bool GetDescription(const AutomationObject& Token, std::wstring& strText) {
     AutomationArgument Locale{.Value = int32_t{0}};
     AutomationValue Result;
-    if (!platform::CallMethod(Token, L"GetDescription", {&Locale, 1}, Result)) return {};
+    if (!platform::CallMethod(Token, L"GetDescription", {&Locale, 1}, Result)) return false;
     const auto* pText = std::get_if<std::wstring>(&Result);
-    return pText == nullptr ? std::wstring{} : *pText;
+    if (pText == nullptr) return false;
+    strText = *pText;
+    return true;
+}
+
+// Returns false, and leaves the number alone, on failure.
+bool GetNumber(const AutomationObject& Object, const std::wstring& strProperty, int32_t& nNumber) {
+    AutomationValue Result;
+    if (!platform::GetProperty(Object, strProperty, {}, Result)) return false;
+    const auto* pNumber = std::get_if<int32_t>(&Result);
+    if (pNumber == nullptr) return false;
+    nNumber = *pNumber;
+    return true;
+}
+
+int32_t CountOf(const AutomationObject& Voices) {
+    int32_t nCount = 0;
+    return GetNumber(Voices, L"Count", nCount) ? nCount : 0;
+}
+
+void TellReader(const std::wstring& strMethod, AutomationArgument Argument) {
+    if (Speech.bUseReader) Call(Speech.objSpeechReader, strMethod, {&Argument, 1});
+}
+
+// Takes the voice from a fresh list, as the one that was searched may have changed meanwhile.
+void UseVoice(int32_t nIndex) {
+    AutomationObject Voices, Token;
+    if (!GetVoices(Voices) || !GetVoiceAt(Voices, nIndex, Token)) return;
+    // Refused: the engine's current voice stays.
+    (void)platform::PutProperty(Speech.objVoice, L"Voice", Token);
 }
 
 }  // namespace
@@ -77,13 +106,14 @@ void CreateSpeechReader() {
 std::vector<std::wstring> VoiceDescriptions() {
     std::vector<std::wstring> Descriptions;
     AutomationObject Voices;
-    AutomationValue Count;
-    if (!GetVoices(Voices) || !platform::GetProperty(Voices, L"Count", {}, Count)) return {};
-    const auto* pCount = std::get_if<int32_t>(&Count);
-    for (int32_t n = 0; pCount != nullptr && n < *pCount; ++n) {
+    if (!GetVoices(Voices)) return {};
+    const int32_t nCount = CountOf(Voices);
+    for (int32_t n = 0; n < nCount; ++n) {
         AutomationObject Token;
         if (!GetVoiceAt(Voices, n, Token)) break;
-        Descriptions.push_back(DescriptionOf(Token));
+        std::wstring strText;
+        // A voice without a name could not be chosen by it.
+        if (GetDescription(Token, strText)) Descriptions.push_back(strText);
     }
     return Descriptions;
 }
@@ -99,25 +129,50 @@ void SpeakIt(const std::wstring& strMessage, bool bWait) {
 void CheckSAPI() {
     Speech.bUseReader = objSetting.VoiceName() == READER_VOICE;
     if (Speech.bUseReader) return;
-    const auto Descriptions = VoiceDescriptions();
-    for (size_t n = 0; n < Descriptions.size(); ++n) {
-        if (Descriptions[n] != objSetting.VoiceName()) continue;
-        AutomationObject Voices, Token;
-        if (GetVoices(Voices) && GetVoiceAt(Voices, static_cast<int32_t>(n), Token)) {
-            // Refused: the engine's current voice stays.
-            (void)platform::PutProperty(Speech.objVoice, L"Voice", Token);
-        }
-        return;
+    AutomationObject Voices;
+    if (!GetVoices(Voices)) return;
+    const int32_t nCount = CountOf(Voices);
+    for (int32_t n = 0; n < nCount; ++n) {
+        AutomationObject Token;
+        std::wstring strText;
+        // A voice that cannot be asked ends the search; the engine's current one stays.
+        if (!GetVoiceAt(Voices, n, Token) || !GetDescription(Token, strText)) return;
+        if (strText == objSetting.VoiceName()) return UseVoice(n);
     }
 }
 
-void PrepareVoice() {
-    // Without an engine every later call fails quietly.
+void CreateVoice() {
     (void)platform::CreateAutomationObject(L"SAPI.SpVoice", Speech.objVoice);
     Speech.nSpeakFlags = SPEAK_ASYNC | SPEAK_PURGE;
-    CheckSAPI();
-    (void)platform::PutProperty(Speech.objVoice, L"Rate", objSetting.Rate());
-    (void)platform::PutProperty(Speech.objVoice, L"Volume", objSetting.Volume());
+}
+
+bool GetVoiceRate(int32_t& nRate) {
+    return GetNumber(Speech.objVoice, L"Rate", nRate);
+}
+
+void SetVoiceRate(int32_t nRate) {
+    // Refused: the engine keeps its own.
+    (void)platform::PutProperty(Speech.objVoice, L"Rate", nRate);
+}
+
+bool GetVoiceVolume(int32_t& nVolume) {
+    return GetNumber(Speech.objVoice, L"Volume", nVolume);
+}
+
+void SetVoiceVolume(int32_t nVolume) {
+    (void)platform::PutProperty(Speech.objVoice, L"Volume", nVolume);
+}
+
+void SetReaderTempo(int32_t nTempo) {
+    TellReader(L"SetTempo", {.Value = nTempo, .bByReference = true});
+}
+
+void SetReaderPitch(int32_t nPitch) {
+    TellReader(L"SetPitch", {.Value = nPitch, .bByReference = true});
+}
+
+void SetReaderVolume(int16_t nVolume) {
+    TellReader(L"SetVolume", {.Value = nVolume});
 }
 
 void QuietHostVoice() {

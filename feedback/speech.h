@@ -12,6 +12,9 @@
 
 namespace taviro {
 
+/// The voice name that stands for the reader.
+inline constexpr const wchar_t* READER_VOICE = L"Kestrel";
+
 struct SpeechState {
     platform::AutomationObject objSpeechReader;  ///< external reader; empty when not installed
     platform::AutomationObject objVoice;         ///< speech engine; lives while the voice form does
@@ -30,14 +33,28 @@ void CreateSpeechReader();
 /// silences); with bWait returns when the text has been spoken. Loads the voice form if needed.
 void SpeakIt(const std::wstring& strMessage, bool bWait = false);
 
-/// Descriptions of the engine's voices in its order; empty without an engine.
+/// Descriptions of the engine's voices in its order, without those that do not tell; empty without
+/// an engine.
 std::vector<std::wstring> VoiceDescriptions();
 
 /// Chooses reader or engine, and the engine's voice, by the setting VoiceName.
 void CheckSAPI();
 
-/// Creates the engine and readies it; part of loading the voice form.
-void PrepareVoice();
+/// Creates the engine, without which every other call here fails quietly; part of loading the voice
+/// form.
+void CreateVoice();
+
+/// The engine's rate, -10 to 10, and volume, 0 to 100. The getters return false, and leave the
+/// number alone, without an engine or when it does not tell.
+[[nodiscard]] bool GetVoiceRate(int32_t& nRate);
+void SetVoiceRate(int32_t nRate);
+[[nodiscard]] bool GetVoiceVolume(int32_t& nVolume);
+void SetVoiceVolume(int32_t nVolume);
+
+/// Tell the reader, while it is the one that speaks: tempo and pitch -10 to 10, volume 0 to 20.
+void SetReaderTempo(int32_t nTempo);
+void SetReaderPitch(int32_t nPitch);
+void SetReaderVolume(int16_t nVolume);
 
 /// Silences a host program's speech relay, if that host runs, so that two voices do not talk at
 /// once.

@@ -5,8 +5,10 @@
 
 namespace taviro::forms {
 
-Control::Control(Form& Parent, std::wstring strControlName)
-    : strName(std::move(strControlName)), m_Parent(Parent) {}
+Control::Control(Form& Parent, std::wstring strControlName, int32_t nControlId)
+    : strName(std::move(strControlName)), nId(nControlId), m_Parent(Parent) {
+    Parent.Add(*this);
+}
 
 void Control::Changed(Aspect nAspect) {
     m_Parent.ShowChange(*this, nAspect);
@@ -15,6 +17,10 @@ void Control::Changed(Aspect nAspect) {
 
 void TextBox::RunHandler(Aspect nAspect) {
     if (nAspect == Aspect::Text && OnChange) OnChange();
+}
+
+void TextBox::Type(const std::wstring& strEntered) {
+    Text = Admit ? Admit(strEntered) : strEntered;
 }
 
 void ListBox::Clear() {
@@ -35,6 +41,19 @@ int32_t ListBox::ListCount() const {
 std::wstring ListBox::ItemText(int32_t nIndex) const {
     if (nIndex < 0 || nIndex >= ListCount()) return {};
     return Items.Get()[static_cast<size_t>(nIndex)];
+}
+
+bool ListBox::Select(int32_t nIndex) {
+    const bool bInside = nIndex >= 0 && nIndex < ListCount();
+    ListIndex = bInside ? nIndex : -1;
+    return bInside;
+}
+
+bool ListBox::SelectText(const std::wstring& strItem) {
+    int32_t nIndex = ListCount() - 1;
+    while (nIndex >= 0 && ItemText(nIndex) != strItem)
+        --nIndex;
+    return Select(nIndex);
 }
 
 void ListBox::RunHandler(Aspect nAspect) {

@@ -19,12 +19,14 @@ class Form;
 /// What every control has.
 class Control {
   public:
-    Control(Form& Parent, std::wstring strControlName);
+    /// nControlId is the control's number in its dialog's layout; 0 for controls without one.
+    Control(Form& Parent, std::wstring strControlName, int32_t nControlId = 0);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
     const std::wstring strName;
+    const int32_t nId;
     Property<int32_t> Left{*this, Aspect::Geometry};
     Property<int32_t> Top{*this, Aspect::Geometry};
     Property<int32_t> Width{*this, Aspect::Geometry};
@@ -80,12 +82,19 @@ class Label : public Control {
     std::function<void(MouseButton)> OnMouseUp;  ///< a button was released over the label
 };
 
-/// A one-line text that the user, or another program, can change.
+/// A text that the user, or another program, can change.
 class TextBox : public Control {
   public:
     using Control::Control;
     Property<std::wstring> Text{*this, Aspect::Text};
     std::function<void()> OnChange;
+    std::function<void()> OnGotFocus;
+    std::function<void()> OnLostFocus;
+    /// What becomes of a text that the user enters, where not every text is allowed.
+    std::function<std::wstring(const std::wstring&)> Admit;
+
+    /// The user changed the whole text to this one; what is not admitted does not get in.
+    void Type(const std::wstring& strEntered);
 
   protected:
     void RunHandler(Aspect nAspect) override;
@@ -98,10 +107,17 @@ class ListBox : public Control {
     Property<std::vector<std::wstring>> Items{*this, Aspect::Items};
     Property<int32_t> ListIndex{*this, Aspect::Selection, -1};
     std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
 
     void Clear();
     void AddItem(const std::wstring& strItem);
     int32_t ListCount() const;
+    /// Selects an entry; a position outside the list selects nothing and gives false.
+    bool Select(int32_t nIndex);
+    /// Selects the last entry of this very text; without one nothing is selected. Gives whether.
+    bool SelectText(const std::wstring& strItem);
+    /// The selected entry's text, empty without a selection.
+    std::wstring SelectedText() const { return ItemText(ListIndex); }
     /// Text of an entry, empty when the position is outside the list.
     std::wstring ItemText(int32_t nIndex) const;
 

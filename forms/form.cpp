@@ -11,9 +11,12 @@ class Form::Frame : public Control {
 Form::Form(std::wstring strFormName)
     : m_pFrame(std::make_unique<Frame>(*this, std::move(strFormName))),
       Caption(*m_pFrame, Aspect::Text),
+      Left(*m_pFrame, Aspect::Geometry, UNPLACED),
+      Top(*m_pFrame, Aspect::Geometry, UNPLACED),
       Width(*m_pFrame, Aspect::Geometry),
       Height(*m_pFrame, Aspect::Geometry),
-      Visible(*m_pFrame, Aspect::Visibility, false) {}
+      Visible(*m_pFrame, Aspect::Visibility, false),
+      WindowState(*m_pFrame, Aspect::State, FormState::Normal) {}
 
 void Form::Load() {
     if (m_bLoaded) return;
@@ -23,7 +26,17 @@ void Form::Load() {
 
 void Form::Show() {
     Load();
-    if (m_bLoaded) Visible = true;
+    if (!m_bLoaded) return;
+    if (Visible) return ShowChange(*m_pFrame, Aspect::Visibility);
+    Visible = true;
+}
+
+void Form::ShowModal() {
+    if (m_bModal) return;
+    m_bModal = true;
+    Show();
+    if (Visible && OnRunModal) OnRunModal();
+    m_bModal = false;
 }
 
 void Form::Unload() {
@@ -32,7 +45,11 @@ void Form::Unload() {
     if (OnQueryUnload) OnQueryUnload();
     if (OnUnload) OnUnload();
     m_bLoaded = false;  // first: a form that hides unloaded is gone, and so is its window
-    Visible = false;
+    if (Visible) {
+        Visible = false;
+    } else {
+        ShowChange(*m_pFrame, Aspect::Unloaded);  // its window is still there
+    }
     m_bUnloading = false;
 }
 

@@ -8,7 +8,19 @@
 namespace taviro::forms {
 
 /// What about a control changed, as its view needs to know it.
-enum class Aspect { Text, Geometry, Look, Visibility, Enabled, Items, Selection, Timing, Checked };
+enum class Aspect {
+    Text,
+    Geometry,
+    Look,
+    Visibility,
+    Enabled,
+    Items,
+    Selection,
+    Timing,
+    Checked,
+    State,
+    Unloaded,  ///< a form that was hidden already is gone
+};
 
 class Control;
 

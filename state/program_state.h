@@ -19,6 +19,7 @@ struct ProgramState {
 
     bool bPauseJoystick = false;  ///< the poll loop idles: a dialog reads the joystick itself
     bool bDialogActive = false;  ///< the keyboard hook passes everything: someone types in a dialog
+    bool bConfigOpen = false;    ///< the cell editor is open
 };
 inline ProgramState Program;
 

@@ -74,6 +74,9 @@ struct VirtualWindow {
     uint32_t nProcess = 0;
     uint32_t nThread = 0;
     ScreenRect Rect{};
+    WindowHandle hParent = 0;          ///< 0 for a top-level window
+    int32_t nAccessibleChildren = -1;  ///< -1: its accessible object cannot be had
+    bool bGone = false;  ///< closed since its parent listed it: every call but the listing fails
 };
 
 /// Members of a late-bound object: how the member is used, its name, arguments, result.
@@ -94,6 +97,7 @@ struct DesktopState {
 
     // Clock, timers and events.
     uint32_t nNow = 1000;
+    int nInnerLoops = 0;  ///< waits and modal dialogs of the program that run now
     /// Runs it when the clock reaches nTime and messages are let through.
     void At(uint32_t nTime, std::function<void()> Run);
     /// Lets time pass as an idle message loop does: everything due runs when it is due.
@@ -115,6 +119,7 @@ struct DesktopState {
     // Sound.
     uint32_t nSoundEnds = 0;      ///< when the sound that plays now has ended
     uint32_t nSoundLength = 300;  ///< how long each sound plays, ms
+    bool bSoundFails = false;     ///< nothing plays, and no end is ever reported
     uint32_t nBeeps = 0;
 
     // Screen and text.
@@ -131,11 +136,13 @@ struct DesktopState {
     std::vector<uintptr_t> FolderOwners;  ///< owner windows handed to the folder query
     std::deque<ItemIdList> FolderLists;   ///< handed out, and never freed by the program
     bool bOtherInstance = false;
+    bool bAttachFails = false;
+    bool bRegionFails = false;
     intptr_t nShellResult = 42;
     std::vector<VirtualWindow> Windows;
     WindowHandle hForeground = 0;
     std::vector<ProcessEntry> Processes;
-    bool bAttachFails = false;
+    std::vector<ScreenRect> Regions;  ///< all that were made; their handles count from 1
 
     // Late-bound classes by ProgID.
     std::map<std::wstring, std::function<AutomationObject()>> Classes;
@@ -145,6 +152,11 @@ struct DesktopState {
     ScreenRect MainRect{};  ///< where it stands
     bool bQuit = false;
     int nExitCode = 0;
+
+    // Dialogs.
+    std::vector<forms::Form*> Dialogs;
+    /// What the user does while a form is shown modal; the form stays open when it does not end it.
+    std::function<void(forms::Form&)> WhileModal;
 
     DesktopState();
 

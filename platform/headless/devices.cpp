@@ -50,12 +50,13 @@ uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
 
 bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
     const bool bPlaying = Desktop.nNow < Desktop.nSoundEnds;
-    if ((nFlags & SND_FLAG_NOSTOP) != 0 && bPlaying) {
+    const bool bQuery = (nFlags & SND_FLAG_NOSTOP) != 0;
+    if (bQuery && (bPlaying || Desktop.bSoundFails)) {
         Desktop.nNow += SOUND_QUERY_MS;
         return false;
     }
     if (strFile.empty()) return true;
-    if (!Desktop.Files.FileExists(strFile)) return false;
+    if (Desktop.bSoundFails || !Desktop.Files.FileExists(strFile)) return false;
     Desktop.Record("sound " + ToUtf8(strFile));
     Desktop.nSoundEnds = Desktop.nNow + Desktop.nSoundLength;
     if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.nNow = Desktop.nSoundEnds;
@@ -115,7 +116,13 @@ std::wstring DateTimeText() {
 }
 
 void RunPendingMessages() {
+    ++Desktop.nInnerLoops;
     Desktop.RunDue();
+    --Desktop.nInnerLoops;
+}
+
+bool IsOutermostLoop() {
+    return Desktop.nInnerLoops == 0;
 }
 
 int RunMessageLoop() {

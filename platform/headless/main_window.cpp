@@ -26,6 +26,10 @@ void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect)
     if (!Form.IsFrame(Changed)) return;
     if (nAspect == forms::Aspect::Geometry) FitInside(Form);
     if (nAspect == forms::Aspect::Text) Desktop.Record("caption " + ToUtf8(Form.Caption.Get()));
+    if (nAspect == forms::Aspect::State) {
+        const bool bMinimised = Form.WindowState == forms::FormState::Minimised;
+        Desktop.Record(bMinimised ? "main window minimised" : "main window restored");
+    }
     if (nAspect == forms::Aspect::Visibility) {
         Desktop.Record(Form.Visible ? "main window shown" : "main window hidden");
     }

@@ -28,7 +28,7 @@ namespace {
 const VirtualWindow* FindWindowEntry(WindowHandle hWindow) {
     const auto it = std::find_if(Desktop.Windows.begin(), Desktop.Windows.end(),
                                  [&](const auto& Window) { return Window.hWindow == hWindow; });
-    return hWindow == 0 || it == Desktop.Windows.end() ? nullptr : &*it;
+    return hWindow == 0 || it == Desktop.Windows.end() || it->bGone ? nullptr : &*it;
 }
 
 bool UseMember(const AutomationObject& Object, MemberUse nUse, const std::wstring& strName,
@@ -91,6 +91,7 @@ uint32_t WindowThread(WindowHandle hWindow) {
 
 WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle) {
     for (const auto& Window : Desktop.Windows) {
+        if (Window.hParent != 0 || Window.bGone) continue;
         const bool bTitle = strTitle.empty() || ToLower(strTitle) == ToLower(Window.strTitle);
         const bool bClass = strClass.empty() || ToLower(strClass) == ToLower(Window.strClass);
         if (bTitle && bClass) return Window.hWindow;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/win32/screen.h"
+#include "platform/win32/window_text.h"
 
 namespace taviro::platform::win32 {
 
@@ -34,14 +35,6 @@ LRESULT CALLBACK OnListMessage(HWND hList, UINT nMessage, WPARAM wParam, LPARAM 
                      reinterpret_cast<LPARAM>(hList));
     }
     return 0;
-}
-
-std::wstring TextOf(HWND hWindow) {
-    std::wstring strText(static_cast<size_t>(std::max(0, GetWindowTextLengthW(hWindow))), L'\0');
-    const int nLength =
-        GetWindowTextW(hWindow, strText.data(), static_cast<int>(strText.size()) + 1);
-    strText.resize(static_cast<size_t>(std::max(0, nLength)));
-    return strText;
 }
 
 }  // namespace
@@ -102,12 +95,12 @@ void ChildControls::PushList() {
 
 void ChildControls::PushText() const {
     // Writing notifies us, and we find the model's text unchanged then: no endless circle.
-    if (TextOf(m_hEdit) == m_Form.txtCmd.Text.Get()) return;
+    if (WindowText(m_hEdit) == m_Form.txtCmd.Text.Get()) return;
     static_cast<void>(SetWindowTextW(m_hEdit, m_Form.txtCmd.Text.Get().c_str()));
 }
 
 void ChildControls::OnNotification(HWND hChild, WORD nCode) {
-    if (hChild == m_hEdit && nCode == EN_CHANGE) m_Form.txtCmd.Text = TextOf(m_hEdit);
+    if (hChild == m_hEdit && nCode == EN_CHANGE) m_Form.txtCmd.Text = WindowText(m_hEdit);
     if (hChild == m_hList && nCode == LBN_SELCHANGE) {
         m_Form.List1.ListIndex = static_cast<int32_t>(SendMessageW(m_hList, LB_GETCURSEL, 0, 0));
     }

@@ -86,22 +86,44 @@ void PushSize() {
     FitSoon();
 }
 
+bool IsMinimised() {
+    return View->Form.WindowState == forms::FormState::Minimised;
+}
+
+/// Without the focus, which belongs to the program that is being driven.
+void ShowInItsState() {
+    // Returns the earlier visibility.
+    static_cast<void>(
+        ShowWindow(View->hWindow, IsMinimised() ? SW_SHOWMINNOACTIVE : SW_SHOWNOACTIVATE));
+}
+
+/// A hidden window takes its state when it is shown.
+void PushState() {
+    if (View->Form.Visible && IsMinimised() != (IsIconic(View->hWindow) != FALSE)) ShowInItsState();
+}
+
+/// Refused only when it is gone already.
+void RemoveWindow() {
+    static_cast<void>(DestroyWindow(View->hWindow));
+}
+
 void PushVisibility() {
     if (View->Form.Visible) {
         if (View->bFitPending) FitNow();
         if (!View->bPlaced) win32::PlaceAtStart(View->hWindow);
         View->bPlaced = true;
-        static_cast<void>(ShowWindow(View->hWindow, SW_SHOWNOACTIVATE));  // the earlier state
+        ShowInItsState();
         return;
     }
     static_cast<void>(ShowWindow(View->hWindow, SW_HIDE));
-    // Hidden because it is unloaded: its window goes too. Refused only when already gone.
-    if (!View->Form.IsLoaded()) static_cast<void>(DestroyWindow(View->hWindow));
+    if (!View->Form.IsLoaded()) RemoveWindow();  // hidden because it is unloaded
 }
 
 void PushFrame(Aspect nAspect) {
     if (nAspect == Aspect::Geometry) PushSize();
     if (nAspect == Aspect::Visibility) PushVisibility();
+    if (nAspect == Aspect::State) PushState();
+    if (nAspect == Aspect::Unloaded) RemoveWindow();
     // A refused title leaves the earlier one.
     if (nAspect == Aspect::Text) {
         static_cast<void>(SetWindowTextW(View->hWindow, View->Form.Caption.Get().c_str()));
@@ -152,6 +174,10 @@ void OnLabelsChanged() {
 }
 
 void OnSize(WPARAM nKind, LPARAM nSize) {
+    if (View->Form.Visible) {
+        View->Form.WindowState =
+            nKind == SIZE_MINIMIZED ? forms::FormState::Minimised : forms::FormState::Normal;
+    }
     if (nKind == SIZE_MINIMIZED || View->bFitting) return;
     if (View->bFitPending) return FitNow();
     if (GetTickCount() - View->nAskedAt < LATE_ANSWER_MS) return FitSoon();

@@ -15,7 +15,10 @@ namespace taviro::platform {
 
 namespace {
 win32::UniqueHandle hSingleInstance;  // the claim, held until the program ends
-}
+
+// No file has a longer name, quotes included; some shells copy one into a buffer without a check.
+constexpr size_t LONGEST_FILE_NAME = MAX_PATH + 2;
+}  // namespace
 
 /// The shell's own record stands at the address; this type never exists by itself.
 struct ItemIdList {
@@ -37,6 +40,8 @@ bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
 
 intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
                                const std::wstring& strParameters, int32_t nShowCommand) {
+    // Without a name, a shell may show the current folder instead.
+    if (strFile.empty() || strFile.size() > LONGEST_FILE_NAME) return SE_ERR_FNF;
     const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strFile.c_str(),
                                             strParameters.c_str(), L"", nShowCommand);
     return reinterpret_cast<intptr_t>(hResult);

@@ -113,6 +113,15 @@ void PlaceAtStart(HWND hWindow) {
     MoveTo(hWindow, std::max(Work.left, Work.right - WidthOf(Outer)), Work.top);
 }
 
+void CentreOnWorkArea(HWND hWindow) {
+    RECT Outer{};
+    if (GetWindowRect(hWindow, &Outer) == FALSE) return;
+    const HWND hOwner = GetWindow(hWindow, GW_OWNER);
+    const RECT Work = WorkArea(hOwner == nullptr ? hWindow : hOwner);
+    MoveTo(hWindow, (Work.left + Work.right - WidthOf(Outer)) / 2,
+           (Work.top + Work.bottom - HeightOf(Outer)) / 2);
+}
+
 void KeepOnScreen(HWND hWindow) {
     RECT Outer{};
     if (IsIconic(hWindow) != FALSE || GetWindowRect(hWindow, &Outer) == FALSE) return;

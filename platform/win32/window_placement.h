@@ -17,6 +17,9 @@ void FitWindowToForm(HWND hWindow, const forms::Form& Form);
 /// Moves the window to the corner where it starts.
 void PlaceAtStart(HWND hWindow);
 
+/// Moves the window to the middle of the work area of its monitor, which is its owner's.
+void CentreOnWorkArea(HWND hWindow);
+
 /// Shifts the window back into the work area of its monitor.
 void KeepOnScreen(HWND hWindow);
 

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/button_config_form.h"
+
+#include <algorithm>
+#include <string>
+
+#include "dialogs/entered_text.h"
+#include "dialogs/key_choice.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+namespace {
+
+constexpr size_t LONGEST_COMMAND = 1023;  // characters that reading the settings file returns
+
+// A command as the settings file gives it back: no blanks before it, and "$" stands for the double
+// quote there.
+std::wstring StorableCommand(const std::wstring& strEntered) {
+    std::wstring strLine = OneLine(strEntered);
+    strLine.erase(0, std::min(strLine.find_first_not_of(L' '), strLine.size()));
+    std::replace(strLine.begin(), strLine.end(), L'$', L'"');
+    return strLine.substr(0, LONGEST_COMMAND);
+}
+
+KeyChoice KeyOfForm(ButtonConfigForm& Form) {
+    return {Form.ComboKey, Form.chkSHIFT, Form.chkCTRL, Form.chkALT, Form.chkWin};
+}
+
+}  // namespace
+
+ButtonConfigForm::ButtonConfigForm() : Form(L"frmButtonConfig") {
+    AdmitAs(Text3, StorableCommand);
+    OnLoad = [this] { FillControls(); };
+    OnActivate = [this] {
+        Program.bDialogActive = true;
+        // The number that the settings dialog shows when the button is pressed there.
+        Caption = L"Nastavení tlačítka " + std::to_wstring(m_nButton);
+    };
+    OnUnload = [] { Program.bDialogActive = false; };
+    cmdOK.OnClick = [this] {
+        StoreRow();
+        Unload();
+    };
+    cmdCancel.OnClick = [this] { Unload(); };
+}
+
+ButtonAction* ButtonConfigForm::Row() const {
+    const bool bInside = m_nButton >= 0 && m_nButton < static_cast<int32_t>(nButtonCount);
+    return bInside ? &ButtonTable[static_cast<size_t>(m_nButton)] : nullptr;
+}
+
+void ButtonConfigForm::FillControls() {
+    const ButtonAction* pRow = Row();
+    ButtonAction Shown;
+    Shown.Kind = ButtonKind::Unassigned;
+    if (pRow != nullptr) Shown = *pRow;
+    OptionType.Selected = -1;
+    OptionType.Choose(static_cast<int32_t>(Shown.Kind));
+    KeyOfForm(*this).Show(Shown.Code);
+    Text3.Text = Shown.Kind == ButtonKind::Command ? Shown.Command : std::wstring{};
+}
+
+void ButtonConfigForm::StoreRow() {
+    ButtonAction* pRow = Row();
+    if (pRow == nullptr) return;
+    const int32_t nRole = OptionType.Selected;
+    pRow->Kind = nRole < 0 ? ButtonKind::Unassigned : static_cast<ButtonKind>(nRole);
+    // A key that has no name, as a settings file may hold, stays when no other is chosen.
+    if (pRow->Kind == ButtonKind::Code) pRow->Code = KeyOfForm(*this).Code(KeyOf(pRow->Code));
+    if (pRow->Kind == ButtonKind::Command) pRow->Command = Text3.Text;
+}
+
+}  // namespace taviro

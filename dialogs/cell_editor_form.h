@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// The cell editor: caption, key or command, and marks of the highlighted cell. OK stores the cell
+// into the map on screen, at the same or another position, and rewrites that map's file.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "dialogs/control_ids.h"
+#include "forms/dialog_controls.h"
+#include "forms/form.h"
+#include "maps/map_grid.h"
+
+namespace taviro {
+
+inline constexpr int32_t MODE_MARK_COUNT = 4;   ///< none, selection, arrow, application
+inline constexpr int32_t CELL_KIND_COUNT = 2;   ///< a key, no key
+inline constexpr int32_t CELL_KIND_KEY = 0;     ///< the cell sends a key
+inline constexpr int32_t CELL_KIND_NO_KEY = 1;  ///< the cell carries out its command alone
+
+class CellEditorForm : public forms::Form {
+  public:
+    CellEditorForm();
+
+    forms::ComboBox ComboX{*this, L"ComboX", IDC_ComboX};  ///< target column
+    forms::ComboBox ComboY{*this, L"ComboY", IDC_ComboY};  ///< target row
+    forms::TextBox Text4{*this, L"Text4", IDC_Text4};      ///< caption
+    forms::OptionGroup OptionType{*this, L"OptionType", IDC_OptionType, CELL_KIND_COUNT};
+    forms::ListBox ComboKey{*this, L"ComboKey", IDC_ComboKey};  ///< the key names, in their order
+    forms::CheckBox chkSHIFT{*this, L"chkSHIFT", IDC_chkSHIFT};
+    forms::CheckBox chkCTRL{*this, L"chkCTRL", IDC_chkCTRL};
+    forms::CheckBox chkALT{*this, L"chkALT", IDC_chkALT};
+    forms::CheckBox chkWin{*this, L"chkWin", IDC_chkWin};
+    forms::Label lblCode{*this, L"lblCode", IDC_lblCode};  ///< the stored code, in decimal
+    forms::TextBox Text3{*this, L"Text3", IDC_Text3};      ///< the command without its marks
+    /// The mark before the command: none, "<", "|" or ">".
+    forms::OptionGroup OptSetMode{*this, L"OptSetMode", IDC_OptSetMode, MODE_MARK_COUNT};
+    /// The mark "^".
+    forms::CheckBox ChkResetColumnOnAction{*this, L"ChkResetColumnOnAction",
+                                           IDC_ChkResetColumnOnAction};
+    forms::Button cmdOK{*this, L"cmdOK", IDC_cmdOK};
+    forms::Button cmdCancel{*this, L"cmdCancel", IDC_cmdCancel};
+
+    bool bChanged = false;  ///< position, caption, command or mode mark was touched since opening
+
+  private:
+    void Open();
+    void FillCommand(std::wstring strCommand);
+    void EnableFor(int32_t nKind);
+    MapCell EnteredCell();
+    bool ReturnToOpenedMap() const;
+    void Save();
+
+    // The highlight and the map at opening.
+    int32_t m_nColumn = 1;
+    int32_t m_nRow = 1;
+    bool m_bAppMap = false;
+    std::wstring m_strAppMap;
+};
+
+/// One for the whole run, made anew only by tests.
+inline std::unique_ptr<CellEditorForm> frmConfig = std::make_unique<CellEditorForm>();
+
+}  // namespace taviro

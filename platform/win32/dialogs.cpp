@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "platform/dialogs.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "platform/main_window.h"
+#include "platform/win32/dialog_view.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/numbers.h"
+
+namespace taviro::platform {
+
+namespace {
+
+using win32::DialogView;
+
+/// A dialog that holds the other windows of the program, and those that it has disabled.
+struct ModalDialog {
+    const DialogView* pView;
+    std::vector<HWND> Disabled;
+};
+
+struct DialogState {
+    std::vector<std::unique_ptr<DialogView>> Views;
+    std::vector<ModalDialog> Modal;  ///< the innermost last
+    HWND hDriven = nullptr;          ///< the other program's window that had the focus before
+};
+DialogState Dialogs;
+
+HWND MainWindow() {
+    return win32::ToHwnd(MainWindowHandle());
+}
+
+bool IsOurs(HWND hWindow) {
+    DWORD nProcess = 0;
+    return GetWindowThreadProcessId(hWindow, &nProcess) != 0 && nProcess == GetCurrentProcessId();
+}
+
+/// A dialog stands above the innermost modal one, else above the main window.
+HWND OwnerOfNext() {
+    return Dialogs.Modal.empty() ? MainWindow() : Dialogs.Modal.back().pView->Window();
+}
+
+void HoldOthers(const DialogView& View) {
+    ModalDialog Holding{.pView = &View, .Disabled = {}};
+    const auto Hold = [&](HWND hWindow) {
+        if (hWindow == nullptr || hWindow == View.Window() || !IsWindowEnabled(hWindow)) return;
+        static_cast<void>(EnableWindow(hWindow, FALSE));  // returns the earlier state
+        Holding.Disabled.push_back(hWindow);
+    };
+    Hold(MainWindow());
+    for (const auto& pOther : Dialogs.Views)
+        Hold(pOther->Window());
+    Dialogs.Modal.push_back(std::move(Holding));
+}
+
+/// Before the dialog goes: else the system would give the focus to another program.
+void FreeOthers(const DialogView& View) {
+    const auto it = std::find_if(Dialogs.Modal.begin(), Dialogs.Modal.end(),
+                                 [&](const ModalDialog& Entry) { return Entry.pView == &View; });
+    if (it == Dialogs.Modal.end()) return;
+    for (HWND hWindow : it->Disabled)
+        static_cast<void>(EnableWindow(hWindow, TRUE));  // fails when it is gone: nothing to free
+    Dialogs.Modal.erase(it);
+}
+
+/// The program that was being driven gets the focus back when the last dialog has gone.
+void ReturnFocus() {
+    const bool bAnyShown = std::any_of(Dialogs.Views.begin(), Dialogs.Views.end(), [](auto& pView) {
+        return pView->Window() != nullptr && pView->Model().Visible;
+    });
+    if (bAnyShown || Dialogs.hDriven == nullptr) return;
+    const HWND hFront = GetForegroundWindow();
+    if (hFront == nullptr || IsOurs(hFront)) {
+        static_cast<void>(SetForegroundWindow(Dialogs.hDriven));  // it may have closed meanwhile
+    }
+    Dialogs.hDriven = nullptr;
+}
+
+void Show(DialogView& View) {
+    const HWND hFront = GetForegroundWindow();
+    if (hFront != nullptr && !IsOurs(hFront)) Dialogs.hDriven = hFront;
+    if (View.Window() == nullptr && !View.Create(OwnerOfNext())) {
+        View.Model().Unload();  // nothing can be shown, so nothing may wait for it
+        return;
+    }
+    if (View.Model().IsModal()) HoldOthers(View);
+    static_cast<void>(ShowWindow(View.Window(), SW_SHOW));  // the earlier state
+    static_cast<void>(SetForegroundWindow(View.Window()));  // refused: a click brings it up
+}
+
+void Hide(DialogView& View) {
+    FreeOthers(View);
+    const bool bHadFocus = View.Window() != nullptr && GetForegroundWindow() == View.Window();
+    if (View.Model().IsLoaded()) {
+        static_cast<void>(ShowWindow(View.Window(), SW_HIDE));
+    } else {
+        View.Destroy();
+    }
+    if (bHadFocus) ReturnFocus();
+}
+
+void OnShowChange(DialogView& View, forms::Control& Changed, forms::Aspect nAspect) {
+    forms::Form& Form = View.Model();
+    if (!Form.IsFrame(Changed)) return View.Push(Changed, nAspect);
+    if (nAspect == forms::Aspect::Unloaded) return Hide(View);
+    if (nAspect != forms::Aspect::Visibility) return View.PushFrame(nAspect);
+    Form.Visible ? Show(View) : Hide(View);
+}
+
+}  // namespace
+
+void AttachDialog(forms::Form& Form) {
+    Dialogs.Views.push_back(std::make_unique<DialogView>(Form));
+    DialogView& View = *Dialogs.Views.back();
+    Form.OnShowChange = [&View](forms::Control& Changed, forms::Aspect nAspect) {
+        OnShowChange(View, Changed, nAspect);
+    };
+    Form.OnRunModal = [&Form] { win32::RunMessagesWhile([&] { return Form.Visible.Get(); }); };
+}
+
+void DetachDialogs() {
+    for (const auto& pView : Dialogs.Views) {
+        pView->Model().OnShowChange = nullptr;
+        pView->Model().OnRunModal = nullptr;
+        pView->Destroy();
+    }
+    Dialogs = {};
+}
+
+void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) {
+    // The answer can only be OK.
+    static_cast<void>(MessageBoxW(OwnerOfNext(), strText.c_str(), strTitle.c_str(),
+                                  MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND));
+}
+
+}  // namespace taviro::platform

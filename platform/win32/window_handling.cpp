@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "platform/window_handling.h"
+
+#include <windows.h>
+
+#include <memory>
+
+#include "platform/win32/numbers.h"
+
+namespace taviro::platform {
+
+using win32::ToHwnd;
+using win32::ToNumber;
+
+namespace {
+
+static_assert(SWP_NOACTIVATE == POSITION_FLAG_NOACTIVATE);
+static_assert(RDW_INVALIDATE == REDRAW_INVALIDATE && RDW_INTERNALPAINT == REDRAW_INTERNAL_PAINT &&
+              RDW_ALLCHILDREN == REDRAW_ALL_CHILDREN && RDW_UPDATENOW == REDRAW_UPDATE_NOW &&
+              RDW_FRAME == REDRAW_FRAME);
+
+HRGN ToRegion(RegionHandle hRegion) {
+    return reinterpret_cast<HRGN>(hRegion);  // NOLINT(performance-no-int-to-ptr)
+}
+
+RECT ToRect(const ScreenRect& Rect) {
+    return {.left = Rect.nLeft, .top = Rect.nTop, .right = Rect.nRight, .bottom = Rect.nBottom};
+}
+
+/// The system calls it from within EnumChildWindows: no exception may leave it.
+BOOL CALLBACK OnChild(HWND hChild, LPARAM lParam) noexcept {
+    const auto& Visit = *reinterpret_cast<const std::function<bool(WindowHandle)>*>(lParam);
+    try {
+        return Visit(ToNumber(hChild)) ? TRUE : FALSE;
+    } catch (...) {
+        return FALSE;
+    }
+}
+
+}  // namespace
+
+WindowHandle FindWindowByTitle(const std::wstring& strTitle) {
+    return ToNumber(FindWindowExW(nullptr, nullptr, nullptr, strTitle.c_str()));
+}
+
+std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength) {
+    std::wstring strTitle(static_cast<size_t>(nBufferLength), L'\0');
+    const int nLength = GetWindowTextW(ToHwnd(hWindow), strTitle.data(), nBufferLength);
+    strTitle.resize(static_cast<size_t>(nLength));
+    return strTitle;
+}
+
+bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
+    return SetWindowPos(ToHwnd(hWindow), ToHwnd(Position.hInsertAfter), Position.nLeft,
+                        Position.nTop, Position.nWidth, Position.nHeight, Position.nFlags) != FALSE;
+}
+
+bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
+    POINT System{.x = Point.nX, .y = Point.nY};
+    if (ScreenToClient(ToHwnd(hWindow), &System) == FALSE) return false;
+    Point = {.nX = System.x, .nY = System.y};
+    return true;
+}
+
+RegionHandle CreateRectRegion(const ScreenRect& Rect) {
+    return ToNumber(CreateRectRgn(Rect.nLeft, Rect.nTop, Rect.nRight, Rect.nBottom));
+}
+
+void DeleteRegion(RegionHandle hRegion) {
+    static_cast<void>(DeleteObject(ToRegion(hRegion)));  // fails only for what is no region
+}
+
+bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect, RegionHandle hRegion,
+                      uint32_t nFlags) {
+    const RECT System = ToRect(Rect);
+    return RedrawWindow(ToHwnd(hWindow), &System, ToRegion(hRegion), nFlags) != FALSE;
+}
+
+void VisitChildWindows(WindowHandle hParent, const std::function<bool(WindowHandle)>& Visit) {
+    if (hParent == 0) return;  // the system would go through all windows of the desktop
+    // Its result means nothing.
+    static_cast<void>(EnumChildWindows(ToHwnd(hParent), OnChild, reinterpret_cast<LPARAM>(&Visit)));
+}
+
+}  // namespace taviro::platform
