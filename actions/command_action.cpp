@@ -32,19 +32,17 @@ struct TriggeredAction {
     int32_t nCode = 0;
 };
 
-// Returns false when the index, or the cursor, is outside its table: there is no action then, and
-// nothing of the table's neighbourhood must run.
-bool FetchAction(int32_t nIndex, TriggeredAction& Action) {
+// An index, or a cursor, outside its table gives the empty action: it runs like that of an empty
+// cell, so that the settings can still bring a cursor back that has left the grid.
+TriggeredAction FetchAction(int32_t nIndex) {
     if (nIndex == CELL_UNDER_CURSOR) {
         const MapCell* pCell = ShownMap().Cell(Cursor.nColumn, Cursor.nRow);
-        if (pCell == nullptr) return false;
-        Action = {.strCommand = pCell->Command, .nCode = pCell->Code};
-        return true;
+        if (pCell == nullptr) return {};
+        return {.strCommand = pCell->Command, .nCode = pCell->Code};
     }
-    if (nIndex < 0 || nIndex >= static_cast<int32_t>(nButtonCount)) return false;
+    if (nIndex < 0 || nIndex >= static_cast<int32_t>(nButtonCount)) return {};
     const ButtonAction& Button = ButtonTable[static_cast<size_t>(nIndex)];
-    Action = {.strCommand = Button.Command, .nCode = Button.Code};
-    return true;
+    return {.strCommand = Button.Command, .nCode = Button.Code};
 }
 
 void EnterArrowByPrefix() {
@@ -109,8 +107,7 @@ void ResetCursor() {
 
 void CommandAction(int32_t nIndex) {
     SpeakIt(L"");
-    TriggeredAction Action;
-    if (!FetchAction(nIndex, Action)) return;
+    TriggeredAction Action = FetchAction(nIndex);
     TakeModePrefix(Action.strCommand);
     const ActionCode Code = DecodeActionCode(Action.nCode);
     if (Code.nKey >= 1) {

@@ -7,6 +7,7 @@
 #include "feedback/speech.h"
 #include "forms/main_form.h"
 #include "maps/map_grid.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
@@ -22,14 +23,21 @@ std::wstring CommonCellText() {
     return pCell == nullptr ? std::wstring{} : pCell->Caption;
 }
 
+// Far above every sound of a mode. A system without a working sound device, or with its own sounds
+// switched off, may never report the end, and the joystick would stay dead.
+constexpr uint32_t LONGEST_SOUND_MS = 10000;
+
 // Plays a sound to its end. Returns false when there is no such file.
 bool PlayToEnd(const std::wstring& strName) {
     const std::wstring strSound = SoundPath(strName);
     if (!platform::FileExists(strSound)) return false;
-    (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+    // A sound that does not play has no end to wait for.
+    const bool bPlays = platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+    const uint32_t nStart = platform::TickCount();
     do {
         platform::RunPendingMessages();
-    } while (!platform::SndPlaySound(L"", platform::SND_FLAG_NOSTOP));
+    } while (bPlays && !platform::SndPlaySound(L"", platform::SND_FLAG_NOSTOP) &&
+             platform::TickCount() - nStart < LONGEST_SOUND_MS);
     return true;
 }
 

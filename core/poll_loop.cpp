@@ -232,6 +232,7 @@ bool TickAppMode() {
         EnterSelectMode();
         Modes.Set(Mode::Select);
         ForgetForegroundApp();
+        HideList();  // a key may have opened one while the announcement let messages run
         return false;
     }
     const int32_t nButton = PressedButton();

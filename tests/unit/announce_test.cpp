@@ -24,7 +24,7 @@ class AnnounceTest : public ProgramTest {
     AnnounceTest() {
         PrepareBare();
         InstallEngine();
-        PrepareVoice();
+        CreateVoice();
         Desktop.TakeEffects();
     }
     static void PutSound(const std::wstring& strName) {

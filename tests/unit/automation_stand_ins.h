@@ -74,6 +74,7 @@ struct EngineState {
     int32_t nVolume = 100;
     int nVoiceLists = 0;  ///< how often the voices were asked for
     bool bListFails = false;
+    int32_t nBrokenToken = -1;  ///< position of a voice that cannot be asked for its name
 };
 
 namespace stand_ins {
@@ -107,7 +108,10 @@ inline AutomationObject MakeVoices(const std::shared_ptr<EngineState>& pEngine) 
         if (pIndex == nullptr || *pIndex < 0) return false;
         const auto nIndex = static_cast<size_t>(*pIndex);
         if (nIndex >= pEngine->Voices.size()) return false;
-        Result = MakeToken(pEngine->Voices[nIndex]);
+        Result =
+            *pIndex == pEngine->nBrokenToken
+                ? platform::headless::MakeObject([](auto, auto&, auto, auto&) { return false; })
+                : MakeToken(pEngine->Voices[nIndex]);
         return true;
     });
 }

@@ -16,6 +16,7 @@ namespace {
 using forms::FrmMain;
 
 const std::string TAP_A = "SendInput: vk 65 down, vk 65 up";
+const Effects EMPTY_ACTION{"silence", "launch \"\""};
 
 class CommandRun : public ActionTest {
   protected:
@@ -115,6 +116,10 @@ TEST_F(CommandRun, Caret_SendsTheHighlightToTheFirstColumn) {
     MoveTo(3, 2);
     Run(L"|^");
     EXPECT_EQ(Here(), L"1,2");
+    Cursor.nLastColumn = 4;
+    Cursor.nLastRow = 3;
+    Run(L"<^");
+    EXPECT_EQ(Here(), L"1,3") << "in the row of the cell to which the prefix leads back";
     MoveTo(3, 2);
     Run(L"*T;a^b");
     EXPECT_EQ(Here(), L"1,2");
@@ -156,23 +161,46 @@ TEST_F(CommandRun, Button_RunsItsRecord_CaretMovesTheHighlight) {
     EXPECT_EQ(Here(), L"1,2");
 }
 
-TEST_F(CommandRun, IndexOutsideTheTable_OnlySilencesSpeech) {
-    ButtonTable.fill({.Kind = ButtonKind::Command, .Command = L"calc^", .Code = 0});
+// The fetch fails and is skipped: what follows runs with an empty text and code 0.
+TEST_F(CommandRun, IndexOutsideTheTable_RunsTheEmptyAction) {
+    ButtonTable.fill({.Kind = ButtonKind::Command, .Command = L"calc^", .Code = 65});
+    objSetting.TriggerColumnReset(1);
+    objSetting.TriggerRowReset(1);
     for (const int32_t nIndex :
          {-2, 16, 1000, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()}) {
         SCOPED_TRACE(nIndex);
-        EXPECT_EQ(RunButton(nIndex), Effects{"silence"});
-        EXPECT_EQ(Here(), L"3,2");
-        EXPECT_EQ(Prediction.strPrefix, L"");
+        Prediction.strPrefix = L"a";
+        EXPECT_EQ(RunButton(nIndex), EMPTY_ACTION);
+        EXPECT_EQ(Here(), L"3,2") << "the reset concerns cells alone";
+        EXPECT_EQ(Prediction.strPrefix, std::wstring(L"a\0", 2));
     }
 }
 
-TEST_F(CommandRun, CursorOutsideTheGrid_OnlySilencesSpeech) {
-    objSetting.TriggerRowReset(1);
-    Cursor.nColumn = 41;
-    CommandAction(CELL_UNDER_CURSOR);
-    EXPECT_EQ(Desktop.TakeEffects(), Effects{"silence"});
-    EXPECT_EQ(Here(), L"41,2");
+TEST_F(CommandRun, CursorOutsideTheGrid_RunsTheEmptyAction_IsBroughtBackByTheReset) {
+    const struct {
+        int32_t nColumn, nRow;
+    } Places[] = {{41, 2}, {-1, 2}, {3, 21}, {3, -1}, {std::numeric_limits<int32_t>::max(), 2}};
+    for (const auto& Place : Places) {
+        SCOPED_TRACE(testing::Message() << Place.nColumn << "," << Place.nRow);
+        objSetting.TriggerColumnReset(0);
+        objSetting.TriggerRowReset(0);
+        Cursor.nColumn = Place.nColumn;
+        Cursor.nRow = Place.nRow;
+        EXPECT_EQ(RunButton(CELL_UNDER_CURSOR), EMPTY_ACTION);
+        EXPECT_EQ(Cursor.nColumn, Place.nColumn);
+        EXPECT_EQ(Cursor.nRow, Place.nRow);
+        objSetting.TriggerColumnReset(1);
+        objSetting.TriggerRowReset(1);
+        EXPECT_EQ(RunButton(CELL_UNDER_CURSOR), EMPTY_ACTION);
+        EXPECT_EQ(Here(), L"1,1");
+        EXPECT_EQ(Highlighted(), L"a");
+    }
+}
+
+// Row and column 0 belong to the grid: cells without a text, whose action is empty as well.
+TEST_F(CommandRun, CursorAtZero_RunsTheEmptyAction) {
+    Cursor.nColumn = 0;
+    EXPECT_EQ(RunButton(CELL_UNDER_CURSOR), EMPTY_ACTION);
 }
 
 TEST_F(CommandRun, ShownApplicationMap_GivesTheCell) {

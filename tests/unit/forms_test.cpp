@@ -33,8 +33,9 @@ class TestForm : public Form {
 
   private:
     static const char* Name(Aspect nAspect) {
-        constexpr const char* NAMES[] = {"text",  "geometry",  "look",   "visibility", "enabled",
-                                         "items", "selection", "timing", "checked"};
+        constexpr const char* NAMES[] = {"text",    "geometry", "look",      "visibility",
+                                         "enabled", "items",    "selection", "timing",
+                                         "checked", "state",    "unloaded"};
         return NAMES[static_cast<size_t>(nAspect)];
     }
 };
@@ -180,6 +181,22 @@ TEST_F(FormsTest, Form_StaysHidden_WhenItsLoadUnloadsIt) {
     Form.Show();
     EXPECT_FALSE(Form.IsLoaded());
     EXPECT_FALSE(Form.Visible);
+}
+
+TEST_F(FormsTest, Form_TellsItsView_WhenUnloadedHidden) {
+    Form.Show();
+    Form.Visible = false;
+    Form.TakeNotes();
+    Form.Unload();
+    EXPECT_EQ(Form.TakeNotes(), Notes{"frmTest unloaded"}) << "its window is still there";
+    Form.Unload();
+    EXPECT_EQ(Form.TakeNotes(), Notes{});
+}
+
+TEST_F(FormsTest, Form_TellsItsView_WhenMinimisedOrRestored) {
+    for (const FormState nState : {FormState::Minimised, FormState::Minimised, FormState::Normal})
+        Form.WindowState = nState;
+    EXPECT_EQ(Form.TakeNotes(), (Notes{"frmTest state", "frmTest state"}));
 }
 
 TEST_F(FormsTest, Form_RunsUnloadHandlersOnceThenHides_WhenUnloaded) {

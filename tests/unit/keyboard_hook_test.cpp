@@ -158,6 +158,35 @@ TEST_F(KeyboardHookTest, KeyboardProc_SamplesCentreAnew_WhenAKeyComes) {
     EXPECT_EQ(Joystick.nJoyCenterX, 20000);
 }
 
+TEST_F(KeyboardHookTest, KeyboardProc_OpensJoystickAnew_WhateverTheKey) {
+    Desktop.Joystick.bPresent = true;
+    const struct {
+        const char* szName;
+        platform::KeyHookRecord Event;
+        bool bDialog, bIgnore;
+    } CASES[] = {
+        {"letter pressed", {.vkCode = VK_A}, false, false},
+        {"letter released", {.vkCode = VK_A, .flags = platform::HOOK_FLAG_UP}, false, false},
+        {"arrow", {.vkCode = VK_RIGHT}, false, false},
+        {"Enter released", {.vkCode = VK_ENTER, .flags = platform::HOOK_FLAG_UP}, false, false},
+        {"key that a program sent",
+         {.vkCode = VK_A, .flags = platform::HOOK_FLAG_INJECTED},
+         false,
+         false},
+        {"key typed in a dialog", {.vkCode = VK_A}, true, false},
+        {"ignored key", {.vkCode = VK_A}, false, true},
+    };
+    for (const auto& Case : CASES) {
+        Program.bDialogActive = Case.bDialog;
+        KeyboardHook.bIgnoreKeys = Case.bIgnore;
+        Joystick.nJoyId = 5;
+        const uint32_t nReads = Desktop.Joystick.nReads;
+        KeyboardProc(0, 0x100, Case.Event);
+        EXPECT_EQ(Joystick.nJoyId, 0U) << Case.szName;
+        EXPECT_EQ(Desktop.Joystick.nReads, nReads + 1) << Case.szName;
+    }
+}
+
 TEST_F(KeyboardHookTest, KeyboardProc_AsksTheFirstJoystick_WhenAnotherWasOpened) {
     Joystick.nJoyId = 5;
     Desktop.PhysicalKey(VK_A, true);

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What is heard on entering selection and application mode: the mode's sound to its end, then the
 // cell.
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
+#include "core/cursor_movement.h"
 #include "core/mode_switching.h"
 #include "feedback/speech.h"
 #include "state/cursor_state.h"
+#include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
 #include "tests/unit/program_fixture.h"
 
@@ -24,7 +27,7 @@ class ModeSoundsTest : public ProgramTest {
     ModeSoundsTest() {
         PrepareBare();
         InstallEngine();
-        PrepareVoice();
+        CreateVoice();
         FillMap(CommonMap, {L"B C", L"D A"});
         FillMap(AppMap, {L"X Y", L"Z W"});
         Cursor.nColumn = 2;
@@ -132,6 +135,131 @@ TEST_F(ModeSoundsTest, EnterAppMode_LetsMessagesRun_WhileSoundPlays) {
     Desktop.At(Desktop.nNow + 150, [] { Desktop.Record("message"); });
     EnterAppMode();
     EXPECT_EQ(Desktop.TakeEffects(), (Effects{Played("mode_app"), "message", Said("A")}));
+}
+
+TEST_F(ModeSoundsTest, EnterMode_DoesNotWait_WhenTheSoundDoesNotPlay) {
+    PutSound(L"mode_select");
+    PutSound(L"mode_app");
+    Desktop.bSoundFails = true;
+    const uint32_t nBefore = Desktop.nNow;
+    EnterSelectMode();
+    EnterAppMode();
+    EXPECT_EQ(Desktop.nNow, nBefore);
+    EXPECT_EQ(Desktop.TakeEffects(), (Effects{Said("A"), Said("A")}));
+}
+
+TEST_F(ModeSoundsTest, EnterMode_GoesOnAfterTenSeconds_WhenTheSoundNeverEnds) {
+    PutSound(L"mode_select");
+    Desktop.nSoundLength = 3600 * 1000;
+    EnterSelectMode();
+    EXPECT_GE(Between(), 10000U);
+    EXPECT_LT(Between(), 10100U);
+    EXPECT_EQ(Desktop.TakeEffects(), (Effects{Played("mode_select"), Said("A")}));
+}
+
+// The same from within the poll loop: the mode's sound lasts several ticks.
+class WaitingTest : public ModeSoundsTest {
+  protected:
+    WaitingTest() {
+        PutData(L"data.ini", L"[1,1]A,65\r\n[2,1]B,66\r\n[3,1]C,67\r\n[4,1]D,68\r\n");
+        PutData(L"setting.ini", L"[Info]\r\nScanMode=0\r\n");
+        Start();
+        Modes.Set(Mode::Arrow);
+        PutSound(L"mode_select");
+        Desktop.nSoundLength = 950;
+    }
+    /// Application mode over a program with a map of its own; B of the common map is remembered.
+    static void EnterEditor() {
+        PutData(L"data_EDITOR.EXE.ini", L"[1,1]X,88\r\n");
+        Desktop.Windows = {{50, L"Text", L"", 500, 600}};
+        Desktop.Processes = {{500, L"editor.exe"}};
+        Desktop.hForeground = 50;
+        Cursor.nLastColumn = 2;
+        Modes.Set(Mode::Application);
+        Ticks(1);
+        Desktop.TakeEffects();
+    }
+    static std::string SetFlags() {
+        return std::string(Modes.bSelectMode ? "select" : "") + (Modes.bScanMode ? "scan" : "") +
+               (Modes.bArrowMode ? "arrow" : "") + (Modes.bAppMode ? "application" : "");
+    }
+    /// Leaves arrow mode by its button. Returns how long the tick took, ms.
+    static uint32_t LeaveArrowMode() {
+        PressButton(1);
+        const uint32_t nBefore = Desktop.nNow;
+        Ticks(1);
+        ReleaseButtons();
+        return Desktop.nNow - nBefore;
+    }
+};
+
+TEST_F(WaitingTest, PollLoop_IsNotEnteredAgain_WhileItsTickWaitsForASound) {
+    const uint32_t nReads = Desktop.Joystick.nReads;
+    EXPECT_GE(LeaveArrowMode(), 950U);
+    EXPECT_EQ(Desktop.Joystick.nReads, nReads + 1) << "one look at the joystick, in one tick";
+    EXPECT_TRUE(Modes.bSelectMode);
+    Ticks(1);
+    EXPECT_EQ(Desktop.Joystick.nReads, nReads + 2) << "and none to catch up";
+}
+
+TEST_F(WaitingTest, ScanStep_RunsInsideTheWait_AndNoStepInsideAnother) {
+    Modes.Set(Mode::Select);
+    Scanning.nScanDirection = DIRECTION_RIGHT;
+    int nDepth = 0, nDeepest = 0, nSteps = 0;
+    forms::FrmMain->ScanTimer.OnTimer = [&] {
+        nDeepest = std::max(nDeepest, ++nDepth);
+        ++nSteps;
+        ScanTimer_Timer();
+        EnterSelectMode();  // a step that waits for a sound of its own
+        --nDepth;
+    };
+    forms::FrmMain->ScanTimer.Interval = 100;
+    forms::FrmMain->ScanTimer.Enabled = true;
+    EnterSelectMode();
+    EXPECT_GE(nSteps, 1);
+    EXPECT_EQ(nDeepest, 1);
+}
+
+TEST_F(WaitingTest, PhysicalKey_ReachesTheProgramInFront_WhileAModeSoundPlays) {
+    Desktop.At(Desktop.nNow + 400, [] {
+        Desktop.PhysicalKey('X', true);
+        Desktop.PhysicalKey('X', false);
+    });
+    LeaveArrowMode();
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"x");
+}
+
+TEST_F(WaitingTest, ModeFlag_IsSetAfterTheAnnouncement_WhenArrowModeIsLeft) {
+    std::string strMeanwhile;
+    Desktop.At(Desktop.nNow + 400, [&] { strMeanwhile = SetFlags(); });
+    LeaveArrowMode();
+    EXPECT_EQ(strMeanwhile, "") << "arrow mode is over, selection not yet on";
+    EXPECT_EQ(SetFlags(), "select");
+}
+
+TEST_F(WaitingTest, ModeFlag_StaysDuringTheAnnouncement_WhenApplicationModeIsLeft) {
+    EnterEditor();
+    std::string strMeanwhile;
+    Desktop.At(Desktop.nNow + 400, [&] { strMeanwhile = SetFlags(); });
+    PressButton(1);
+    Ticks(1);
+    EXPECT_EQ(strMeanwhile, "application");
+    EXPECT_EQ(SetFlags(), "select");
+}
+
+TEST_F(WaitingTest, LeavingApplication_LetsMessagesRun_BetweenMapAndAnnouncement) {
+    EnterEditor();
+    PressButton(1);
+    Desktop.At(Desktop.nNow + 100, [] {
+        Desktop.At(Desktop.nNow, [] { Desktop.Record("message"); });
+        forms::FrmMain->Timer1.Tick();
+    });
+    Desktop.RunFor(100);
+    const Effects Done = Desktop.TakeEffects();
+    ASSERT_GE(Done.size(), 3U);
+    EXPECT_EQ(Done[0], "caption Taviro - B");
+    EXPECT_EQ(Done[1], "message");
+    EXPECT_EQ(Done[2], Played("mode_select"));
 }
 
 }  // namespace

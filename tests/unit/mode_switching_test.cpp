@@ -248,6 +248,19 @@ TEST_F(ModeSwitchingTest, ModeButton_ClosesListBox_WhenItIsStillShown) {
     }
 }
 
+TEST_F(ModeSwitchingTest, LosingApplication_ClosesListBox_WhenAKeyOpenedOneMeanwhile) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Application);
+    Desktop.Files.Put(L"C:\\Program Files\\Taviro\\sound\\mode_select.wav", "RIFF");
+    Desktop.hForeground = OTHER_WINDOW;
+    Desktop.At(Desktop.nNow + 150, [] { ShowList(L"*nabídka;Jedna"); });
+    Ticks(1);
+    EXPECT_TRUE(Modes.bSelectMode);
+    EXPECT_FALSE(Modes.bListMode);
+    EXPECT_FALSE(forms::FrmMain->List1.Visible);
+}
+
 TEST_F(ModeSwitchingTest, LeavingApplication_SavesItsCellAndForgetsIt_WhenModeButtonIsPressed) {
     GiveEditorAMap();
     Start();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/poll_loop.h"
 
+#include "actions/choice_list.h"
 #include "core/cursor_movement.h"
 #include "feedback/event_log.h"
 #include "forms/main_form.h"
@@ -311,13 +312,59 @@ TEST_F(PollLoop, ArrowMode_LogsEveryTickInWhichTheDirectionHolds) {
 
 TEST_F(PollLoop, CommandButton_LaunchesItsCommand_InEveryMode) {
     ButtonTable[6] = {.Kind = ButtonKind::Command, .Command = L"calc", .Code = 0};
-    for (const Mode nMode : {Mode::Select, Mode::Scan, Mode::Arrow}) {
+    for (const Mode nMode : {Mode::Select, Mode::Scan, Mode::Arrow, Mode::Application}) {
         Modes.Set(nMode);
+        Foreground.bAppMapShown = nMode == Mode::Application;
         Desktop.TakeEffects();
         Push(6);
         const auto Effects = Desktop.TakeEffects();
         EXPECT_NE(std::find(Effects.begin(), Effects.end(), "launch \"calc\""), Effects.end());
     }
+}
+
+// In an open list every button that has a meaning takes the entry, whatever it does elsewhere.
+TEST_F(PollLoop, ChoiceList_IsTakenByEveryAssignedButton_OnItsPressAlone) {
+    ButtonTable[4] = {.Kind = ButtonKind::Code, .Command = L"", .Code = 90};
+    ButtonTable[5] = {.Kind = ButtonKind::Command, .Command = L"mail", .Code = 0};
+    for (const int nButton : {0, 4, 5}) {
+        ShowList(L"*T;Jedna,calc");
+        Desktop.TakeEffects();
+        PressButton(nButton);
+        Ticks(1);
+        EXPECT_EQ(Desktop.TakeEffects(), std::vector<std::string>{"launch \"calc\""}) << nButton;
+        EXPECT_FALSE(Modes.bListMode);
+        ShowList(L"*T;Jedna,calc");
+        Ticks(3);
+        EXPECT_TRUE(Modes.bListMode) << "held since before the list opened";
+        HideList();
+        ReleaseButtons();
+        Ticks(1);
+    }
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
+}
+
+TEST_F(PollLoop, ChoiceList_StaysOpen_WhenAnUnassignedButtonIsPressed) {
+    ShowList(L"*T;Jedna,calc");
+    Desktop.TakeEffects();
+    PressButton(2);
+    Ticks(3);
+    EXPECT_TRUE(Modes.bListMode);
+    EXPECT_EQ(Desktop.TakeEffects(), std::vector<std::string>{});
+}
+
+TEST_F(PollLoop, ChoiceList_StepsAsTheStickMoves_TheCursorStays) {
+    ShowList(L"*T;1;2;3;4;5;6");
+    const struct {
+        int nRight, nDown, nTicks, nSelected;
+    } STEPS[] = {{1, 0, 1, 1}, {0, 1, 1, 1},  {0, 0, 1, 1}, {0, 1, 3, 2},  {0, 1, 2, 4},
+                 {0, 0, 1, 4}, {-1, 0, 1, 3}, {0, 0, 1, 3}, {0, -1, 1, 2}, {0, 0, 1, 2}};
+    for (const auto& Step : STEPS) {
+        TiltStick(Step.nRight, Step.nDown);
+        Ticks(Step.nTicks);
+        EXPECT_EQ(FrmMain->List1.ListIndex.Get(), Step.nSelected) << &Step - STEPS;
+    }
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Cursor.nRow, 1);
 }
 
 TEST_F(PollLoop, DeadDevice_RepeatsItsLastSample) {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
 #include "tests/unit/automation_stand_ins.h"
 #include "tests/unit/program_fixture.h"
@@ -32,7 +31,7 @@ class SpeechTest : public ProgramTest {
     SpeechTest() {
         PrepareBare();
         pEngine = InstallEngine();
-        PrepareVoice();
+        CreateVoice();
         Desktop.TakeEffects();
     }
     ~SpeechTest() override { Speech = {}; }
@@ -238,71 +237,6 @@ TEST_F(SpeechTest, QuietHostVoice_MakesAFreshRelay_WhenCalledAgain) {
     Effects Twice = RELAY_QUIETED;
     Twice.insert(Twice.end(), RELAY_QUIETED.begin(), RELAY_QUIETED.end());
     EXPECT_EQ(Desktop.TakeEffects(), Twice);
-}
-
-// The voice form, which owns the engine.
-class VoiceFormTest : public ProgramTest {
-  protected:
-    VoiceFormTest() {
-        PutData(L"setting.ini", L"[Voice]\r\nName=Zuzana\r\nRate=4\r\nVolume=70\r\n");
-        PrepareBare();
-        pEngine = InstallEngine();
-        Speech.LoadVoiceForm = [] { FrmVoice->Load(); };
-    }
-    ~VoiceFormTest() override { Speech = {}; }
-    static Effects TakeVoiceEffects() {
-        Effects All = Desktop.TakeEffects();
-        // What the bars of the form speak while they find their places is the form's own affair.
-        std::erase_if(All, [](const std::string& str) { return str.starts_with("Speak"); });
-        return All;
-    }
-    std::shared_ptr<EngineState> pEngine;
-};
-
-TEST_F(VoiceFormTest, Load_MakesEngineThenVoiceRateVolume_WhenFirstSpoken) {
-    SpeakIt(L"a");
-    const Effects Done = TakeVoiceEffects();
-    ASSERT_GE(Done.size(), 4U);
-    EXPECT_EQ(Done[0], "engine created");
-    EXPECT_EQ(Done[1], "Voice = \"Zuzana\"");
-    EXPECT_EQ(pEngine->nRate, 4);
-    EXPECT_EQ(pEngine->nVolume, 70);
-    EXPECT_EQ(Speech.nSpeakFlags, 3);
-    EXPECT_TRUE(FrmVoice->IsLoaded());
-    EXPECT_FALSE(FrmVoice->Visible);
-}
-
-TEST_F(VoiceFormTest, Speech_MakesNoSecondEngine_WhenFormIsLoaded) {
-    SpeakIt(L"a");
-    TakeVoiceEffects();
-    SpeakIt(L"b");
-    EXPECT_EQ(Desktop.TakeEffects(), Effects{Said("b")});
-}
-
-TEST_F(VoiceFormTest, Unload_StoresEnginesRateAndVolumeAndReleasesIt_WhenClosed) {
-    SpeakIt(L"a");
-    pEngine->nRate = -2;
-    pEngine->nVolume = 33;
-    Program.bDialogActive = true;
-    Desktop.TakeEffects();
-    FrmVoice->Unload();
-    EXPECT_EQ(objSetting.Rate(), -2);
-    EXPECT_EQ(objSetting.Volume(), 33);
-    EXPECT_FALSE(Program.bDialogActive);
-    EXPECT_NE(DataText(L"setting.ini").find(L"Rate=-2\r\nVolume=33"), std::wstring::npos);
-    EXPECT_EQ(
-        Desktop.TakeEffects(),
-        (Effects{"save " + platform::ToUtf8(DATA_PATH) + "\\setting.ini", "engine released"}));
-}
-
-TEST_F(VoiceFormTest, Speech_LoadsFormAgain_WhenItWasClosed) {
-    SpeakIt(L"a");
-    FrmVoice->Unload();
-    Desktop.TakeEffects();
-    SpeakIt(L"b");
-    const Effects Done = Desktop.TakeEffects();
-    EXPECT_EQ(Done.front(), "engine created");
-    EXPECT_EQ(Done.back(), Said("b"));
 }
 
 }  // namespace

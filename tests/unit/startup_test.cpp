@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "actions/prediction.h"
+#include "core/main_menu.h"
 #include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
@@ -94,6 +95,15 @@ const Effects STARTED{
     "list hidden",
     "reader created",
     "engine created",
+    "Voice = \"Zuzana\"",  // by its name, and again as its entry in the form's list is selected
+    "Voice = \"Zuzana\"",
+    "Rate = 0",  // and again as its bar finds its place; so with the volume
+    "Rate = 0",
+    Said("50"),
+    "Volume = 50",
+    "Volume = 50",
+    Said("50"),
+    Said("50"),  // the pitch's bar
     "Timer1 on",
     "keyboard hook installed",
     "status A",
@@ -105,7 +115,7 @@ const Effects STARTED{
 TEST_F(StartupTest, Main_TakesEveryStepInOrder_WhenFirstStarted) {
     Cursor.nColumn = Cursor.nRow = Cursor.nLastColumn = Cursor.nLastRow = 7;
     Main();
-    EXPECT_EQ(TakeOutline(), STARTED);
+    EXPECT_EQ(Desktop.TakeEffects(), STARTED);
     EXPECT_EQ(Program.strDataPath, DATA_PATH);
     EXPECT_TRUE(Program.bJoystickPresent);
     EXPECT_TRUE(IsHooked());
