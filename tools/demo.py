@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Shows Taviro at work on a virtual display: a scripted joystick types a Czech sentence letter by
-letter from the map into a text editor. Leaves out/demo.png and out/demo.txt; the exit code is 0 only
-if the sentence arrived."""
+letter from the map into a text editor, adds a word from a choice list, goes back with the arrow mode
+and puts in the blank that is missing. Leaves out/demo.png, out/demo_list.png and out/demo.txt; the
+exit code is 0 only if the text is right."""
 
 import pathlib
 import sys
@@ -9,17 +10,55 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "e2e"))
 
-from harness import new_desktop  # noqa: E402  (found through the line above)
+from choice_list import ChoiceList  # noqa: E402  (found through the line above)
+from harness import new_desktop  # noqa: E402
 from sentence import type_sentence  # noqa: E402
-from waiting import Late  # noqa: E402
+from waiting import Late, wait_until  # noqa: E402
 
 SENTENCE = "Ahoj, světe."
+WORD = "Ano"
+RESULT = f"{SENTENCE} {WORD}"
+MODE_BUTTON = 1
 GAP = 24  # pixels between the map and the editor below it
 EDITOR_SIZE = (732, 260)
 
 
 def tell(text):
     print(f"demo: {text}", flush=True)
+
+
+def cell(program, caption):
+    return program.map().find(caption)[0]
+
+
+def add_word(desktop, program, editor, out):
+    """Types the word from the choice list."""
+    program.run_cell(cell(program, "seznam"))
+    entries = ChoiceList(desktop, program.window())
+    wait_until(entries.is_shown, "the choice list")
+    command = cell(program, "seznam").command
+    row = [entry.split(",")[0] for entry in command.split(";")[1:]].index(WORD)
+    for _ in range(row):
+        program.standin.tilt("down")
+    wait_until(lambda: entries.selected() == row, f"the entry {WORD!r}")
+    desktop.display.screenshot(out / "demo_list.png")
+    program.standin.press(0)
+    editor.wait_for_text(SENTENCE + WORD)
+    tell(f"the list, {row} times down, press on {WORD!r} -> {editor.text()!r}")
+
+
+def put_in_blank(program, editor):
+    """Goes back before the word with the arrow mode, then types the blank in the selection mode."""
+    program.standin.press(MODE_BUTTON)
+    for _ in WORD:
+        program.standin.tilt("left")
+    tell(f"arrow mode, {len(WORD)} times left")
+    program.standin.press(MODE_BUTTON)  # the editor has a map of its own
+    program.standin.press(MODE_BUTTON)
+    wait_until(lambda: program.highlighted() == "seznam", "the selection mode's cell")
+    program.run_cell(cell(program, "mezera"))
+    editor.wait_for_text(RESULT)
+    tell(f"selection mode, press on 'mezera' -> {editor.text()!r}")
 
 
 def run(desktop, out):
@@ -30,11 +69,13 @@ def run(desktop, out):
     tell(f"the map is shown, {program.highlighted()!r} is highlighted; the editor has the focus")
     try:
         type_sentence(program, editor, SENTENCE, tell)
+        add_word(desktop, program, editor, out)
+        put_in_blank(program, editor)
     finally:
         text = editor.text()
         (out / "demo.txt").write_text(text, encoding="utf-8")
         desktop.display.screenshot(out / "demo.png")
-        tell("see out/demo.png and out/demo.txt")
+        tell("see out/demo.png, out/demo_list.png and out/demo.txt")
     program.close()
     return text
 
@@ -49,7 +90,7 @@ def main():
             tell(f"FAILED: {late}")
             return 1
     tell(f"the editor holds {text!r}")
-    return 0 if text == SENTENCE else 1
+    return 0 if text == RESULT else 1
 
 
 if __name__ == "__main__":

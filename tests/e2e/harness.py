@@ -4,7 +4,8 @@ editor. Everything ends with it."""
 
 import contextlib
 
-from display import Display
+from automation import Automation
+from display import SCREEN, Display
 from editor import Editor
 from probe import Probe
 from program import Program
@@ -38,13 +39,17 @@ class Desktop:
         self._ends.callback(editor.close)
         return editor
 
+    def automation(self, **options):
+        """The stand-in speech engine, reader and relay."""
+        return Automation(self.prefix, self.probe, **options)
+
     def close(self):
         self._ends.close()
 
 
 @contextlib.contextmanager
-def new_desktop():
+def new_desktop(screen=SCREEN):
     """A desktop on a display of its own."""
-    with contextlib.closing(Display()) as display, \
+    with contextlib.closing(Display(screen)) as display, \
             contextlib.closing(Desktop(display)) as desktop:
         yield desktop

@@ -9,6 +9,13 @@ CELL_LINE = re.compile(r"^\[(\d+),(\d+)\]([^,]*),(-?\d+)(?:,(.*))?$")
 DIRECTIONS = ("right", "left", "down", "up")
 
 
+def map_bytes(rows):
+    """The file of a map given as rows of cells, each (caption, code) or (caption, code, command)."""
+    lines = [f"[{column},{row}]" + ",".join(map(str, cell)) + "\r\n"
+             for row, cells in enumerate(rows, 1) for column, cell in enumerate(cells, 1)]
+    return "".join(lines).encode("cp1250")
+
+
 @dataclasses.dataclass(frozen=True)
 class Cell:
     column: int

@@ -126,6 +126,15 @@ class Probe:
     def keys_down(self):
         return [int(fields[0]) for fields in self.ask("keysdown")]
 
+    def register(self, view, key, value):
+        """Stores a key's default value in the machine's registry, as 64- or 32-bit programs see
+        it."""
+        self.ask("register", view, key, value)
+
+    def open_hidden(self, class_name, title):
+        """Opens a top-level window that nobody sees; returns its handle."""
+        return int(self.ask("openhidden", class_name, title)[0][0])
+
     def lock(self, windows_path):
         self.ask("lock", windows_path)
 

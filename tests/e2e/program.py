@@ -4,9 +4,9 @@
 import shutil
 import subprocess
 
-from map_file import Map
+from map_file import Map, map_bytes
 from probe import WM_CLOSE
-from standin import Standin
+from standin import CENTRE, PRESSED, TILTS, Standin
 from waiting import wait_until
 from wine import BUILD, environment, windows_path
 
@@ -17,8 +17,6 @@ END_SECONDS = 20
 
 class Program:
     def __init__(self, prefix, display, probe, build="win64", present=True):
-        self._prefix = prefix
-        self._display = display
         self.probe = probe
         self._processes = []
         built = BUILD / build
@@ -26,6 +24,8 @@ class Program:
         shutil.copytree(built / "taviro", self.folder)
         shutil.copy2(built / "e2e" / "winmm.dll", self.folder)
         self.standin = Standin(prefix.folder / f"{build}.standin", present)
+        self.environment = environment(prefix.path, display.name)
+        self.environment["TAVIRO_STANDIN"] = windows_path(self.standin.path)
         self.data_folder = (prefix.roaming_folder()
                             / "Nordane" / "Corvela" / "v2.2" / "taviro")
         self.position = (1, 1)
@@ -35,11 +35,9 @@ class Program:
 
     def launch(self):
         """Starts the executable without waiting for anything."""
-        env = environment(self._prefix.path, self._display.name)
-        env["TAVIRO_STANDIN"] = windows_path(self.standin.path)
-        process = subprocess.Popen(["wine", str(self.folder / "taviro.exe")], env=env,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL)
+        process = subprocess.Popen(["wine", str(self.folder / "taviro.exe")],
+                                   env=self.environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self._processes.append(process)
         return process
 
@@ -102,6 +100,40 @@ class Program:
         """Goes to a cell and presses the action button."""
         self.go_to(cell)
         self.standin.press(0)
+
+    def press_next(self, count=1):
+        """So many times, moves one cell to the right and presses that cell. When this returns, what
+        the last press did has ended."""
+        for _ in range(count):
+            self.position = self.map().move(self.position, "right")
+        self.standin.play(*[TILTS["right"], PRESSED] * count, CENTRE)
+
+    # The user's files.
+
+    def use_map(self, *rows, app=None):
+        """Gives the user a map of his own, for one application or for all: rows of cells, each
+        (caption, code) or (caption, code, command)."""
+        self.data_folder.mkdir(parents=True, exist_ok=True)
+        name = f"data_{app}.ini" if app else "data.ini"
+        (self.data_folder / name).write_bytes(map_bytes(rows))
+
+    def use_settings(self, voice="Male", rate=0, pitch=0, volume=50, **info):
+        """Settings as another run would have saved them, the buttons as a new user has them."""
+        lines = ["[Info]", *(f"{name}={value}" for name, value in info.items()), "[Voice]",
+                 f"Name={voice}", f"Rate={rate}", f"Pitch={pitch}", f"Volume={volume}", "[Buttons]",
+                 "0=*action", "1=*mode", ""]
+        self.data_folder.mkdir(parents=True, exist_ok=True)
+        self.setting_file().write_bytes("\r\n".join(lines).encode("cp1250"))
+
+    def use_sounds(self, *names):
+        """Puts these sounds, and no others, into the program's folder; without names there is no
+        folder of sounds at all and everything is spoken."""
+        folder = self.folder / "sound"
+        shutil.rmtree(folder, ignore_errors=True)
+        if names:
+            folder.mkdir()
+        for name in names:
+            (folder / f"{name}.wav").write_bytes(b"RIFF")
 
     def setting_file(self):
         return self.data_folder / "setting.ini"

@@ -21,6 +21,8 @@ SIZE = SOUND_LOG_START + SOUND_LOG_LENGTH * SOUND.size
 CENTRE = (32767, 32767, 0)
 TILTS = {"right": (65535, 32767, 0), "left": (0, 32767, 0),
          "down": (32767, 65535, 0), "up": (32767, 0, 0)}
+PRESSED = (32767, 32767, 1)  # the first button, which new users have as the action button
+MODE_PRESSED = (32767, 32767, 2)
 POLL, OPEN = 0, 1
 SOUND_UNTIL_CHANGED = 0xFFFFFFFF
 
@@ -59,6 +61,11 @@ class Standin:
     def set_present(self, present):
         self._put(PRESENT, int(present))
 
+    def let_every_read_take(self):
+        """Until set_present() every read takes a sample, also one right after a question about the
+        device, which is an opening else: the settings' dialog asks before each of its reads."""
+        self._put(PRESENT, 2)
+
     def set_caps_result(self, error):
         self._put(CAPS_RESULT, error)
 
@@ -67,14 +74,18 @@ class Standin:
 
     # The stick.
 
-    def play(self, *samples, seconds=20.0):
-        """Lets the program's next polls read these samples, one each, and waits until it has read
-        them all. The last one stays in force."""
+    def queue(self, *samples):
+        """Lets the program's next polls read these samples, one each; the last one stays in
+        force."""
         for sample in samples:
             queued = self._get(QUEUED)
             SAMPLE.pack_into(self._memory, QUEUE_START + queued % QUEUE_LENGTH * SAMPLE.size,
                              *sample)
             self._put(QUEUED, queued + 1)
+
+    def play(self, *samples, seconds=20.0):
+        """Queues samples and waits until the program has read them all."""
+        self.queue(*samples)
         wait_until(lambda: self._get(TAKEN) == self._get(QUEUED),
                    f"the program reading {samples}", seconds)
 

@@ -5,8 +5,6 @@ import itertools
 
 import pytest
 
-import pytest
-
 from program import CAPTION
 from standin import CENTRE, POLL
 from waiting import wait_until
@@ -17,7 +15,6 @@ MOST_REPEAT_MILLISECONDS = 250
 QUIET_MILLISECONDS = 600               # several polls, if there were any
 
 
-@pytest.mark.timed
 @pytest.mark.timed
 def test_held_stick_moves_at_once_and_then_repeats_from_the_fourth_tick(desktop):
     program = desktop.program()

@@ -10,7 +10,7 @@ class Late(AssertionError):
     """An awaited event did not come in time."""
 
 
-def wait_until(look, what, seconds=10.0):
+def wait_until(look, what, seconds=10.0, interval=PAUSE):
     """Returns the first true value of look(); raises Late when none comes in time."""
     deadline = time.monotonic() + seconds
     while True:
@@ -19,4 +19,4 @@ def wait_until(look, what, seconds=10.0):
             return value
         if time.monotonic() > deadline:
             raise Late(f"not within {seconds} s: {what() if callable(what) else what}")
-        time.sleep(PAUSE)
+        time.sleep(interval)

@@ -15,6 +15,7 @@ SHEBANG = "#!/usr/bin/env bash\n"
 BAD = [
     (floors.upward_includes, {"maps/a.cpp": '#include "core/b.h"\n', "core/b.h": ""}, "core/b.h"),
     (floors.upward_includes, {"maps/a.cpp": '#include "feedback/b.h"\n'}, "feedback/b.h"),
+    (floors.upward_includes, {"core/a.cpp": '#include "automation/b.h"\n'}, "automation/b.h"),
     (floors.upward_includes, {"maps/a.cpp": '#include "tests/b.h"\n'}, "tests/b.h"),
     (floors.upward_includes, {"maps/a.cpp": '#include "elsewhere/b.h"\n'}, "no known floor"),
     (floors.upward_includes, {"predictor/a.cpp": '#include "platform/b.h"\n'}, "shares nothing"),

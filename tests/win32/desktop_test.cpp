@@ -126,6 +126,10 @@ TEST(SpecialFolder_Fails, WhenTheNumberIsUnknown) {
 TEST(ShellExecute_ReportsFailure, WhenTheFileIsMissing) {
     tests::TestFolder Folder;
     EXPECT_LE(ShellExecuteOnDesktop(L"", Folder / L"missing.exe", L"", SW_SHOWNORMAL), 32);
+    EXPECT_LE(ShellExecuteOnDesktop(L"", L"", L"", SW_SHOWNORMAL), 32);
+    for (const size_t nLength : {size_t{1000}, size_t{1'000'000}}) {
+        EXPECT_LE(ShellExecuteOnDesktop(L"", std::wstring(nLength, L'x'), L"", SW_SHOWNORMAL), 32);
+    }
 }
 
 TEST(ProgramFolder_HoldsThisProgram, WhenAsked) {

@@ -21,5 +21,9 @@ struct Command {
 extern const std::vector<Command> WindowCommands;
 /// Keys, files and time.
 extern const std::vector<Command> SystemCommands;
+/// Classes, programs and windows that a test sets up.
+extern const std::vector<Command> DesktopCommands;
+/// Dialogs and their controls.
+extern const std::vector<Command> DialogCommands;
 
 }  // namespace taviro::probe

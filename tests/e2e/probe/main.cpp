@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A Windows program through which the tests look at the desktop from inside: it reads commands from
 // its standard input, one a line, and answers each on its standard output until the input ends.
+#include <windows.h>
+
 #include <cstdio>
 #include <fcntl.h>
 #include <io.h>
@@ -25,7 +27,8 @@ bool ReadLine(std::string& strLine) {
 }
 
 std::wstring RunCommand(const Fields& Request) {
-    for (const std::vector<Command>* pCommands : {&WindowCommands, &SystemCommands}) {
+    for (const std::vector<Command>* pCommands :
+         {&WindowCommands, &SystemCommands, &DesktopCommands, &DialogCommands}) {
         for (const Command& Candidate : *pCommands) {
             if (Request[0] != Candidate.strName) continue;
             if (Request.size() != Candidate.nFields + 1) return L"wrong number of fields";
@@ -38,6 +41,7 @@ std::wstring RunCommand(const Fields& Request) {
 }  // namespace
 
 int main() {
+    SetProcessDPIAware();  // sizes as the system has them, not as it shows them to old programs
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     std::string strLine;

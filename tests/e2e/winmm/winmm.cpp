@@ -21,8 +21,10 @@ constexpr uint32_t HAT_CENTRED = 0xFFFF;
 constexpr UINT BUTTON_COUNT = 16;
 
 Sample Held = {AXIS_CENTRE, AXIS_CENTRE, 0};
-bool bOpening = false;         // the capabilities were asked for, the position was not yet
-bool bSoundStarted = false;    // a sound was played in this run
+bool bOpening = false;  // the capabilities were asked for, the position was not yet
+constexpr uint32_t EVERY_READ_TAKES = 2;  // a presence in which no read counts as an opening
+bool bSoundStarted = false;               // a sound was played in this run
+bool bAskedInVain = false;     // the last entry of the log is a question that was refused
 uint32_t nSoundStartTick = 0;  // when the last one began
 
 // The test sees an entry only after it is complete.
@@ -83,6 +85,8 @@ BOOL PlayAndLog(const wchar_t* strPath, UINT nFlags) {
     if (pRecord == nullptr) return FALSE;
     const bool bNothing = strPath == nullptr || *strPath == 0;
     const bool bRefused = (nFlags & SND_NOSTOP) != 0 && SoundIsPlaying(*pRecord);
+    if (bNothing && bRefused && bAskedInVain) return FALSE;  // asked in a loop: logged once
+    bAskedInVain = bNothing && bRefused;
     SoundEntry& Entry = pRecord->SoundLog[pRecord->nSoundCount % SOUND_LOG_LENGTH];
     Entry = {};
     Entry.nTick = GetTickCount();
@@ -108,7 +112,7 @@ MMRESULT WINAPI joyGetDevCapsA(UINT_PTR nId, LPJOYCAPSA pCaps, UINT nSize) {
     if (nId != 0 || pCaps == nullptr || nSize < sizeof(JOYCAPSA)) return JOYERR_PARMS;
     if (pRecord->bPresent == 0) return JOYERR_UNPLUGGED;
     if (pRecord->nCapsResult != 0) return pRecord->nCapsResult;
-    bOpening = true;
+    bOpening = pRecord->bPresent != EVERY_READ_TAKES;
     *pCaps = {};
     std::strcpy(pCaps->szPname, "Stand-in joystick");
     pCaps->wXmax = pCaps->wYmax = AXIS_MAXIMUM;

@@ -1,0 +1,81 @@
+# SPDX-License-Identifier: MIT
+"""Sounds that the user put into the program's folder: a mode's own is waited for, then comes the
+cell's sound, or its text where it has none."""
+
+from automation import spoken
+from standin import MODE_PRESSED, SOUND_UNTIL_CHANGED
+from waiting import wait_until
+from wine import windows_path
+
+MODE = 1
+WM_NULL = 0
+ASYNC, NOSTOP = 1, 16
+ASKED_IN_VAIN, ASKED = ("", NOSTOP, 0), ("", NOSTOP, 1)
+
+
+class Sounds:
+    def __init__(self, program, *names):
+        self._program = program
+        self._taken = 0
+        program.use_sounds(*names)
+
+    def new(self):
+        """What was played, or asked for, since the last expect."""
+        folder = windows_path(self._program.folder / "sound") + "\\"
+        return [(sound.path.removeprefix(folder), sound.flags, sound.result)
+                for sound in self._program.standin.sounds()[self._taken:]]
+
+    def expect(self, *sounds):
+        wait_until(lambda: len(self.new()) >= len(sounds),
+                   lambda: f"the sounds {sounds}; there were {self.new()}")
+        assert self.new() == list(sounds)
+        self._taken += len(sounds)
+
+
+def played(name):
+    return (f"{name}.wav", ASYNC, 1)
+
+
+def test_mode_sound_is_played_to_its_end_before_the_cells_own(desktop):
+    automation = desktop.automation()
+    program = desktop.program()
+    automation.serve(program)
+    program.use_map([("a", 65), ("bě", 66), ("c", 67)])
+    program.use_map([("první", 65)], app="NOTEPAD.EXE")
+    sounds = Sounds(program, "mode_select", "mode_arrow", "mode_app", "bě")
+    window = program.start()
+    stick = program.standin
+    stick.wait_for_poll()
+    automation.take()
+
+    stick.tilt("right")
+    sounds.expect(played("bě"))
+    stick.press(MODE)
+    sounds.expect(played("mode_arrow"))
+
+    stick.set_sound_milliseconds(SOUND_UNTIL_CHANGED)
+    stick.play(MODE_PRESSED)
+    sounds.expect(played("mode_select"), ASKED_IN_VAIN)
+    reads = stick.read_count()
+    for _ in range(20):  # its messages run while it waits
+        desktop.probe.send(window.handle, WM_NULL)
+    assert sounds.new() == []
+    assert stick.read_count() == reads
+    stick.set_sound_milliseconds(0)
+    sounds.expect(ASKED, played("bě"))
+    stick.centre()
+    assert automation.take() == []
+
+    stick.tilt("right")
+    automation.expect(spoken("c"))
+    stick.press(MODE)
+    stick.press(MODE)
+    sounds.expect(played("mode_arrow"), played("mode_select"), ASKED)
+    automation.expect(spoken("c"))
+
+    desktop.editor()
+    stick.press(MODE)
+    stick.press(MODE)  # the editor's map has its cursor on a cell without a sound
+    sounds.expect(played("mode_arrow"), played("mode_app"), ASKED)
+    automation.expect(spoken("a"))
+    assert program.close() == 0
