@@ -89,16 +89,21 @@ TEST_F(MainWindowTest, Size_IsExactlyTheMapAndTheStatusLine_WhateverTheMapsSize)
 }
 
 TEST_F(MainWindowTest, Size_ComesBack_WhenTheUserChangedItBeforeALayout) {
+    if (!tests::HasDrawing())
+        GTEST_SKIP() << "no device context on this desktop: a menu of no size";
     ShowMap(3, 2);
-    const RECT Laid = Inner();
-    ASSERT_TRUE(tests::RunMessagesUntil([&Laid] {  // taken for the user's only some time after
+    const int32_t nWidth = FrmMain->Label1.Width;
+    const int32_t nHeight = FrmMain->Label1.Top + FrmMain->Label1.Height;
+    // The window manager may take its time, and give another size in between.
+    const auto IsLaidOut = [&] { return Inner().right == nWidth && Inner().bottom == nHeight; };
+    ASSERT_TRUE(tests::RunMessagesUntil(IsLaidOut)) << Inner().right << " x " << Inner().bottom;
+    ASSERT_TRUE(tests::RunMessagesUntil([&] {  // taken for the user's only some time after
         SetWindowPos(Window(), nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
-        return FrmMain->nScaleWidth != Laid.right;
+        return FrmMain->nScaleWidth != nWidth;
     }));
     EXPECT_EQ(FrmMain->nScaleWidth, Inner().right);
     ShowMap(3, 2);
-    EXPECT_TRUE(tests::RunMessagesUntil(
-        [&Laid] { return Inner().right == Laid.right && Inner().bottom == Laid.bottom; }));
+    EXPECT_TRUE(tests::RunMessagesUntil(IsLaidOut)) << Inner().right << " x " << Inner().bottom;
 }
 
 TEST_F(MainWindowTest, Place_IsTheTopRightCornerAndThenOnScreen_WhenItGrows) {
@@ -135,6 +140,8 @@ TEST_F(MainWindowTest, Styles_AreOnTopAndMinimisable_WhenShown) {
 }
 
 TEST_F(MainWindowTest, Size_FollowsTheMap_WhenItChangedWhileMinimised) {
+    if (!tests::HasDrawing())
+        GTEST_SKIP() << "no device context on this desktop: a menu of no size";
     ShowMap(3, 2);
     ShowWindow(Window(), SW_SHOWMINNOACTIVE);
     LayOut(5, 4);
