@@ -73,7 +73,7 @@ suite_fuzz() {
         xargs -0 -n 1 -P 8 tools/fuzz_one.sh "$fuzz_seconds"
 }
 
-# Four tests at a time, each on a display of its own: they mostly wait. Those that measure time run
+# Three tests at a time, each on a display of its own: they mostly wait. Those that measure time run
 # alone.
 suite_e2e() {
     tools/build.sh win64 || return
@@ -81,7 +81,7 @@ suite_e2e() {
         tools/build.sh win32 || return
     fi
     local code=0
-    "${python[@]}" -m pytest -q -rs -n 4 -m 'not timed' tests/e2e || code=$?
+    "${python[@]}" -m pytest -q -rs -n 3 -m 'not timed' tests/e2e || code=$?
     "${python[@]}" -m pytest -q -rs -m timed tests/e2e || code=$?
     return "$code"
 }
