@@ -31,13 +31,25 @@ count_plain() { # lines "N passed, N failed"
         "$(sum_of "$1" 's/^[0-9]+ passed, ([0-9]+) failed$/\1/p')" 0
 }
 
-# Runs suite_NAME, whose result is told by count_KIND for the KIND that suite_kind names. A suite
+declare -A started_suites=()
+
+# Runs suite_NAME beside what comes next; run_suite waits for it then.
+start_suite() { # NAME
+    "suite_$1" >"$log_folder/$1.log" 2>&1 &
+    started_suites[$1]=$!
+}
+
+# Runs suite_NAME, or waits for it if it was started. Its result is told by count_KIND for the KIND that suite_kind names. A suite
 # that fails without naming a test, or that names none at all, is a failure itself. Exit code 77: it
 # could not run here.
 run_suite() { # NAME
     local name=$1 log=$log_folder/$1.log started=$SECONDS code=0 passed failed notrun remark=
     printf '\n== %s\n' "$name"
-    "suite_$name" >"$log" 2>&1 || code=$?
+    if [ -n "${started_suites[$name]:-}" ]; then
+        wait "${started_suites[$name]}" || code=$?
+    else
+        "suite_$name" >"$log" 2>&1 || code=$?
+    fi
     if [ "$code" -eq 77 ]; then
         suites_not_run+=("$name: $(tail -n 1 "$log")")
         summary_rows+=("$(summary_row "$name" - - - $((SECONDS - started)) 'NOT RUN')")

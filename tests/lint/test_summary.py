@@ -59,3 +59,19 @@ def test_run_ends_with_the_closing_line(tmp_path, output, code, closing, result)
     assert ran.stdout.splitlines()[-1] == closing
     assert ran.returncode == result
     assert ("!!! NOT RUN" in ran.stdout) == (code == 77)
+
+
+@pytest.mark.parametrize("output, code, closing, result", RUNS)
+def test_started_suite_counts_like_one_that_ran(tmp_path, output, code, closing, result):
+    ran = bash(f"""
+        log_folder=.
+        suite_kind() {{ echo plain; }}
+        suite_sample() {{ echo '{output}'; return {code}; }}
+        suite_other() {{ echo '0 passed, 0 failed'; return 77; }}
+        start_suite sample
+        run_suite other
+        run_suite sample
+        print_summary""", tmp_path)
+    assert ran.stderr == ""
+    assert ran.stdout.splitlines()[-1] == closing
+    assert ran.returncode == result
