@@ -9,8 +9,8 @@
 #include <string>
 
 #include "automation/registration.h"
-#include "automation/win32/program_path.h"
 #include "platform/text.h"
+#include "platform/win32/program_path.h"
 
 namespace taviro::automation {
 
@@ -95,7 +95,7 @@ LSTATUS Unregister(HKEY hRoot) {
 
 LSTATUS Register(HKEY hRoot) {
     for (const REGSAM nView : VIEWS) {
-        for (const RegistryValue& Value : RegistrationValues(ProgramPath())) {
+        for (const RegistryValue& Value : RegistrationValues(platform::win32::ProgramPath())) {
             const LSTATUS nResult = WriteValue(hRoot, nView, Value);
             if (nResult == ERROR_SUCCESS) continue;
             static_cast<void>(Unregister(hRoot));  // the first failure is what counts

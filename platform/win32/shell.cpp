@@ -10,6 +10,7 @@
 
 #include "platform/win32/handles.h"
 #include "platform/win32/numbers.h"
+#include "platform/win32/program_path.h"
 
 namespace taviro::platform {
 
@@ -48,13 +49,7 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
 }
 
 std::wstring ProgramFolder() {
-    std::wstring strPath(MAX_PATH, L'\0');
-    DWORD nLength = GetModuleFileNameW(nullptr, strPath.data(), MAX_PATH);
-    while (nLength == strPath.size()) {  // cut off: a longer path than the buffer
-        strPath.resize(strPath.size() * 2);
-        nLength = GetModuleFileNameW(nullptr, strPath.data(), static_cast<DWORD>(strPath.size()));
-    }
-    strPath.resize(nLength);
+    const std::wstring strPath = win32::ProgramPath();
     return strPath.substr(0, std::min(strPath.rfind(L'\\'), strPath.size()));
 }
 

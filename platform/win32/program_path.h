@@ -4,8 +4,8 @@
 
 #include <string>
 
-namespace taviro::automation {
+namespace taviro::platform::win32 {
 
 std::wstring ProgramPath();
 
-}  // namespace taviro::automation
+}  // namespace taviro::platform::win32
