@@ -4,10 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "actions/key_sequence.h"
-#include "actions/key_synthesis.h"
+#include "actions/entry_typing.h"
 #include "actions/launching.h"
-#include "actions/prediction.h"
 #include "feedback/announce.h"
 #include "forms/main_form.h"
 #include "platform/sound.h"
@@ -22,11 +20,9 @@ using forms::FrmMain;
 
 constexpr wchar_t SEGMENT_END = L';';
 constexpr wchar_t LABEL_END = L',';
-constexpr wchar_t HELD_MARK = L'*';
 constexpr int32_t LEAST_HEIGHT = 96;  // pixels: six lines of the list's font
 constexpr int32_t VK_DOWN = 40;
 constexpr int32_t VK_RIGHT = 39;
-constexpr uint16_t VK_BACKSPACE = 8;
 
 ChoiceEntry EntryOf(std::wstring_view strSegment) {
     const auto nComma = strSegment.find(LABEL_END);
@@ -71,29 +67,6 @@ void LaunchEntry(const std::wstring& strCommand) {
            bArguments ? strCommand.substr(nOpen + 1, nClose - nOpen - 1) : std::wstring{});
 }
 
-void EraseTyped() {
-    for (int32_t n = 0; n < Prediction.nTypedCount; ++n)
-        SendVirtualKey(VK_BACKSPACE);
-}
-
-void TypeEntry(std::wstring strLabel, bool bWithBlank) {
-    if (strLabel.ends_with(HELD_MARK)) {
-        strLabel.pop_back();
-        Prediction.strSuffix.insert(0, strLabel);
-    }
-    const bool bTypedWhole = ChoiceList.bCompletions && strLabel == Prediction.strPrefix;
-    if (strLabel.empty() || bTypedWhole) return;
-    if (ChoiceList.bCompletions) EraseTyped();
-    if (bWithBlank) {
-        strLabel += L' ';
-        Prediction.strPrefix.clear();
-        Prediction.strSuffix.clear();
-    } else {
-        Prediction.strPrefix = strLabel;
-    }
-    vbSendKey(strLabel);
-}
-
 }  // namespace
 
 void ShowList(const std::wstring& strText) {
@@ -134,7 +107,8 @@ void ListAccept() {
         const ChoiceEntry Entry = ChoiceList.Entries[static_cast<size_t>(nRow) + 1];
         const std::wstring strCommand(platform::TrimBlanks(Entry.strCommand));
         if (strCommand.empty()) {
-            TypeEntry(std::wstring(platform::TrimBlanks(Entry.strLabel)), strRow.ends_with(L' '));
+            TypeChosenText(std::wstring(platform::TrimBlanks(Entry.strLabel)),
+                           strRow.ends_with(L' '), ChoiceList.bCompletions);
         } else {
             LaunchEntry(strCommand);
         }

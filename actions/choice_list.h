@@ -7,10 +7,7 @@
 // them and never higher than the map. The status line grows upwards to meet it, so that nothing of
 // the map shows between the two.
 //
-// A chosen completion arrives whole and once: what was typed of the word is erased and the word is
-// typed from its first letter, in whatever case and with whatever accents the letters were typed.
-// A word that is already typed to its end is left alone. The texts of a command's list complete
-// nothing, so nothing is erased for them.
+// How the text of an entry gets into the application is decided in entry_typing.h.
 #pragma once
 
 #include <cstdint>

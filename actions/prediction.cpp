@@ -28,22 +28,24 @@ constexpr CaronLetter CARON_LETTERS[] = {{32, L'ď'}, {49, L'ň'}, {20, L'ť'}};
 constexpr std::array<wchar_t, 5> ENDING_CHARACTERS{L' ', L',', L'.', L';', L'\r'};
 constexpr std::array<int32_t, 6> ENDING_KEYS{33, 40, 41, 43, 45, 63};
 
-wchar_t CharacterOfVk(int32_t nVk) {
+KeyAnswer AnswerOfVk(int32_t nVk) {
     static constexpr std::array<uint8_t, 256> ALL_KEYS_UP{};
     uint16_t nCharacter = 0;
-    if (platform::KeyToAnsi(static_cast<uint32_t>(nVk), 0, ALL_KEYS_UP, nCharacter) < 1) return 0;
+    const int32_t nCount =
+        platform::KeyToAnsi(static_cast<uint32_t>(nVk), 0, ALL_KEYS_UP, nCharacter);
+    if (nCount < 1) return {nCount, 0};
     const std::string strByte(1, static_cast<char>(nCharacter & 0xFF));
-    return platform::FromAnsi(strByte).front();
+    return {nCount, platform::FromAnsi(strByte).front()};
 }
 
 // The character that an action typed, 0 when it is not known.
-wchar_t TypedCharacter(int32_t nKey, int32_t nKind) {
-    if (nKind == KIND_VIRTUAL_KEY) return CharacterOfVk(nKey);
-    if (nKind != KIND_CARON) return 0;
+KeyAnswer TypedCharacter(int32_t nKey, int32_t nKind) {
+    if (nKind == KIND_VIRTUAL_KEY) return AnswerOfVk(nKey);
+    if (nKind != KIND_CARON) return {};
     for (const CaronLetter& Letter : CARON_LETTERS) {
-        if (Letter.nScan == nKey) return Letter.nLetter;
+        if (Letter.nScan == nKey) return {1, Letter.nLetter};
     }
-    return 0;
+    return {};
 }
 
 bool EndsWord(wchar_t nCharacter, int32_t nKey) {
@@ -73,14 +75,16 @@ std::wstring Completions() {
 
 }  // namespace
 
-void UpdatePrediction(int32_t nKey, int32_t /*nModifiers*/, int32_t nKind) {
-    const wchar_t nCharacter = TypedCharacter(nKey, nKind);
-    if (EndsWord(nCharacter, nKey)) {
+void UpdatePrediction(int32_t nKey, int32_t nModifiers, int32_t nKind) {
+    const KeyAnswer Typed = TypedCharacter(nKey, nKind);
+    if (EndsWord(Typed.nCharacter, nKey)) {
         Prediction.strPrefix.clear();
         Prediction.strSuffix.clear();
+        LosePlace(Prediction.Standing);
     } else {
-        Prediction.strPrefix += nCharacter;
+        Prediction.strPrefix += Typed.nCharacter;
         Prediction.strPrefix = std::wstring(platform::TrimBlanks(Prediction.strPrefix));
+        NoteAction(Prediction.Standing, nKey, nModifiers, nKind, Typed);
     }
     if (Prediction.strPrefix.empty()) return;
     const std::wstring strList = Completions();

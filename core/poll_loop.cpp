@@ -9,6 +9,7 @@
 #include "actions/command_action.h"
 #include "actions/foreground_watch.h"
 #include "actions/key_synthesis.h"
+#include "actions/prediction.h"
 #include "core/cursor_movement.h"
 #include "core/mode_switching.h"
 #include "feedback/announce.h"
@@ -144,15 +145,21 @@ void LeaveArrowMode() {
     HideList();
 }
 
+// The key moves the cursor away from the word that is being typed.
+void SendInArrowMode(uint16_t nVk) {
+    SendVirtualKey(nVk);
+    LosePlace(Prediction.Standing);
+}
+
 void TickArrowMode() {
     ForEachTilt([](const Direction& Towards, bool bActs) {
-        if (bActs) SendVirtualKey(static_cast<uint16_t>(Towards.nVk));
+        if (bActs) SendInArrowMode(static_cast<uint16_t>(Towards.nVk));
         LogEvent(Towards.szLog);  // on every tick in which the direction holds
     });
     const int32_t nButton = PressedButton();
     const ButtonKind nKind = KindOf(nButton);
     if (nKind == ButtonKind::Mode) LeaveArrowMode();
-    if (nKind == ButtonKind::Action) SendVirtualKey(VK_ENTER);
+    if (nKind == ButtonKind::Action) SendInArrowMode(VK_ENTER);
     if (RunsItsOwnAction(nKind)) CommandAction(nButton);
 }
 

@@ -7,11 +7,16 @@ namespace taviro::predictor {
 
 bool SaveLearned(const Learned& Own, const std::filesystem::path& Path, std::string& strError,
                  const SaveSteps& Steps) {
+    return SaveLearnedText(Own.Write(), Path, strError, Steps);
+}
+
+bool SaveLearnedText(std::string_view Written, const std::filesystem::path& Path,
+                     std::string& strError, const SaveSteps& Steps) {
     std::error_code Ignored;  // the write tells whether the folder is there
     std::filesystem::create_directories(Path.parent_path(), Ignored);
     std::filesystem::path Beside = Path;
     Beside += ".new";
-    if (!Steps.pWrite(Beside, Own.Write())) {
+    if (!Steps.pWrite(Beside, Written)) {
         std::filesystem::remove(Beside, Ignored);
         strError = "The learned words cannot be written.";
         return false;

@@ -42,9 +42,11 @@ struct SaveSteps {
 [[nodiscard]] const SaveSteps& SystemSteps();
 
 /// Replaces the file of learned words, making its folder if need be; false with a sentence when it
-/// could not be, and the old file is then as it was.
+/// could not be, and the old file is then as it was. The second form takes what Write() gave.
 [[nodiscard]] bool SaveLearned(const Learned& Own, const std::filesystem::path& Path,
                                std::string& strError, const SaveSteps& Steps = SystemSteps());
+[[nodiscard]] bool SaveLearnedText(std::string_view Written, const std::filesystem::path& Path,
+                                   std::string& strError, const SaveSteps& Steps = SystemSteps());
 
 /// Loads the learned words. A file that is not there yet is an empty one. Returns false with a
 /// sentence when it is there and unreadable or none: then nothing is learned yet.

@@ -40,31 +40,35 @@ std::string CountText(double dCount) {
 
 }  // namespace
 
-double Learned::Now(const FadingCount& Count) const {
-    return Count.dCount * std::exp2(-static_cast<double>(m_nClock - Count.nStamp) / HALF_LIFE);
+void Learned::Raise(FadingCount& Count, double dShare) const {
+    Count.dUnfaded += dShare / m_dLeft;
 }
 
-void Learned::Raise(FadingCount& Count) const {
-    Count = {Now(Count) + 1, m_nClock};
-}
-
-void Learned::Note(std::wstring_view strPrevious, std::wstring_view strWord, WordId nWord) {
+void Learned::Note(std::wstring_view strPrevious, std::wstring_view strWord, WordId nWord,
+                   double dShare) {
     if (!IsOfferable(strWord) || (nWord == NO_WORD && !IsLearnable(strWord))) return;
     const std::wstring strLower = LowerText(strWord);
-    ++m_nClock;
+    m_dClock += dShare;
+    m_dLeft = std::exp2(-m_dClock / HALF_LIFE);
     LearnedWord& Word = m_Words[strLower];
     // Written small once, it is no name: a capital was that of a sentence.
     if (Word.strWord.empty() || strWord == strLower) Word.strWord = strWord;
     Word.nWord = nWord;
-    Raise(Word.Count);
-    Raise(m_Total);
-    const std::wstring strBefore = LowerText(strPrevious);
-    if (m_Words.contains(strBefore)) {
-        const auto [it, bNew] = m_Pairs[strBefore].try_emplace(strLower);
-        m_nPairs += bNew ? 1 : 0;
-        Raise(it->second);
-    }
+    Raise(Word.Count, dShare);
+    Raise(m_Total, dShare);
+    NotePair(strPrevious, strWord, dShare);
     if (m_Words.size() > MOST_WORDS_KEPT || m_nPairs > MOST_PAIRS_KEPT) Shrink();
+}
+
+void Learned::NotePair(std::wstring_view strPrevious, std::wstring_view strWord, double dShare) {
+    const std::wstring strBefore = LowerText(strPrevious);
+    const std::wstring strLower = LowerText(strWord);
+    if (!m_Words.contains(strBefore) || !m_Words.contains(strLower)) return;
+    Pairs& After = m_Pairs[strBefore];
+    const auto [it, bNew] = After.Nexts.try_emplace(strLower);
+    m_nPairs += bNew ? 1 : 0;
+    Raise(it->second, dShare);
+    Raise(After.Total, dShare);
 }
 
 void Learned::Link(const Model& Words) {
@@ -78,7 +82,12 @@ void Learned::Forget() {
 
 const Learned::Followers* Learned::After(const std::wstring& strPrevious) const {
     const auto it = m_Pairs.find(strPrevious);
-    return it == m_Pairs.end() ? nullptr : &it->second;
+    return it == m_Pairs.end() ? nullptr : &it->second.Nexts;
+}
+
+double Learned::TotalAfter(const std::wstring& strPrevious) const {
+    const auto it = m_Pairs.find(strPrevious);
+    return it == m_Pairs.end() ? 0 : Now(it->second.Total);
 }
 
 // Drops the least, a tenth more than necessary, so that it is rarely done.
@@ -97,21 +106,25 @@ void Learned::Shrink() {
     std::erase_if(m_Words, [&](const auto& Item) { return Now(Item.second.Count) < dLeastWord; });
 
     std::vector<double> PairCounts;
-    for (const auto& [strKey, Nexts] : m_Pairs) {
-        for (const auto& [strNext, Count] : Nexts)
+    for (const auto& [strKey, After] : m_Pairs) {
+        for (const auto& [strNext, Count] : After.Nexts)
             PairCounts.push_back(Now(Count));
     }
     const double dLeastPair = Threshold(std::move(PairCounts), MOST_PAIRS_KEPT);
     m_nPairs = 0;
-    for (auto& [strKey, Nexts] : m_Pairs) {
-        std::erase_if(Nexts, [&](const auto& Item) {
+    for (auto& [strKey, After] : m_Pairs) {
+        std::erase_if(After.Nexts, [&](const auto& Item) {
             return Now(Item.second) < dLeastPair || !m_Words.contains(Item.first);
         });
-        m_nPairs += Nexts.size();
+        After.Total = {};
+        for (const auto& [strNext, Count] : After.Nexts)
+            After.Total.dUnfaded += Count.dUnfaded;
     }
     std::erase_if(m_Pairs, [&](const auto& Item) {
-        return Item.second.empty() || !m_Words.contains(Item.first);
+        return Item.second.Nexts.empty() || !m_Words.contains(Item.first);
     });
+    for (const auto& [strKey, After] : m_Pairs)
+        m_nPairs += After.Nexts.size();
 }
 
 // A word is a line "count word", its followers come after it as lines "count =word".
@@ -147,14 +160,13 @@ bool Learned::Read(std::string_view Bytes, std::string& strError) {
         if (!IsOfferable(strWord)) continue;
         if (!bFollower) {
             strKey = LowerText(strWord);
-            m_Words[strKey] = {strWord, {dCount, 0}, NO_WORD};
-            m_Total.dCount += dCount;
+            m_Words[strKey] = {strWord, {dCount}, NO_WORD};
+            m_Total.dUnfaded += dCount;
         } else if (!strKey.empty()) {
-            m_nPairs +=
-                m_Pairs[strKey].insert_or_assign(LowerText(strWord), FadingCount{dCount, 0}).second;
+            m_Pairs[strKey].Nexts.insert_or_assign(LowerText(strWord), FadingCount{dCount});
         }
     }
-    Shrink();
+    Shrink();  // counts the pairs
     return true;
 }
 

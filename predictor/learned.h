@@ -14,10 +14,9 @@
 
 namespace taviro::predictor {
 
-/// A count as it stood when nStamp words had been learned.
+/// A count that fades: what it would be now, had nothing faded since the first word (Learned::Now).
 struct FadingCount {
-    double dCount = 0;
-    uint32_t nStamp = 0;
+    double dUnfaded = 0;
 };
 
 struct LearnedWord {
@@ -29,13 +28,17 @@ struct LearnedWord {
 class Learned {
   public:
     static constexpr uint32_t HALF_LIFE = 20000;  // words
-    static constexpr size_t MOST_WORDS_KEPT = 8000;
-    static constexpr size_t MOST_PAIRS_KEPT = 16000;
+    static constexpr size_t MOST_WORDS_KEPT = 16000;
+    static constexpr size_t MOST_PAIRS_KEPT = 40000;
 
     /// Notes that the user wrote the word, and after which one; no pair when there was none. What
     /// cannot be learned changes nothing (IsLearnable, but one-letter words are welcome when the
     /// dictionary has them, and so are its abbreviations: then nWord is their place there).
-    void Note(std::wstring_view strPrevious, std::wstring_view strWord, WordId nWord);
+    /// dShare is how likely it was, above 0 up to 1: a likely word counts by its likelihood.
+    void Note(std::wstring_view strPrevious, std::wstring_view strWord, WordId nWord,
+              double dShare = 1);
+    /// Notes only that one word followed the other; nothing unless both have been noted.
+    void NotePair(std::wstring_view strPrevious, std::wstring_view strWord, double dShare);
     /// Finds all words in the dictionary, for a store that was read.
     void Link(const Model& Words);
     void Forget();
@@ -46,8 +49,10 @@ class Learned {
     using Followers = std::map<std::wstring, FadingCount>;
     /// What was written after a word in small letters; nullptr when nothing was.
     [[nodiscard]] const Followers* After(const std::wstring& strPrevious) const;
+    /// How often anything was.
+    [[nodiscard]] double TotalAfter(const std::wstring& strPrevious) const;
     /// What is left of a count by now.
-    [[nodiscard]] double Now(const FadingCount& Count) const;
+    [[nodiscard]] double Now(const FadingCount& Count) const { return Count.dUnfaded * m_dLeft; }
     [[nodiscard]] double Total() const { return Now(m_Total); }
 
     /// The store as text, and back. A text that is none, or parts of it that are no words, are
@@ -56,14 +61,19 @@ class Learned {
     [[nodiscard]] bool Read(std::string_view Bytes, std::string& strError);
 
   private:
-    void Raise(FadingCount& Count) const;
+    struct Pairs {
+        Followers Nexts;
+        FadingCount Total;
+    };
+    void Raise(FadingCount& Count, double dShare) const;
     void Shrink();
 
     std::map<std::wstring, LearnedWord> m_Words;
-    std::map<std::wstring, Followers> m_Pairs;
+    std::map<std::wstring, Pairs> m_Pairs;
     size_t m_nPairs = 0;
     FadingCount m_Total;
-    uint32_t m_nClock = 0;  // words learned
+    double m_dClock = 0;  // words learned
+    double m_dLeft = 1;   // of a count of the beginning
 };
 
 }  // namespace taviro::predictor

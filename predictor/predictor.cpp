@@ -32,16 +32,26 @@ Answer Predictor::GetPrediction(std::wstring_view strPrefix) {
         if (!bPays && !Settings.bAlways) m_Shown.clear();
     }
     m_Stream.NoteShown(m_Shown);
-    return {ListText(m_Shown, Settings.bBlanks), Stream::Cleaned(strPrefix)};
+    return {ListText(m_Shown, Settings.bBlanks), m_Stream.HandedBack()};
 }
 
-// The likeliest guess counts as written when it is likely enough.
+// Each guess counts by its likelihood, and so does each pair of guesses. A word that no dictionary
+// has must be sure: it would be offered for ever.
 void Predictor::LearnFinished() {
-    const auto& Finished = m_Stream.Finished();
-    const std::wstring strBefore = std::exchange(m_strWritten, {});
-    if (Finished.empty() || Finished.front().dShare < Settings.Stream.dSure) return;
-    NoteWritten(strBefore, Finished.front().strWord);
-    m_strWritten = Finished.front().strWord;
+    const std::vector<Guess> Before = std::exchange(m_Written, {});
+    if (!Settings.bLearns) return;
+    const StreamConstants& Constants = Settings.Stream;
+    for (const Guess& One : m_Stream.Finished()) {
+        const WordId nWord = Words.Find(LowerText(One.strWord));
+        if (One.dShare < (nWord == NO_WORD ? Constants.dSure : Constants.dLeastShare)) continue;
+        Own.Note({}, One.strWord, nWord, One.dShare);
+        m_Written.push_back(One);
+        for (const Guess& Previous : Before) {
+            const double dBoth = Previous.dShare * One.dShare;
+            if (dBoth >= Constants.dLeastPair) Own.NotePair(Previous.strWord, One.strWord, dBoth);
+        }
+        m_bChanged = true;
+    }
 }
 
 std::vector<Offer> Predictor::Complete(std::wstring_view strPrevious, bool bComma,
@@ -74,7 +84,7 @@ void Predictor::Forget() {
     Own.Forget();
     m_Stream = Stream{};
     m_Shown.clear();
-    m_strWritten.clear();
+    m_Written.clear();
     m_bChanged = true;
 }
 

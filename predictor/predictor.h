@@ -43,7 +43,7 @@ class Predictor {
     PredictorSettings Settings;
 
     /// Takes the typed beginning of the current word. The answer's prefix is what is left of it
-    /// after Backspaces and control characters: so many characters stand in the text.
+    /// after Backspaces, control characters and a capital typed with Caps Lock.
     [[nodiscard]] Answer GetPrediction(std::wstring_view strPrefix);
     /// What the last answer offered, with probabilities.
     [[nodiscard]] const std::vector<Offer>& Shown() const { return m_Shown; }
@@ -67,7 +67,7 @@ class Predictor {
 
     Stream m_Stream;
     std::vector<Offer> m_Shown;
-    std::wstring m_strWritten;  // the last word that was surely written
+    std::vector<Guess> m_Written;  // what the last finished word may have been
     bool m_bChanged = false;
 };
 

@@ -11,6 +11,10 @@ namespace taviro::predictor {
 
 namespace {
 
+// A word of the dictionary that was only ever suspected of having been written is not looked at: its
+// frequency says as much.
+constexpr double HARDLY_WRITTEN = 0.3;
+
 struct Candidate {
     WordId nWord = NO_WORD;             // NO_WORD: only the user has it
     const LearnedWord* pOwn = nullptr;  // a word that only the user has
@@ -29,6 +33,7 @@ class Ranker {
   private:
     void Weigh();
     void CollectFollowers();
+    std::wstring FixedBeginning() const;
     void CollectOwn();
     void CollectOwnFollowers();
     void MergeCandidates();
@@ -60,13 +65,6 @@ double Trust(double dSeen, double dTrust, double dHalf) {
     return dSeen > 0 ? dTrust * dSeen / (dSeen + dHalf) : 0;
 }
 
-double TotalOf(const Learned& Own, const Learned::Followers& Nexts) {
-    double dTotal = 0;
-    for (const auto& [strNext, Count] : Nexts)
-        dTotal += Own.Now(Count);
-    return dTotal;
-}
-
 // An unknown first letter is most likely one.
 bool IsBegunWithCapital(std::wstring_view strTyped) {
     return !strTyped.empty() && (strTyped.front() == UNKNOWN_LETTER || IsCapital(strTyped.front()));
@@ -75,8 +73,7 @@ bool IsBegunWithCapital(std::wstring_view strTyped) {
 void Ranker::Weigh() {
     double dPairs = 0;
     for (const Context& Before : m_Asked.Contexts) {
-        const Learned::Followers* pNexts = m_Own.After(Before.strLower);
-        const double dSeen = pNexts == nullptr ? 0 : TotalOf(m_Own, *pNexts);
+        const double dSeen = m_Own.TotalAfter(Before.strLower);
         const double dOwn = Trust(dSeen, m_Constants.dOwnPairTrust, m_Constants.dOwnPairHalf);
         const auto [dTotal, dFollowers] = m_Words.SizeOfContext(Before.nContext);
         const double dBooks =
@@ -109,31 +106,39 @@ void Ranker::AddOwn(const LearnedWord& Word, double dExtra) {
     m_Candidates.push_back({bListed ? Word.nWord : NO_WORD, bListed ? nullptr : &Word, dExtra});
 }
 
+// Up to the first letter that can vary, words stand together.
+std::wstring Ranker::FixedBeginning() const {
+    const std::wstring strTyped = LowerText(m_Asked.strTyped);
+    if (m_nMatch != Match::Exact) return {};
+    return strTyped.substr(0, strTyped.find(UNKNOWN_LETTER));
+}
+
 void Ranker::CollectOwn() {
     if (m_dOwn <= 0) return;
     const double dUnit = m_dOwn / m_Own.Total();
-    // Up to the first letter that can vary, the words stand together.
-    const std::wstring strTyped = LowerText(m_Asked.strTyped);
-    const size_t nFixed =
-        m_nMatch == Match::Exact ? std::min(strTyped.find(UNKNOWN_LETTER), strTyped.size()) : 0;
-    const std::wstring strFixed = strTyped.substr(0, nFixed);
+    const std::wstring strFixed = FixedBeginning();
     for (auto it = m_Own.Words().lower_bound(strFixed); it != m_Own.Words().end(); ++it) {
         if (!it->first.starts_with(strFixed)) break;
-        if (!BeginsWith(it->first, strTyped, m_nMatch)) continue;
-        AddOwn(it->second, m_Own.Now(it->second.Count) * dUnit);
+        if (!BeginsWith(it->first, m_Asked.strTyped, m_nMatch)) continue;
+        const double dCount = m_Own.Now(it->second.Count);
+        if (dCount < HARDLY_WRITTEN && it->second.nWord != NO_WORD) continue;
+        AddOwn(it->second, dCount * dUnit);
     }
 }
 
 void Ranker::CollectOwnFollowers() {
+    const std::wstring strFixed = FixedBeginning();
     for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
-        const Learned::Followers* pNexts = m_Own.After(m_Asked.Contexts[n].strLower);
+        const std::wstring& strBefore = m_Asked.Contexts[n].strLower;
+        const Learned::Followers* pNexts = m_Own.After(strBefore);
         if (pNexts == nullptr || m_OwnPairShares[n] <= 0) continue;
-        const double dUnit = m_OwnPairShares[n] / TotalOf(m_Own, *pNexts);
-        for (const auto& [strNext, Count] : *pNexts) {
-            const auto it = m_Own.Words().find(strNext);
-            const bool bFits = BeginsWith(strNext, m_Asked.strTyped, m_nMatch);
+        const double dUnit = m_OwnPairShares[n] / m_Own.TotalAfter(strBefore);
+        for (auto itNext = pNexts->lower_bound(strFixed); itNext != pNexts->end(); ++itNext) {
+            if (!itNext->first.starts_with(strFixed)) break;
+            const auto it = m_Own.Words().find(itNext->first);
+            const bool bFits = BeginsWith(itNext->first, m_Asked.strTyped, m_nMatch);
             if (!bFits || it == m_Own.Words().end()) continue;
-            AddOwn(it->second, m_Own.Now(Count) * dUnit);
+            AddOwn(it->second, m_Own.Now(itNext->second) * dUnit);
         }
     }
 }

@@ -18,8 +18,8 @@ namespace taviro::predictor {
 struct RankingConstants {
     double dPairTrust = 0.8;      ///< in the books' pairs
     double dPairHalf = 20;        ///< sightings of the previous word for each word seen after it
-    double dOwnTrust = 0.5;       ///< in the user's own words
-    double dOwnHalf = 4000;       ///< words learned
+    double dOwnTrust = 0.65;      ///< in the user's own words
+    double dOwnHalf = 1000;       ///< words learned
     double dOwnPairTrust = 0.5;   ///< in the user's own pairs
     double dOwnPairHalf = 6;      ///< times that the user wrote the previous word
     double dNameSmall = 0.1;      ///< a name that was begun with a small letter

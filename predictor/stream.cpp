@@ -53,12 +53,30 @@ std::wstring Stream::Cleaned(std::wstring_view strPrefix) {
     return strText;
 }
 
+// A capital that is typed between two uses of Caps Lock comes as an unknown letter, the small
+// letter and another unknown one. Whoever types so does it every time: from then on the capital is
+// known before Caps Lock is released, until a word shows that the first key was a letter.
+std::wstring Stream::ReadCapsLock(const std::wstring& strCleaned) {
+    constexpr size_t WHOLE = 3;
+    if (strCleaned.size() < 2 || strCleaned[0] != UNKNOWN_LETTER || !IsLetter(strCleaned[1])) {
+        return strCleaned;
+    }
+    if (strCleaned.size() >= WHOLE) m_bCapsLock = strCleaned[2] == UNKNOWN_LETTER;
+    if (!m_bCapsLock) return strCleaned;
+    return UpperLetter(strCleaned[1]) + strCleaned.substr(std::min(strCleaned.size(), WHOLE));
+}
+
 bool Stream::Take(const Model& Words, std::wstring_view strPrefix,
                   const StreamConstants& Constants) {
-    const std::wstring strTyped = Cleaned(strPrefix);
-    const bool bLonger = strPrefix.size() > m_strTyped.size() && !m_strTyped.empty();
+    const std::wstring strCleaned = Cleaned(strPrefix);
+    const std::wstring strTyped = ReadCapsLock(strCleaned);
+    const bool bLonger = strPrefix.size() > m_strHandedBack.size() && !m_strHandedBack.empty();
+    const bool bContinues = bLonger && strPrefix.starts_with(m_strHandedBack);
     const bool bSameAgain = strTyped.size() > 1 && strTyped == m_strTyped;
-    if (bLonger && strPrefix.starts_with(m_strTyped)) {
+    // Before Caps Lock is released the program must keep what tells of it.
+    const bool bReleased = strCleaned.size() > 2 || strTyped.size() == strCleaned.size();
+    m_strHandedBack = bReleased ? strTyped : strCleaned;
+    if (bContinues) {
         for (const Offer& Shown : m_Shown)
             m_Passed.push_back(LowerText(Shown.strText));
         m_Shown.clear();

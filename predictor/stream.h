@@ -19,7 +19,9 @@ struct StreamConstants {
     double dStartFirst = 0.5;    ///< the first word of all begins a sentence
     double dUnlisted = 0.02;     ///< a finished word is in no dictionary though one begins like it
     double dMissed = 0.2;        ///< a word was typed to its end though it had been offered
-    double dSure = 0.75;         ///< at which a word counts as written
+    double dSure = 0.75;         ///< at which a word that no dictionary has counts as written
+    double dLeastShare = 0.1;    ///< at which any other word counts, by its share
+    double dLeastPair = 0.03;    ///< the same for a pair of words
 };
 
 /// A word that may have been written, in the case in which it was, and how likely it was.
@@ -41,6 +43,8 @@ class Stream {
     void NoteShown(const std::vector<Offer>& Shown) { m_Shown = Shown; }
 
     [[nodiscard]] const std::wstring& Typed() const { return m_strTyped; }
+    /// What the program shall take for the typed beginning from now on.
+    [[nodiscard]] const std::wstring& HandedBack() const { return m_strHandedBack; }
     [[nodiscard]] const std::vector<Guess>& Finished() const { return m_Finished; }
     /// Small letters of the words that were shown and not taken for this word.
     [[nodiscard]] const std::vector<std::wstring>& Passed() const { return m_Passed; }
@@ -48,10 +52,13 @@ class Stream {
                                                 const StreamConstants& Constants) const;
 
   private:
+    [[nodiscard]] std::wstring ReadCapsLock(const std::wstring& strCleaned);
     void FinishWord(const Model& Words, const StreamConstants& Constants);
     [[nodiscard]] double TypedShare(const Model& Words, const StreamConstants& Constants) const;
 
     std::wstring m_strTyped;
+    std::wstring m_strHandedBack;
+    bool m_bCapsLock = false;  // the user types capitals between two uses of Caps Lock
     std::vector<Offer> m_Shown;
     std::vector<std::wstring> m_Passed;
     std::vector<Guess> m_Finished;

@@ -174,11 +174,12 @@ uint8_t CharToOemAnsi(uint8_t nCharacter) {
 }
 
 uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType) {
-    constexpr uint32_t TO_SCAN = 0, TO_CHARACTER = 2;
+    constexpr uint32_t TO_SCAN = 0, TO_CHARACTER = 2, DEAD_KEY_BIT = 0x80000000;
     const auto* pKey = headless::KeyOfVk(nCode);
     if (pKey == nullptr) return 0;
     if (nMapType == TO_SCAN) return pKey->nScan;
     if (nMapType != TO_CHARACTER) return 0;
+    if (pKey->nPlain == headless::DEAD_ACUTE) return DEAD_KEY_BIT | headless::DEAD_ACUTE;
     return static_cast<uint8_t>(ToAnsi(ToUpper(std::wstring(1, pKey->nPlain))).front());
 }
 

@@ -3,9 +3,11 @@
 
 #include <windows.h>
 
+#include <string>
 #include <vector>
 
 #include "platform/main_window.h"
+#include "platform/text.h"
 #include "platform/win32/numbers.h"
 
 namespace taviro::platform {
@@ -15,6 +17,8 @@ static_assert(sizeof(INPUT) == 28);
 #endif
 
 namespace {
+
+constexpr int16_t NO_KEY = -1;
 
 INPUT ToInput(const KeyRecord& Record) {
     INPUT Input{};
@@ -39,6 +43,22 @@ INPUT ToInput(const MouseRecord& Record) {
     return Input;
 }
 
+// The key that types a small letter alone, for systems that know an accented letter's key but do
+// not find it by the letter. A key's character is told as a capital; a dead key's is marked, and no
+// letter.
+int16_t FindKeyOfSmallLetter(wchar_t nLetter) {
+    constexpr UINT FIRST_VK = 8;
+    constexpr UINT LAST_VK = 254;
+    wchar_t nUpper = nLetter;
+    static_cast<void>(CharUpperBuffW(&nUpper, 1));  // one character, always
+    if (nUpper == nLetter) return NO_KEY;
+    for (UINT nVk = FIRST_VK; nVk <= LAST_VK; ++nVk) {
+        const UINT nCharacter = MapVirtualKeyW(nVk, MAPVK_VK_TO_CHAR);
+        if (nCharacter == nLetter || nCharacter == nUpper) return static_cast<int16_t>(nVk);
+    }
+    return NO_KEY;
+}
+
 }  // namespace
 
 uint32_t SendInputRecords(std::span<const InputRecord> Records) {
@@ -56,7 +76,9 @@ void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraIn
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {
-    return VkKeyScanA(static_cast<CHAR>(nCharacter));
+    const int16_t nFound = VkKeyScanA(static_cast<CHAR>(nCharacter));
+    if (nFound != NO_KEY) return nFound;
+    return FindKeyOfSmallLetter(FromAnsi(std::string(1, static_cast<char>(nCharacter))).front());
 }
 
 uint32_t OemKeyScanCode(uint8_t nOemCharacter) {

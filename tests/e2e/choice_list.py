@@ -16,6 +16,9 @@ class ChoiceList:
         return next(child for child in self._probe.children(self._window.handle)
                     if child.class_name == "ListBox")
 
+    def handle(self):
+        return self._find().handle
+
     def is_shown(self):
         return bool(self._find().style & WS_VISIBLE)
 

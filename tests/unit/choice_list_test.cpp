@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/choice_list.h"
 
+#include "actions/entry_typing.h"
 #include "actions/prediction.h"
 #include "state/mode_state.h"
 #include "tests/unit/action_fixture.h"
@@ -27,6 +28,7 @@ class ChoiceListBox : public ActionTest {
         Desktop.Keyboard.strTyped = strPrefix;
         Prediction.strPrefix = strPrefix;
         Prediction.nTypedCount = static_cast<int32_t>(strPrefix.size());
+        SetStanding(Prediction.Standing, strPrefix);
         Open(strText);
         ChoiceList.bCompletions = true;
     }
@@ -224,7 +226,9 @@ TEST_F(ChoiceListBox, Accept_TypesTheLabel_WhenThereIsNoCommand) {
     };
     for (const auto& Row : Rows) {
         SCOPED_TRACE(Row.szName);
-        Prediction = {.strPrefix = L"x", .nTypedCount = 3, .strSuffix = L"", .objDictionary = {}};
+        Prediction = {};
+        Prediction.strPrefix = L"x";
+        Prediction.nTypedCount = 3;
         Desktop.Keyboard.strTyped.clear();
         Open(L"*;" + Row.strSegment);
         Accept();
@@ -246,6 +250,8 @@ TEST_F(ChoiceListBox, AcceptedCompletion_ArrivesWholeAndOnce) {
         {"marked", L"ah", L"ahoj*", L"ahoj", L"ahoj"},
         {"shorter than the prefix", L"ahoj", L"ah", L"ah", L"ah"},
         {"typed already", L"ahoj", L"ahoj", L"ahoj", L"ahoj"},
+        {"typed already, with a blank", L"ahoj", L"ahoj ", L"ahoj ", L""},
+        {"letter of a dead key", L"te", L"teď ", L"teď ", L""},
         {"repeats the prefix", L"ba", L"baba", L"baba", L"baba"},
         {"empty", L"ah", L" ", L"ah", L"ah"},
     };
@@ -268,17 +274,96 @@ TEST_F(ChoiceListBox, AcceptedCompletion_TapsBackspaceForEachTypedCharacter_Then
                  "keybd_event: vk 67 scan 46 flags 0", "keybd_event: vk 67 scan 46 flags 2"}));
 }
 
-TEST_F(ChoiceListBox, MarkedEntries_CollectInFrontOfTheSuffix_UntilAWordEnds) {
-    Offer(L"a", L"*;ahoj*");
+struct HeldStep {
+    const wchar_t* szSegment;
+    const wchar_t* szTyped;
+    const wchar_t* szHeld;
+};
+
+TEST_F(ChoiceListBox, MarkedEntry_StandsInFrontOfWhatIsHeld) {
+    const struct {
+        const char* szName;
+        std::vector<HeldStep> Steps;
+    } Rows[] = {
+        {"put in front", {{L"hezčí*", L"hezčí", L"hezčí"}, {L"nej*", L"nejhezčí", L"nejhezčí"}}},
+        {"twice", {{L"c*", L"c", L"c"}, {L"b*", L"bc", L"bc"}, {L"a*", L"abc", L"abc"}}},
+        {"begins with it already",
+         {{L"auto*", L"auto", L"auto"}, {L"autobus*", L"autobus", L"autobus"}}},
+        {"with a blank", {{L"hezčí*", L"hezčí", L"hezčí"}, {L"nej* ", L"nejhezčí ", L""}}},
+        {"dropped by an unmarked word",
+         {{L"a*", L"a", L"a"}, {L"b", L"b", L""}, {L"c*", L"c", L"c"}}},
+        {"dropped by a word with a blank", {{L"a*", L"a", L"a"}, {L"b ", L"b ", L""}}},
+        {"mark alone", {{L"a*", L"a", L"a"}, {L"*", L"a", L"a"}}},
+    };
+    for (const auto& Row : Rows) {
+        SCOPED_TRACE(Row.szName);
+        Prediction = {};
+        Desktop.Keyboard.strTyped.clear();
+        for (const HeldStep& Step : Row.Steps) {
+            Offer(Desktop.Keyboard.strTyped, std::wstring(L"*;") + Step.szSegment);
+            Accept();
+            EXPECT_EQ(Typed(), Step.szTyped);
+            EXPECT_EQ(Prediction.strSuffix, Step.szHeld);
+        }
+    }
+}
+
+TEST_F(ChoiceListBox, MarkedPhrase_HoldsOnlyItself) {
+    Prediction.strSuffix = L"old";
+    Open(L"*;good*");
     Accept();
-    EXPECT_EQ(Prediction.strSuffix, L"ahoj");
-    Offer(L"ahoj", L"*;ne*");
+    EXPECT_EQ(Typed(), L"good");
+    EXPECT_EQ(Prediction.strSuffix, L"good");
+}
+
+TEST_F(ChoiceListBox, TypedAfterTheListOpened_IsCutOffOrErased) {
+    const struct {
+        const char* szName;
+        std::wstring strStanding, strSegment;
+        size_t nBackspaces;
+        std::wstring strTyped;
+    } Rows[] = {
+        {"begins with what is left", L"aho", L"ahoj", 2, L"ahoj"},
+        {"does not begin with it", L"eho", L"ahoj", 3, L"ahoj"},
+        {"fewer than counted", L"a", L"ahoj", 1, L"ahoj"},
+        {"nothing", L"", L"ahoj", 0, L"ahoj"},
+        {"whole, longer than counted", L"ahoj", L"ahoj ", 0, L"ahoj "},
+    };
+    for (const auto& Row : Rows) {
+        SCOPED_TRACE(Row.szName);
+        Offer(Row.strStanding, L"*;" + Row.strSegment);
+        Prediction.nTypedCount = 2;
+        const Effects Sent = Accept();
+        EXPECT_EQ(std::count(Sent.begin(), Sent.end(), "SendInput: vk 8 down, vk 8 up"),
+                  Row.nBackspaces);
+        EXPECT_EQ(Typed(), Row.strTyped);
+    }
+}
+
+TEST_F(ChoiceListBox, AcceptedTwice_TypesOnce) {
+    Offer(L"ah", L"*;ahoj ");
     Accept();
-    EXPECT_EQ(Typed(), L"ne");
-    EXPECT_EQ(Prediction.strSuffix, L"neahoj");
-    Offer(L"ne", L"*;nebe ");
+    EXPECT_EQ(Accept(), Effects{});
+    EXPECT_EQ(Typed(), L"ahoj ");
+}
+
+TEST_F(ChoiceListBox, AcceptInAnotherWindow_ErasesNothingThere) {
+    Desktop.hForeground = 7;
+    Offer(L"ah", L"*;ahoj ");
+    Desktop.hForeground = 8;
     Accept();
-    EXPECT_EQ(Prediction.strSuffix, L"");
+    EXPECT_EQ(Typed(), L"ahahoj ");
+}
+
+TEST_F(ChoiceListBox, DeadKeyLetters_AreTypedAsTheirCellsDo) {
+    Open(L"*;teď sóla, síň;óďťň ");
+    Select(1);
+    Accept();
+    EXPECT_EQ(Typed(), L"óďťň ");
+    for (const wchar_t nLetter : std::wstring(L"aéřůŠ"))
+        EXPECT_EQ(IsTypedFromList(nLetter), nLetter != L'Š') << static_cast<int>(nLetter);
+    for (const wchar_t nLetter : std::wstring(L"ďťňóĎ\u0142"))
+        EXPECT_EQ(IsTypedFromList(nLetter), nLetter != L'Ď') << static_cast<int>(nLetter);
 }
 
 TEST_F(ChoiceListBox, Accept_DoesNothing_WhenNoListIsOpen) {

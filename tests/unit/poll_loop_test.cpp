@@ -2,6 +2,7 @@
 #include "core/poll_loop.h"
 
 #include "actions/choice_list.h"
+#include "actions/prediction.h"
 #include "core/cursor_movement.h"
 #include "feedback/event_log.h"
 #include "forms/main_form.h"
@@ -38,6 +39,24 @@ class PollLoop : public ProgramTest {
         Ticks(1);
     }
 };
+
+TEST_F(PollLoop, KeysOfArrowMode_LeaveTheWordThatIsBeingTyped) {
+    const auto TypeWord = [] {
+        Modes.Set(Mode::Select);
+        Push(0);
+        EXPECT_EQ(StandingText(Prediction.Standing), L"a");
+        Modes.Set(Mode::Arrow);
+    };
+    TypeWord();
+    TiltLeft();
+    Ticks(1);
+    CentreStick();
+    Ticks(1);
+    EXPECT_EQ(StandingText(Prediction.Standing), L"");
+    TypeWord();
+    Push(0);  // Enter
+    EXPECT_EQ(StandingText(Prediction.Standing), L"");
+}
 
 TEST_F(PollLoop, HeldTilt_MovesOnTicks_1_4_5_6) {
     TiltRight();

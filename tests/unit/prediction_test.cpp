@@ -230,6 +230,61 @@ TEST_F(WordPrediction, ChosenCompletion_ArrivesWhole_WhenLettersWereTypedOtherwi
     EXPECT_EQ(Prediction.strPrefix, L"");
 }
 
+TEST_F(WordPrediction, LettersTypedWhileTheListIsOpen_BelongToTheWord) {
+    Words.Lists[L"ah"] = std::wstring(L"*;ahoj ");
+    Type("AHO");
+    EXPECT_EQ(Prediction.nTypedCount, 2);  // of when the list was opened
+    ListAccept();
+    EXPECT_EQ(Typed(), L"ahoj ");
+}
+
+TEST_F(WordPrediction, BlankTypedWhileTheListIsOpen_EndsTheWord) {
+    Words.Lists[L"ah"] = std::wstring(L"*;ahoj ");
+    Type("AH ");
+    ListAccept();
+    EXPECT_EQ(Typed(), L"ah ahoj ");
+}
+
+TEST_F(WordPrediction, VanishedDictionary_LeavesTheOpenListUsable) {
+    Words.Lists[L"ah"] = std::wstring(L"*;ahoj ");
+    Type("AH");
+    Words.bFails = true;
+    Type("O");
+    ListAccept();
+    EXPECT_EQ(Typed(), L"ahoj ");
+    Type("AH");
+    EXPECT_FALSE(Modes.bListMode);
+    EXPECT_EQ(Words.nCreated, 1);
+}
+
+TEST_F(WordPrediction, PrefixMadeUpByTheDictionary_DoesNotEraseMore) {
+    Type("X ");
+    Words.strChangedPrefix = L"abcdef";
+    Words.Lists[L"a"] = std::wstring(L"*;ahoj ");
+    Type("A");
+    EXPECT_EQ(Prediction.nTypedCount, 6);
+    ListAccept();
+    EXPECT_EQ(Typed(), L"x ahoj ");
+}
+
+TEST_F(WordPrediction, BackspacesInThePrefix_AreNotErasedAgain) {
+    Type("X ");
+    Words.Lists[L"ah\bb\b"] = std::wstring(L"*;auto ");  // not corrected by this dictionary
+    Type("AH\bB\b");
+    EXPECT_EQ(Prediction.nTypedCount, 5);
+    ListAccept();
+    EXPECT_EQ(Typed(), L"x auto ");
+}
+
+TEST_F(WordPrediction, WordTypedToItsEnd_OnlyGetsItsBlank) {
+    Words.Lists[L"ah"] = std::wstring(L"*;ah ");
+    Type("AH");
+    Desktop.TakeEffects();
+    ListAccept();
+    EXPECT_EQ(Desktop.TakeEffects(), (Effects{"say ah ", "keybd_event: vk 32 scan 57 flags 0",
+                                              "keybd_event: vk 32 scan 57 flags 2"}));
+}
+
 TEST_F(WordPrediction, PhraseOfACommand_ErasesNothing_EvenAfterAnOffer) {
     Words.Lists[L"ah"] = std::wstring(L"*;ahoj");
     Type("AH");

@@ -27,7 +27,10 @@ TEST(PredictorOffering, Gain_WeighsLettersAgainstAnswers) {
 
 class PredictorOffers : public PredictorTest {
   protected:
-    PredictorOffers() : PredictorTest(Words(), {}) { Asked.Settings.bAlways = false; }
+    PredictorOffers() : PredictorTest(Words(), {}) {
+        Asked.Settings.bAlways = false;
+        Asked.Settings.Costs.dLeastGain = 0;
+    }
 
   private:
     // One likely word behind "a", and hundreds of unlikely ones behind "b".

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/keyboard_hook.h"
+#include "platform/text.h"
 #include "tests/win32/test_support.h"
 
 namespace taviro::platform {
@@ -112,6 +113,19 @@ TEST(Layout_AgreesWithItself, WhenLettersAreLookedUp) {
     EXPECT_EQ(VkKeyScanAnsi('A') & 0x700, 0x100) << "a capital needs Shift";
     EXPECT_EQ(CharToOemAnsi('a'), 'a');
     EXPECT_NE(OemKeyScanCode('a'), 0xFFFFFFFFU);
+}
+
+TEST(Layout_HasKeysOfCzechLetters, WhenItIsCzech) {
+    if (!tests::HasDrawing()) GTEST_SKIP() << "no keyboard layout either";
+    for (const char cLetter : ToAnsi(L"ěščřžýáíéúů")) {
+        const auto c = static_cast<uint8_t>(cLetter);
+        const int16_t nVk = VkKeyScanAnsi(c);
+        uint16_t nCharacter = 0;
+        EXPECT_EQ(KeyToAnsi(static_cast<uint32_t>(nVk), 0, {}, nCharacter), 1) << int{c};
+        EXPECT_EQ(nCharacter & 0xFF, c);
+    }
+    for (const char cLetter : ToAnsi(L"ČŘÁ"))
+        EXPECT_EQ(VkKeyScanAnsi(static_cast<uint8_t>(cLetter)), -1) << int{cLetter};
 }
 
 }  // namespace

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "actions/entry_typing.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "actions/key_sequence.h"
+#include "actions/key_synthesis.h"
+#include "actions/prediction.h"
+#include "platform/keys.h"
+#include "platform/text.h"
+
+namespace taviro {
+
+namespace {
+
+constexpr wchar_t HELD_MARK = L'*';
+constexpr uint16_t VK_BACKSPACE = 8;
+constexpr uint16_t VK_CAPS_LOCK = 20;
+constexpr std::wstring_view NOTATION = L"+^%~{";
+
+// Letters that are typed after a dead key, by the action codes of the cells for them.
+struct DeadKeyLetter {
+    wchar_t nLetter;
+    int32_t nCode;
+};
+constexpr DeadKeyLetter DEAD_KEY_LETTERS[] = {
+    {L'ď', 3032}, {L'ň', 3049}, {L'ť', 3020}, {L'ó', 2024}};
+
+bool HasKey(wchar_t nLetter) {
+    const std::string strByte = platform::ToAnsi(std::wstring(1, nLetter));
+    const bool bSame = platform::FromAnsi(strByte) == std::wstring(1, nLetter);
+    return bSame && platform::VkKeyScanAnsi(static_cast<uint8_t>(strByte.front())) != -1;
+}
+
+// The action code that types a letter for which the layout has no key, 0 when there is none.
+int32_t DeadKeyCode(wchar_t nLetter) {
+    const auto* pFound =
+        std::find_if(std::begin(DEAD_KEY_LETTERS), std::end(DEAD_KEY_LETTERS),
+                     [&](const DeadKeyLetter& Known) { return Known.nLetter == nLetter; });
+    return pFound == std::end(DEAD_KEY_LETTERS) || HasKey(nLetter) ? 0 : pFound->nCode;
+}
+
+bool IsPlainText(std::wstring_view strText) {
+    return strText.find_first_of(NOTATION) == std::wstring_view::npos;
+}
+
+// A chosen text has its own case, so Caps Lock that a cell turned on is turned off before it.
+void ReleaseCapsLock() {
+    if (!Prediction.Standing.bCapsLock) return;
+    SendVirtualKey(VK_CAPS_LOCK);
+    Prediction.Standing.bCapsLock = false;
+}
+
+void SendText(const std::wstring& strText) {
+    if (!IsPlainText(strText)) return vbSendKey(strText);
+    std::wstring strKeys;
+    for (const wchar_t nCharacter : strText) {
+        const int32_t nCode = DeadKeyCode(nCharacter);
+        if (nCode == 0) {
+            strKeys += nCharacter;
+            continue;
+        }
+        vbSendKey(strKeys);
+        strKeys.clear();
+        PressActionCode(nCode);
+    }
+    vbSendKey(strKeys);
+}
+
+// The word that a label stands for; what is held follows.
+std::wstring TakeWord(std::wstring strLabel) {
+    std::wstring& strHeld = Prediction.strSuffix;
+    if (!strLabel.ends_with(HELD_MARK)) {
+        strHeld.clear();
+        return strLabel;
+    }
+    strLabel.pop_back();
+    if (!strLabel.starts_with(strHeld)) strLabel += strHeld;
+    strHeld = strLabel;
+    return strLabel;
+}
+
+// Erases what was typed of the word and returns what remains to be typed.
+std::wstring MakeRoom(const std::wstring& strWord) {
+    const std::wstring strStanding = StandingText(Prediction.Standing);
+    if (strStanding == strWord) return {};
+    const auto nCounted = static_cast<size_t>(std::max(Prediction.nTypedCount, 0));
+    size_t nLeft = strStanding.size() - std::min(nCounted, strStanding.size());
+    if (!strWord.starts_with(strStanding.substr(0, nLeft))) nLeft = 0;
+    for (size_t n = nLeft; n < strStanding.size(); ++n)
+        SendVirtualKey(VK_BACKSPACE);
+    return strWord.substr(nLeft);
+}
+
+}  // namespace
+
+void TypeChosenText(const std::wstring& strLabel, bool bWithBlank, bool bCompletion) {
+    if (!bCompletion) Prediction.strSuffix.clear();
+    const std::wstring strWord = TakeWord(strLabel);
+    if (strWord.empty()) return;
+    ReleaseCapsLock();
+    std::wstring strRest = bCompletion ? MakeRoom(strWord) : strWord;
+    if (bWithBlank) {
+        strRest += L' ';
+        Prediction.strPrefix.clear();
+        Prediction.strSuffix.clear();
+        LosePlace(Prediction.Standing);
+    } else {
+        Prediction.strPrefix = strWord;
+        const bool bStands =
+            IsPlainText(strWord) && std::all_of(strWord.begin(), strWord.end(), IsTypedFromList);
+        SetStanding(Prediction.Standing, bStands ? strWord : std::wstring{});
+    }
+    SendText(strRest);
+}
+
+bool IsTypedFromList(wchar_t nLetter) {
+    return HasKey(nLetter) || DeadKeyCode(nLetter) != 0;
+}
+
+}  // namespace taviro

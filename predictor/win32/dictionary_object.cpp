@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/win32/dictionary_object.h"
+
+#include <new>
+
+#include "predictor/win32/prefix_argument.h"
+
+namespace taviro::predictor {
+
+namespace {
+
+constexpr DISPID GET_PREDICTION = 1;
+constexpr DISPID PREFIX = 0;  // an argument's number is its position
+
+bool IsName(const wchar_t* strGiven, const wchar_t* strName) {
+    return strGiven != nullptr &&
+           CompareStringOrdinal(strGiven, -1, strName, -1, TRUE) == CSTR_EQUAL;
+}
+
+// Names are those of the method first, then of its arguments.
+HRESULT FindNames(LPOLESTR* pNames, UINT nCount, DISPID* pIds) {
+    for (UINT i = 0; i < nCount; ++i)
+        pIds[i] = DISPID_UNKNOWN;
+    if (nCount == 0) return S_OK;
+    if (!IsName(pNames[0], L"GetPrediction")) return DISP_E_UNKNOWNNAME;
+    pIds[0] = GET_PREDICTION;
+    HRESULT nResult = S_OK;
+    for (UINT i = 1; i < nCount; ++i) {
+        if (IsName(pNames[i], L"prefix")) {
+            pIds[i] = PREFIX;
+        } else {
+            nResult = DISP_E_UNKNOWNNAME;
+        }
+    }
+    return nResult;
+}
+
+// Stands for an argument that the caller left out.
+bool IsMissing(const VARIANT& Given) {
+    return Given.vt == VT_ERROR && Given.scode == DISP_E_PARAMNOTFOUND;
+}
+
+}  // namespace
+
+DictionaryObject::DictionaryObject(Service& Shared, Lifetime& Server)
+    : m_Shared(Shared), m_Server(Server), m_Session(Shared) {
+    m_Server.Hold();
+}
+
+DictionaryObject::~DictionaryObject() {
+    m_Server.LetGo();
+}
+
+HRESULT DictionaryObject::QueryInterface(REFIID Wanted, void** ppFound) noexcept {
+    if (ppFound == nullptr) return E_POINTER;
+    const bool bKnown =
+        IsEqualIID(Wanted, __uuidof(IUnknown)) || IsEqualIID(Wanted, __uuidof(IDispatch));
+    *ppFound = bKnown ? this : nullptr;
+    if (!bKnown) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG DictionaryObject::AddRef() noexcept {
+    return ++m_nReferences;
+}
+
+ULONG DictionaryObject::Release() noexcept {
+    const ULONG nLeft = --m_nReferences;
+    if (nLeft == 0) delete this;
+    return nLeft;
+}
+
+HRESULT DictionaryObject::GetTypeInfoCount(UINT* pCount) noexcept {
+    if (pCount == nullptr) return E_POINTER;
+    *pCount = 0;
+    return S_OK;
+}
+
+HRESULT DictionaryObject::GetTypeInfo(UINT /*nIndex*/, LCID /*nLocale*/,
+                                      ITypeInfo** ppInfo) noexcept {
+    if (ppInfo != nullptr) *ppInfo = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT DictionaryObject::GetIDsOfNames(REFIID /*Reserved*/, LPOLESTR* pNames, UINT nCount,
+                                        LCID /*nLocale*/, DISPID* pIds) noexcept {
+    if (nCount > 0 && (pNames == nullptr || pIds == nullptr)) return E_POINTER;
+    return FindNames(pNames, nCount, pIds);
+}
+
+HRESULT DictionaryObject::Invoke(DISPID nMember, REFIID /*Reserved*/, LCID /*nLocale*/, WORD nKind,
+                                 DISPPARAMS* pParameters, VARIANT* pResult,
+                                 EXCEPINFO* /*pException*/, UINT* pFaulty) noexcept {
+    // Scripts that want the result do not know a method from a property.
+    if (nMember != GET_PREDICTION || (nKind & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0) {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    if (pParameters == nullptr) return E_POINTER;
+    if (pParameters->cArgs != 1) return DISP_E_BADPARAMCOUNT;
+    UINT nFaulty = 0;
+    HRESULT nResult = DISP_E_PARAMNOTFOUND;
+    if (pParameters->cNamedArgs == 0 || pParameters->rgdispidNamedArgs[0] == PREFIX) {
+        try {
+            nResult = GetPrediction(*pParameters, pResult, nFaulty);
+        } catch (const std::bad_alloc&) {
+            nResult = E_OUTOFMEMORY;
+        } catch (...) {
+            nResult = E_FAIL;
+        }
+    }
+    if (pFaulty != nullptr && FAILED(nResult)) *pFaulty = nFaulty;
+    return nResult;
+}
+
+HRESULT DictionaryObject::GetPrediction(DISPPARAMS& Parameters, VARIANT* pResult, UINT& nFaulty) {
+    nFaulty = 0;  // the only one
+    VARIANT& Given = Parameters.rgvarg[0];
+    if (IsMissing(Given)) return DISP_E_PARAMNOTOPTIONAL;
+    std::wstring strPrefix;
+    const HRESULT nRead = ReadPrefix(Given, strPrefix);
+    if (FAILED(nRead)) return nRead;
+    const Answer Found = m_Session.Ask(strPrefix);
+    if (m_Shared.IsUnsaved()) m_Server.RequestSave();
+    BSTR strList = SysAllocStringLen(Found.strList.data(), static_cast<UINT>(Found.strList.size()));
+    if (strList == nullptr) return E_OUTOFMEMORY;
+    const HRESULT nWritten =
+        Found.strPrefix == strPrefix ? S_OK : WritePrefix(Given, Found.strPrefix);
+    if (FAILED(nWritten) || pResult == nullptr) {
+        SysFreeString(strList);
+        return nWritten;
+    }
+    pResult->vt = VT_BSTR;
+    pResult->bstrVal = strList;
+    return S_OK;
+}
+
+}  // namespace taviro::predictor

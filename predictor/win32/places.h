@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Where the server and its files are.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "predictor/service.h"
+
+namespace taviro::predictor {
+
+/// The running server, with its own name.
+[[nodiscard]] std::wstring ServerPath();
+
+/// The user's folder of the server, in his roaming application data. It is not made. Empty when
+/// the system does not tell.
+[[nodiscard]] std::filesystem::path UserFolder();
+
+/// All files: the dictionary beside the server, the others in the user's folder.
+[[nodiscard]] ServiceFiles FilesOfUser();
+
+}  // namespace taviro::predictor
