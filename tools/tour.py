@@ -63,6 +63,7 @@ class Tour:
                   lambda: entries.selected() == 3)
         self.step("seznam: tlačítko napíše Ano", lambda: stick.press(ACTION),
                   lambda: editor.text() == "aAno")
+        self.step("výběr: páka zpět na buňku a", lambda: program.go_to(self.cell("a")))
         self.step("tlačítko režimu: šipky", lambda: stick.press(MODE))
         self.step("šipky: třikrát vlevo", lambda: [stick.tilt("left") for _ in range(3)])
         self.step("šipky: tlačítko je Enter", lambda: stick.press(ACTION),

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "tools/map_cost/typing_run.h"
+
+#include "core/program_reset.h"
+#include "core/startup.h"
+#include "forms/main_form.h"
+#include "platform/headless/desktop.h"
+#include "platform/main_window.h"
+#include "platform/text.h"
+#include "state/cursor_state.h"
+#include "tools/map_cost/typing_cells.h"
+
+namespace taviro::map_cost {
+
+namespace {
+
+using platform::headless::Desktop;
+
+constexpr uint32_t LOOK_MS = 100;  // the program looks at the joystick so often
+constexpr uint32_t CENTRE = 32767;
+constexpr uint32_t TILT = 30000;
+constexpr uint32_t ACTION_BUTTON = 1U << 0;
+constexpr uint32_t MODE_BUTTON = 1U << 1;
+constexpr int LONGEST_SCAN = 8000;  // looks: a scan that takes longer goes astray
+
+const std::wstring USER_DATA =
+    L"C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro\\";
+
+std::string SettingsFor(const TypingWay& Way) {
+    const auto Line = [](const char* szName, bool bOn) {
+        return std::string(szName) + (bOn ? "=1\r\n" : "=0\r\n");
+    };
+    return "[Info]\r\n" + Line("RowWrap", Way.Edges.bRow) + Line("ColumnWrap", Way.Edges.bColumn) +
+           Line("TriggerColumnReset", Way.bResets) + Line("TriggerRowReset", Way.bResets) +
+           Line("ScanMode", Way.bScans);
+}
+
+CellPlace Highlighted() {
+    return {Cursor.nColumn, Cursor.nRow};
+}
+
+class User {
+  public:
+    User(const MapGrid& Grid, const TypingWay& Way) : m_Way(Way), m_Routes(Grid, Way.Edges) {}
+
+    void Press(uint32_t nButton);
+    void Choose(CellPlace Wanted);
+    TypingCost Spent;
+
+  private:
+    void Tilt(Step Next);
+    void WaitForScan(CellPlace Wanted);
+
+    const TypingWay& m_Way;
+    Routes m_Routes;
+};
+
+void User::Tilt(Step Next) {
+    Desktop.Joystick.nX = CENTRE + static_cast<uint32_t>(Next.nRight) * TILT;
+    Desktop.Joystick.nY = CENTRE + static_cast<uint32_t>(Next.nDown) * TILT;
+    Desktop.RunFor(LOOK_MS);
+    Desktop.Joystick.nX = Desktop.Joystick.nY = CENTRE;
+    Desktop.RunFor(LOOK_MS);
+    ++Spent.nMoves;
+}
+
+void User::Press(uint32_t nButton) {
+    Desktop.Joystick.nButtons = nButton;
+    Desktop.RunFor(LOOK_MS);
+    Desktop.Joystick.nButtons = 0;
+    Desktop.RunFor(LOOK_MS);
+}
+
+void User::WaitForScan(CellPlace Wanted) {
+    Press(ACTION_BUTTON);
+    ++Spent.nPresses;
+    CellPlace Seen = Highlighted();
+    for (int n = 0; n < LONGEST_SCAN && !(Highlighted() == Wanted); ++n) {
+        Desktop.RunFor(LOOK_MS);
+        if (!(Highlighted() == Seen)) ++Spent.nMoves;
+        Seen = Highlighted();
+    }
+}
+
+void User::Choose(CellPlace Wanted) {
+    if (m_Way.bScans) {
+        WaitForScan(Wanted);
+    } else {
+        for (const Step Next : m_Routes.Way(Highlighted(), Wanted))
+            Tilt(Next);
+    }
+    if (!(Highlighted() == Wanted)) Spent.strError = "the highlight does not reach a cell";
+    Press(ACTION_BUTTON);
+    ++Spent.nPresses;
+}
+
+}  // namespace
+
+TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
+                    const TypingWay& Way) {
+    Desktop = platform::headless::DesktopState{};
+    Desktop.bRecording = false;
+    ResetProgram();
+    Desktop.Files.Put(USER_DATA + L"data.ini", strMapFile);
+    Desktop.Files.Put(USER_DATA + L"setting.ini", SettingsFor(Way));
+    (void)platform::OpenMainWindow(*forms::FrmMain);  // the virtual desktop never refuses
+    Main();
+    // Pressing all keys to find the cells must not disturb the program's own keyboard hook.
+    const auto pHook = Desktop.Keyboard.pHook;
+    const auto hHook = Desktop.Keyboard.hHook;
+    const TypingCells Cells(CommonMap);
+    Desktop.Keyboard.pHook = pHook;
+    Desktop.Keyboard.hHook = hHook;
+
+    User Typist(CommonMap, Way);
+    const uint32_t nStart = Desktop.nNow;
+    for (int n = 0; Way.bScans && n < 2; ++n)
+        Typist.Press(MODE_BUTTON);  // past the arrow mode to the scan mode
+    const std::wstring strWanted = Cells.Typeable(strText);
+    for (const wchar_t nCharacter : strWanted) {
+        for (const CellPlace Place : Cells.For(nCharacter))
+            Typist.Choose(Place);
+        if (!Typist.Spent.strError.empty()) break;
+    }
+    Typist.Spent.nMilliseconds = Desktop.nNow - nStart;
+    Typist.Spent.nCharacters = strWanted.size();
+    if (Typist.Spent.strError.empty() && Desktop.Keyboard.strTyped != strWanted) {
+        Typist.Spent.strError =
+            "another text arrived: " + platform::ToUtf8(Desktop.Keyboard.strTyped);
+    }
+    forms::FrmMain->Unload();
+    platform::CloseMainWindow();
+    return Typist.Spent;
+}
+
+}  // namespace taviro::map_cost
