@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""Starts the built Taviro in Wine on the user's display, with the real joystick if there is one. The
-prefix in build/wine/user is kept, so that the maps and settings last from one start to the next."""
+"""Starts the built Taviro in Wine on the user's display, with the real joystick if there is one and
+with the dictionary. The prefix in build/wine/user is kept, so that the maps, the settings and the
+learned words last from one start to the next."""
 
 import os
 import pathlib
@@ -20,8 +21,11 @@ def main():
     if not prefix.exists():
         print("making a Wine prefix in build/wine/user", flush=True)
         subprocess.run(["wineboot", "-i"], env=env, check=True)
-    return subprocess.run(["wine", str(ROOT / "build" / "win64" / "taviro" / "taviro.exe")],
-                          env=env, check=False).returncode
+    programs = ROOT / "build" / "win64" / "taviro"
+    # Without it Taviro would go on, without offering words.
+    subprocess.run(["wine", str(programs / "presager.exe"), "/regserver:machine"], env=env,
+                   check=False)
+    return subprocess.run(["wine", str(programs / "taviro.exe")], env=env, check=False).returncode
 
 
 if __name__ == "__main__":
