@@ -101,6 +101,7 @@ def measure(present=None, slow_speech=False):
             automation = desktop.automation()
             program = desktop.program(present=present)
             automation.serve(program)
+            program.use_sounds()  # everything is spoken
             program.use_map([("f", VK["F8"]), ("g", VK["F8"])])
             program.start()
             wait_until(lambda: desktop.display.active_title() == "Key echo", "the echo in front")

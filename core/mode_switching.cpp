@@ -8,7 +8,6 @@
 #include "forms/main_form.h"
 #include "maps/map_grid.h"
 #include "platform/clock.h"
-#include "platform/files.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
 #include "state/cursor_state.h"
@@ -29,10 +28,9 @@ constexpr uint32_t LONGEST_SOUND_MS = 10000;
 
 // Plays a sound to its end. Returns false when there is no such file.
 bool PlayToEnd(const std::wstring& strName) {
-    const std::wstring strSound = SoundPath(strName);
-    if (!platform::FileExists(strSound)) return false;
+    if (!HasSound(strName)) return false;
     // A sound that does not play has no end to wait for.
-    const bool bPlays = platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+    const bool bPlays = platform::SndPlaySound(SoundPath(strName), platform::SND_FLAG_ASYNC);
     const uint32_t nStart = platform::TickCount();
     do {
         platform::RunPendingMessages();
@@ -42,9 +40,8 @@ bool PlayToEnd(const std::wstring& strName) {
 }
 
 void PlayOrSpeak(const std::wstring& strSoundName, const std::wstring& strSpoken) {
-    const std::wstring strSound = SoundPath(strSoundName);
-    if (!platform::FileExists(strSound)) return SpeakIt(strSpoken);
-    (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+    if (!HasSound(strSoundName)) return SpeakIt(strSpoken);
+    (void)platform::SndPlaySound(SoundPath(strSoundName), platform::SND_FLAG_ASYNC);
 }
 
 }  // namespace

@@ -20,17 +20,25 @@ constexpr std::pair<const wchar_t*, const wchar_t*> MODE_WORDS[] = {
     {L"mode_app", L"Aplikace"},
 };
 
+// In a search for a file these stand for others: "?.wav" would be found wherever "a.wav" is, and
+// then not played.
+constexpr const wchar_t* PATTERN_CHARACTERS = L"*?<>\"";
+
 }  // namespace
 
 std::wstring SoundPath(const std::wstring& strName) {
     return platform::ProgramFolder() + L"\\sound\\" + strName + L".wav";
 }
 
+bool HasSound(const std::wstring& strName) {
+    return strName.find_first_of(PATTERN_CHARACTERS) == std::wstring::npos &&
+           platform::FileExists(SoundPath(strName));
+}
+
 void Announce(const std::wstring& strText) {
-    const std::wstring strSound = SoundPath(strText);
-    if (platform::FileExists(strSound)) {
+    if (HasSound(strText)) {
         // A sound that does not play is not replaced by speech: the file is there, so it is wanted.
-        (void)platform::SndPlaySound(strSound, platform::SND_FLAG_ASYNC);
+        (void)platform::SndPlaySound(SoundPath(strText), platform::SND_FLAG_ASYNC);
         return;
     }
     for (const auto& [szName, szWord] : MODE_WORDS) {

@@ -16,6 +16,8 @@ test_packages=(
     git g++ g++-mingw-w64-i686-posix libbenchmark-dev
     clang clang-tidy clang-format libclang-rt-14-dev
     python3-pytest python3-pytest-xdist python3-pil shellcheck
+    nsis      # the installer
+    espeak-ng # the voice of the sounds
 )
 locale_name=cs_CZ.UTF-8 # gives Wine the Czech code pages
 wine_modules=/usr/lib/x86_64-linux-gnu/wine

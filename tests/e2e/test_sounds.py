@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Sounds that the user put into the program's folder: a mode's own is waited for, then comes the
-cell's sound, or its text where it has none."""
+"""Sounds in the program's folder, the delivered ones and the user's: a mode's own is waited for, then
+comes the cell's sound, or its text where it has none."""
 
 from automation import spoken
 from standin import MODE_PRESSED, SOUND_UNTIL_CHANGED
@@ -78,4 +78,25 @@ def test_mode_sound_is_played_to_its_end_before_the_cells_own(desktop):
     stick.press(MODE)  # the editor's map has its cursor on a cell without a sound
     sounds.expect(played("mode_arrow"), played("mode_app"), ASKED)
     automation.expect(spoken("a"))
+    assert program.close() == 0
+
+
+def test_delivered_sounds_are_played_and_other_cells_are_spoken(desktop):
+    automation = desktop.automation()
+    program = desktop.program()
+    automation.serve(program)
+    program.start()
+    program.standin.wait_for_poll()
+    automation.take()
+    # Wine takes files whose names begin with a full stop for hidden ones, which do not count.
+    delivered = {path.stem for path in (program.folder / "sound").glob("[!.]*.wav")}
+    for caption in ("č", "mezera", "A"):
+        program.go_to(program.map().find(caption)[0])
+        path = program.standin.sounds()[-1].path
+        assert path == windows_path(program.folder / "sound" / f"{caption}.wav")
+    assert not {spoken(text) for text in delivered} & set(automation.take())
+    program.go_to(program.map().find("?")[0])  # no file can have that name
+    wait_until(lambda: spoken("?") in automation.calls(), "the question mark spoken")
+    program.standin.press(MODE)
+    assert program.standin.sounds()[-1].path.endswith("\\mode_arrow.wav")
     assert program.close() == 0

@@ -44,6 +44,16 @@ TEST_F(AnnounceTest, Announce_PlaysInBackgroundWithoutSpeech_WhenSoundFileExists
     EXPECT_EQ(Desktop.nNow, nBefore) << "it does not wait for the sound";
 }
 
+TEST_F(AnnounceTest, Announce_Speaks_WhenTheNameIsAPatternForFiles) {
+    for (const wchar_t* szText : {L"?", L"*", L"<", L">", L"\""}) {
+        PutSound(szText);  // as a search would answer when there is any sound of one character
+        EXPECT_FALSE(HasSound(szText));
+        Announce(szText);
+        for (const std::string& strEffect : Desktop.TakeEffects())
+            EXPECT_EQ(strEffect.find("sound "), std::string::npos) << strEffect;
+    }
+}
+
 TEST_F(AnnounceTest, Announce_InterruptsSound_WhenAnotherStillPlays) {
     PutSound(L"A");
     PutSound(L"B");
