@@ -28,4 +28,6 @@ if(WIN32)
     add_compile_options(-ffunction-sections -fdata-sections)
     # Sections aligned as in memory are mapped from the file page by page instead of being read whole.
     add_link_options(-static -Wl,--gc-sections -Wl,--file-alignment,4096)
+    # The same sources give the same bytes, whenever and wherever they are built.
+    add_link_options(-Wl,--no-insert-timestamp)
 endif()

@@ -11,7 +11,7 @@ file(GLOB taviro_layouts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/dialo
 set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/taviro.rc
     TARGET_DIRECTORY taviro_flags PROPERTIES
     INCLUDE_DIRECTORIES ${PROJECT_SOURCE_DIR}
-    OBJECT_DEPENDS "${taviro_layouts};${PROJECT_SOURCE_DIR}/resources/taviro.manifest;${PROJECT_SOURCE_DIR}/dialogs/control_ids.h;${PROJECT_SOURCE_DIR}/dialogs/product.h")
+    OBJECT_DEPENDS "${taviro_layouts};${PROJECT_SOURCE_DIR}/resources/taviro.manifest;${PROJECT_SOURCE_DIR}/resources/taviro.ico;${PROJECT_SOURCE_DIR}/platform/win32/resource_ids.h;${PROJECT_SOURCE_DIR}/dialogs/control_ids.h;${PROJECT_SOURCE_DIR}/dialogs/product.h")
 
 # The COM face of the automation object, and the type library as a resource.
 taviro_sources(automation_win32 automation/win32)
@@ -29,6 +29,7 @@ target_link_options(taviro PRIVATE -municode $<$<CONFIG:Release>:-s>)
 # Brought up to date with every build, stale files removed.
 add_custom_target(program_folder ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${PROJECT_SOURCE_DIR} -DPROGRAM=$<TARGET_FILE:taviro>
+            -DSERVER=$<TARGET_FILE:presager> -DDICTIONARY=${CMAKE_BINARY_DIR}/predictor/czech.dict
             -DFOLDER=${CMAKE_BINARY_DIR}/taviro -P ${PROJECT_SOURCE_DIR}/cmake/program_folder.cmake
     VERBATIM)
-add_dependencies(program_folder taviro)
+add_dependencies(program_folder taviro presager dictionary)

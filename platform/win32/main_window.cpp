@@ -11,6 +11,7 @@
 #include "platform/win32/map_painter.h"
 #include "platform/win32/menu_view.h"
 #include "platform/win32/numbers.h"
+#include "platform/win32/resource_ids.h"
 #include "platform/win32/timer_view.h"
 #include "platform/win32/window_placement.h"
 
@@ -315,7 +316,9 @@ bool RegisterMainClass() {
     Class.cbSize = sizeof(Class);
     Class.lpfnWndProc = OnMessage;
     Class.hInstance = GetModuleHandleW(nullptr);
-    Class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    // A test program has no icon of its own; then the system's stands in.
+    Class.hIcon = LoadIconW(Class.hInstance, MAKEINTRESOURCEW(ICON_PROGRAM));
+    if (Class.hIcon == nullptr) Class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     Class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     Class.lpszClassName = CLASS_NAME;
     return RegisterClassExW(&Class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
