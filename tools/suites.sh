@@ -91,5 +91,6 @@ suite_bench() {
     tools/build.sh native taviro_bench || return
     tools/build.sh win64 || return
     run_each build/native/bench/taviro_bench "/usr/bin/python3 -B bench/process_bench.py" \
-        "/usr/bin/python3 -B bench/hook_bench.py" "/usr/bin/python3 -B bench/gui_calls.py"
+        "/usr/bin/python3 -B bench/hook_bench.py" "/usr/bin/python3 -B bench/gui_calls.py" \
+        "/usr/bin/python3 -B bench/dictionary_server.py"
 }

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Taviro itself: a copy of the program's folder with the stand-in beside it, started in a prefix."""
+"""Taviro itself: a copy of the program's folder, or an installed one, with the stand-in beside it,
+started in a prefix."""
 
 import shutil
 import subprocess
@@ -16,12 +17,13 @@ END_SECONDS = 20
 
 
 class Program:
-    def __init__(self, prefix, display, probe, build="win64", present=True):
+    def __init__(self, prefix, display, probe, build="win64", present=True, folder=None):
         self.probe = probe
         self._processes = []
         built = BUILD / build
-        self.folder = prefix.folder / build
-        shutil.copytree(built / "taviro", self.folder)
+        self.folder = folder or prefix.folder / build
+        if folder is None:
+            shutil.copytree(built / "taviro", self.folder)
         shutil.copy2(built / "e2e" / "winmm.dll", self.folder)
         self.standin = Standin(prefix.folder / f"{build}.standin", present)
         self.environment = environment(prefix.path, display.name)

@@ -6,6 +6,7 @@ import pytest
 from wine import BUILD, ROOT
 
 DELIVERED = ("data", "sound", "help")
+BUILT = {"taviro.exe", "presager.exe", "czech.dict", "czech.dict.txt"}
 LARGEST_PROGRAM = 3 * 1024 * 1024  # bytes
 
 
@@ -19,9 +20,12 @@ def test_program_folder_holds_the_program_and_what_is_delivered_with_it(build):
     folder = BUILD / build / "taviro"
     if not folder.exists():
         pytest.skip(f"{build} was not built")
-    wanted = {"taviro.exe"} | {name for name in DELIVERED if (ROOT / name).exists()
-                               and any((ROOT / name).iterdir())}
+    wanted = BUILT | {name for name in DELIVERED if (ROOT / name).exists()
+                      and any((ROOT / name).iterdir())}
     assert {path.name for path in folder.iterdir()} == wanted
-    for name in wanted - {"taviro.exe"}:
+    for name in wanted - BUILT:
         assert files_below(folder / name) == files_below(ROOT / name)
-    assert (folder / "taviro.exe").stat().st_size <= LARGEST_PROGRAM
+    assert ((folder / "czech.dict.txt").read_bytes()
+            == (ROOT / "predictor" / "data" / "NOTICE").read_bytes())
+    for program in ("taviro.exe", "presager.exe"):
+        assert (folder / program).stat().st_size <= LARGEST_PROGRAM

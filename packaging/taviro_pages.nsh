@@ -1,0 +1,28 @@
+﻿# SPDX-License-Identifier: MIT
+# The pages, in the order in which they come.
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${BANNER}"
+!define MUI_UNWELCOMEFINISHPAGE_BITMAP "${BANNER}"
+!define MUI_ABORTWARNING
+
+!define MUI_WELCOMEPAGE_TITLE "${TEXT_WELCOME_TITLE}"
+!define MUI_WELCOMEPAGE_TEXT "${TEXT_WELCOME}"
+!insertmacro MUI_PAGE_WELCOME
+Page custom ShowChoices TakeChoices
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_TEXT_LARGE
+!define MUI_FINISHPAGE_TEXT "${TEXT_INSTALLED}"
+!define MUI_FINISHPAGE_RUN "$INSTDIR\taviro.exe"
+!define MUI_FINISHPAGE_RUN_TEXT "${TEXT_START_NOW}"
+!insertmacro MUI_PAGE_FINISH
+
+!define MUI_UNCONFIRMPAGE_TEXT_TOP "${TEXT_REMOVE}"
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!define MUI_FINISHPAGE_TEXT_LARGE
+!define MUI_FINISHPAGE_TEXT "${TEXT_REMOVED}"
+!insertmacro MUI_UNPAGE_FINISH
+
+!insertmacro MUI_LANGUAGE "Czech"
