@@ -29,6 +29,7 @@ ManifestSupportedOS all
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${TITLE}"
 !define USER_FOLDER "$APPDATA\Nordane\Corvela\v2.2\taviro"
+!define WORDS_FOLDER "$APPDATA\Nordane\Corvela\v2.2\presager"
 !define SPARE_KILOBYTES 1024 # beside the files themselves: folders, shortcut, uninstaller
 !define TIMES_IN_USE 10 # looks at a file that is in use, and the milliseconds between them
 !define PAUSE_IN_USE 200

@@ -20,5 +20,5 @@
 !define TEXT_INSTALLED "${TITLE} je nainstalován. Tlačítkem Dokončit tohoto průvodce zavřete.$\r$\n$\r$\nVaše mapy a nastavení najdete po prvním spuštění ve složce$\r$\n${USER_FOLDER}"
 !define TEXT_START_NOW "Spustit ${TITLE}"
 !define TEXT_REMOVE "${TITLE} bude odebrán z následující složky. Vaše mapy a nastavení zůstanou ve složce$\r$\n${USER_FOLDER}"
-!define TEXT_REMOVED "${TITLE} byl z tohoto počítače odebrán.$\r$\n$\r$\nVaše mapy a nastavení zůstaly ve složce$\r$\n${USER_FOLDER}$\r$\nPokud je už nepotřebujete, můžete ji smazat."
+!define TEXT_REMOVED "${TITLE} byl z tohoto počítače odebrán.$\r$\n$\r$\nVaše mapy, nastavení a naučená slova zůstaly ve složkách$\r$\n${USER_FOLDER}$\r$\n${WORDS_FOLDER}$\r$\nPokud je už nepotřebujete, můžete je smazat."
 !define TEXT_LEFT "Soubory, které jste přidali do složky programu, v ní zůstaly: $INSTDIR"
