@@ -13,7 +13,8 @@
 #define PRODUCT_WEB "https://taviro.example"
 #define PRODUCT_MAIL "taviro@taviro.example"
 
-// "major.minor.revision"
+// "major.minor.revision"; parentheses around the arguments would stand in the text.
 #define PRODUCT_TEXT_OF(x) #x
+// NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define PRODUCT_VERSION_TEXT(a, b, c) PRODUCT_TEXT_OF(a.b.c)
 #define PRODUCT_VERSION PRODUCT_VERSION_TEXT(PRODUCT_MAJOR, PRODUCT_MINOR, PRODUCT_REVISION)
