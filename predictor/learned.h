@@ -28,8 +28,8 @@ struct LearnedWord {
 class Learned {
   public:
     static constexpr uint32_t HALF_LIFE = 20000;  // words
-    static constexpr size_t MOST_WORDS_KEPT = 16000;
-    static constexpr size_t MOST_PAIRS_KEPT = 40000;
+    static constexpr size_t MOST_WORDS_KEPT = 10000;
+    static constexpr size_t MOST_PAIRS_KEPT = 24000;
 
     /// Notes that the user wrote the word, and after which one; no pair when there was none. What
     /// cannot be learned changes nothing (IsLearnable, but one-letter words are welcome when the

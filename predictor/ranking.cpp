@@ -11,9 +11,10 @@ namespace taviro::predictor {
 
 namespace {
 
-// A word of the dictionary that was only ever suspected of having been written is not looked at: its
-// frequency says as much.
+// A word of the dictionary that was only ever suspected of having been written is not looked at:
+// its frequency says as much.
 constexpr double HARDLY_WRITTEN = 0.3;
+constexpr size_t USUAL_CANDIDATES = 512;
 
 struct Candidate {
     WordId nWord = NO_WORD;             // NO_WORD: only the user has it
@@ -117,11 +118,12 @@ void Ranker::CollectOwn() {
     if (m_dOwn <= 0) return;
     const double dUnit = m_dOwn / m_Own.Total();
     const std::wstring strFixed = FixedBeginning();
+    const bool bAllFixed = strFixed.size() == m_Asked.strTyped.size();
     for (auto it = m_Own.Words().lower_bound(strFixed); it != m_Own.Words().end(); ++it) {
         if (!it->first.starts_with(strFixed)) break;
-        if (!BeginsWith(it->first, m_Asked.strTyped, m_nMatch)) continue;
         const double dCount = m_Own.Now(it->second.Count);
         if (dCount < HARDLY_WRITTEN && it->second.nWord != NO_WORD) continue;
+        if (!bAllFixed && !BeginsWith(it->first, m_Asked.strTyped, m_nMatch)) continue;
         AddOwn(it->second, dCount * dUnit);
     }
 }
@@ -255,6 +257,7 @@ std::vector<Offer> Ranker::Run(Match nMatch, const std::vector<Offer>& Better) {
     m_pBetter = &Better;
     Weigh();
     m_Ranges = RangesOf(m_Words, m_Asked.strTyped, nMatch);
+    m_Candidates.reserve(USUAL_CANDIDATES);
     CollectFollowers();
     CollectOwn();
     CollectOwnFollowers();

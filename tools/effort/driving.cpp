@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "actions/entry_typing.h"
 #include "core/program_reset.h"
 #include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/headless/desktop.h"
-#include "platform/keys.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "predictor/letters.h"
@@ -30,9 +30,8 @@ constexpr uint32_t TILT = 30000;
 constexpr int ACTION_BUTTON = 0;
 constexpr int MODE_BUTTON = 1;
 constexpr uint32_t SCAN_STEP_MS = 1000;
-constexpr int LONGEST_WAY = 60;      // tilts in one direction: a longer way goes astray
-constexpr int LONGEST_SCAN = 4000;   // ticks: a scan that takes longer goes astray
-constexpr int32_t MAP_COLUMNS = 12;  // of the delivered map, every row of which is full
+constexpr int LONGEST_WAY = 60;     // tilts in one direction: a longer way goes astray
+constexpr int LONGEST_SCAN = 4000;  // ticks: a scan that takes longer goes astray
 
 const std::wstring PROGRAM_DATA = L"C:\\Program Files\\Taviro\\data\\";
 const std::wstring USER_DATA =
@@ -80,7 +79,6 @@ class Driver {
     void Choose(CellPlace Place);
     void MoveTo(CellPlace Place);
     void ScanTo(CellPlace Place);
-    void TypeCharacter(wchar_t nCharacter);
     void SendAway();
     void TypeAll(std::wstring_view strText);
     bool AnswerList(const TextWord& Next, size_t nTyped);
@@ -90,10 +88,12 @@ class Driver {
     const DrivingWay& m_Way;
 };
 
-int32_t ColumnDistance(int32_t nFrom, int32_t nTo) {
-    const int32_t nStraight = nTo - nFrom;
-    if (std::abs(nStraight) * 2 <= MAP_COLUMNS) return nStraight;
-    return nStraight > 0 ? nStraight - MAP_COLUMNS : nStraight + MAP_COLUMNS;  // over the edge
+// Moves to the right, or to the left when negative; a row is left over its edge.
+int32_t ColumnDistance(int32_t nFrom, CellPlace To) {
+    const int32_t nColumns = ColumnsOf(To.nRow);
+    const int32_t nStraight = To.nColumn - nFrom;
+    if (std::abs(nStraight) * 2 <= nColumns) return nStraight;
+    return nStraight > 0 ? nStraight - nColumns : nStraight + nColumns;
 }
 
 void Driver::Tilt(int32_t nRight, int32_t nDown) {
@@ -117,7 +117,7 @@ void Driver::MoveTo(CellPlace Place) {
     for (int n = 0; n < LONGEST_WAY && Cursor.nRow != Place.nRow; ++n)
         Tilt(0, Cursor.nRow < Place.nRow ? 1 : -1);
     for (int n = 0; n < LONGEST_WAY && Cursor.nColumn != Place.nColumn; ++n)
-        Tilt(ColumnDistance(Cursor.nColumn, Place.nColumn) > 0 ? 1 : -1, 0);
+        Tilt(ColumnDistance(Cursor.nColumn, Place) > 0 ? 1 : -1, 0);
     if (Cursor.nColumn == Place.nColumn && Cursor.nRow == Place.nRow) return;
     Spent.strError = "the highlight does not reach a cell";
 }
@@ -146,18 +146,13 @@ void Driver::EnterScanMode() {
     Press(MODE_BUTTON);
 }
 
-// Only the list that the last cell brings can still help; one before it is in the way.
-void Driver::TypeCharacter(wchar_t nCharacter) {
-    for (const CellPlace Place : CellsFor(nCharacter)) {
-        SendAway();
-        Choose(Place);
-    }
-}
-
+// A sign whose character the program does not know brings a list, too.
 void Driver::TypeAll(std::wstring_view strText) {
     for (const wchar_t nCharacter : strText) {
-        TypeCharacter(nCharacter);
-        SendAway();  // a sign whose character the program does not know brings one, too
+        for (const CellPlace Place : CellsFor(nCharacter)) {
+            Choose(Place);
+            SendAway();
+        }
     }
 }
 
@@ -176,8 +171,8 @@ uint32_t Driver::TimeFor(std::wstring_view strText) const {
     for (const wchar_t nCharacter : strText) {
         for (const CellPlace Place : CellsFor(nCharacter)) {
             const int32_t nMoves =
-                std::abs(ColumnDistance(nColumn, Place.nColumn)) + std::abs(nRow - Place.nRow);
-            const int32_t nCells = (Place.nRow - 1) * MAP_COLUMNS + Place.nColumn - 1;
+                std::abs(ColumnDistance(nColumn, Place)) + std::abs(nRow - Place.nRow);
+            const int32_t nCells = CellsBefore(Place);
             nTime += m_Way.bScans ? static_cast<uint32_t>(nCells) * SCAN_STEP_MS + 2 * TICK_MS
                                   : static_cast<uint32_t>(nMoves) * 2 * TICK_MS;
             nTime += 2 * TICK_MS;
@@ -191,9 +186,8 @@ uint32_t Driver::TimeFor(std::wstring_view strText) const {
 // A blank that came with the word but does not belong there, and the way on from that cell.
 uint32_t Driver::TimeToErase() const {
     const CellPlace Erase = CellOf(L"smazat");
-    const auto nMoves =
-        static_cast<uint32_t>(std::abs(ColumnDistance(Cursor.nColumn, Erase.nColumn)) +
-                              std::abs(Cursor.nRow - Erase.nRow));
+    const auto nMoves = static_cast<uint32_t>(std::abs(ColumnDistance(Cursor.nColumn, Erase)) +
+                                              std::abs(Cursor.nRow - Erase.nRow));
     const uint32_t nScan = 2 * TICK_MS + SCAN_STEP_MS;
     return (m_Way.bScans ? nScan : nMoves * 2 * TICK_MS) + 2 * TICK_MS;
 }
@@ -228,11 +222,16 @@ bool Driver::AnswerList(const TextWord& Next, size_t nTyped) {
     return true;
 }
 
+// A capital takes several cells, each of which may bring the word.
 void Driver::Type(const TextWord& Next) {
     TypeAll(Next.strBefore);
     for (size_t n = 0; n < Next.strWord.size(); ++n) {
-        TypeCharacter(Next.strWord[n]);
-        if (Modes.bListMode && AnswerList(Next, n + 1)) return;
+        const std::vector<CellPlace> Cells = CellsFor(Next.strWord[n]);
+        for (size_t nCell = 0; nCell < Cells.size(); ++nCell) {
+            Choose(Cells[nCell]);
+            const size_t nTyped = nCell + 1 < Cells.size() ? n : n + 1;
+            if (Modes.bListMode && AnswerList(Next, nTyped)) return;
+        }
     }
     TypeAll(Next.strBehind);
 }
@@ -244,8 +243,7 @@ std::wstring UntypeableLetters() {
     for (unsigned n = 0x80; n <= 0xFF; ++n) {
         const wchar_t nLetter =
             platform::FromAnsi(std::string(1, static_cast<char>(static_cast<uint8_t>(n)))).front();
-        const bool bTyped = platform::VkKeyScanAnsi(static_cast<uint8_t>(n)) != -1;
-        if (predictor::IsLetter(nLetter) && !bTyped) strLetters += nLetter;
+        if (predictor::IsLetter(nLetter) && !IsTypedFromList(nLetter)) strLetters += nLetter;
     }
     return strLetters;
 }

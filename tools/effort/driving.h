@@ -34,7 +34,7 @@ struct Effort {
 [[nodiscard]] Effort Drive(std::string_view strMapFile, const std::wstring& strText,
                            const DrivingWay& Way);
 
-/// Letters that the virtual keyboard types with a dead key, and so not from a list.
+/// Letters that do not arrive on the virtual keyboard when they are typed from a list.
 [[nodiscard]] std::wstring UntypeableLetters();
 
 /// The text as it can be typed: typographic signs become plain ones, and what the map cannot type

@@ -74,14 +74,19 @@ void Typist::Type(const TextWord& Next) {
 
 }  // namespace
 
-KeyCount CountKeys(predictor::Predictor& Asked, std::wstring_view strText, const KeyCountWay& Way) {
+TextCount CountKeys(predictor::Predictor& Asked, std::wstring_view strText,
+                    const KeyCountWay& Way) {
     Asked.Settings.bLearns = Way.bLearns;
     Asked.Settings.bRepeats = Way.bRepeats;
     Asked.Settings.bAlways = true;
     Typist One(Asked, Way);
-    for (const TextWord& Next : WordsOf(strText))
-        One.Type(Next);
-    return One.Count;
+    const std::vector<TextWord> Words = WordsOf(strText);
+    KeyCount Before;
+    for (size_t n = 0; n < Words.size(); ++n) {
+        if (n == Words.size() * 3 / 4) Before = One.Count;
+        One.Type(Words[n]);
+    }
+    return {One.Count, One.Count - Before};
 }
 
 }  // namespace taviro::effort

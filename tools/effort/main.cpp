@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // taviro_effort DICTIONARY MAP TEXT...: what typing each text costs, by keys with a list after each
-// letter, and by moves, presses and time in the real program, without and with the predictor.
+// letter, and by moves, presses and time in the real program, without and with the predictor;
+// --learn: what a long text by one writer gains when the predictor learns from it.
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -22,6 +23,7 @@ struct Request {
     bool bKeys = true;
     bool bStick = true;
     bool bScan = false;
+    bool bLearn = false;
     std::vector<const char*> Files;
 };
 
@@ -35,6 +37,9 @@ Request RequestOf(int nCount, char** Arguments) {
         } else if (std::strcmp(Arguments[n], "--scan") == 0) {
             Asked.bKeys = Asked.bStick = false;
             Asked.bScan = true;
+        } else if (std::strcmp(Arguments[n], "--learn") == 0) {
+            Asked.bKeys = Asked.bStick = false;
+            Asked.bLearn = true;
         } else {
             Asked.Files.push_back(Arguments[n]);
         }
@@ -71,9 +76,39 @@ void PrintKeys(std::string_view Dictionary, const std::wstring& strText) {
             if (!Asked.Words.Open(Dictionary, strError)) return;
             KeyCountWay Way = Named.Way;
             Way.bFreeBlank = n == 1;
-            dSavings[n] = CountKeys(Asked, strText, Way).Savings();
+            dSavings[n] = CountKeys(Asked, strText, Way).Whole.Savings();
         }
         std::printf("  %-40s %14.2f %20.2f\n", Named.szName, dSavings[0], dSavings[1]);
+    }
+}
+
+struct LearningWay {
+    const char* szName;
+    KeyCountWay Way;
+};
+constexpr LearningWay LEARNING_WAYS[] = {
+    {"list after each letter", {.bRepeats = true, .bFreeBlank = true}},
+    {"no word offered twice", {.bFreeBlank = true}},
+    {"true word before, list before letters",
+     {.bTruth = true, .bBeforeLetters = true, .bFreeBlank = true}},
+};
+
+void PrintLearning(std::string_view Dictionary, const std::wstring& strText) {
+    std::printf("  %-40s %9s %9s %9s %9s\n", "keys spared, % (blank goes by itself)", "without",
+                "learning", "last 1/4", "learning");
+    for (const LearningWay& Named : LEARNING_WAYS) {
+        TextCount Counts[2];
+        for (int n = 0; n < 2; ++n) {
+            predictor::Predictor Asked;
+            std::string strError;
+            if (!Asked.Words.Open(Dictionary, strError)) return;
+            KeyCountWay Way = Named.Way;
+            Way.bLearns = n == 1;
+            Counts[n] = CountKeys(Asked, strText, Way);
+        }
+        std::printf("  %-40s %9.2f %9.2f %9.2f %9.2f\n", Named.szName, Counts[0].Whole.Savings(),
+                    Counts[1].Whole.Savings(), Counts[0].LastQuarter.Savings(),
+                    Counts[1].LastQuarter.Savings());
     }
 }
 
@@ -105,8 +140,9 @@ bool PrintDriving(std::string_view Dictionary, const std::string& strMap,
 int main(int nCount, char** Arguments) {
     const Request Asked = RequestOf(nCount, Arguments);
     if (Asked.Files.size() < 3) {
-        (void)std::fprintf(stderr,
-                           "usage: taviro_effort [--keys|--stick|--scan] DICTIONARY MAP TEXT...\n");
+        (void)std::fprintf(
+            stderr,
+            "usage: taviro_effort [--keys|--learn|--stick|--scan] DICTIONARY MAP TEXT...\n");
         return 2;
     }
     predictor::MappedFile Dictionary;
@@ -122,6 +158,7 @@ int main(int nCount, char** Arguments) {
         if (!ReadFile(Asked.Files[n], strBytes)) return 1;
         const std::wstring strText = predictor::FromUtf8(strBytes);
         std::printf("%s: %zu characters\n", Asked.Files[n], strText.size());
+        if (Asked.bLearn) PrintLearning(Dictionary.Bytes(), strText);
         if (Asked.bKeys) PrintKeys(Dictionary.Bytes(), strText);
         if (Asked.bStick) bGood = PrintDriving(Dictionary.Bytes(), strMap, strText, false) && bGood;
         if (Asked.bScan) bGood = PrintDriving(Dictionary.Bytes(), strMap, strText, true) && bGood;

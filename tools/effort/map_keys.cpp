@@ -28,6 +28,21 @@ std::wstring CaptionFor(wchar_t nCharacter) {
 
 }  // namespace
 
+int32_t ColumnsOf(int32_t nRow) {
+    for (int32_t nColumn = LAST_COLUMN; nColumn > 0; --nColumn) {
+        const MapCell* pCell = CommonMap.Cell(nColumn, nRow);
+        if (pCell != nullptr && !pCell->Caption.empty()) return nColumn;
+    }
+    return 0;
+}
+
+int32_t CellsBefore(CellPlace Place) {
+    int32_t nCells = Place.nColumn - 1;
+    for (int32_t nRow = 1; nRow < Place.nRow; ++nRow)
+        nCells += ColumnsOf(nRow);
+    return nCells;
+}
+
 CellPlace CellOf(std::wstring_view strCaption) {
     for (int32_t nRow = 1; nRow <= LAST_ROW; ++nRow) {
         for (int32_t nColumn = 1; nColumn <= LAST_COLUMN; ++nColumn) {
