@@ -32,9 +32,18 @@ run_each() {
 
 suite_unit() {
     tools/build.sh asan || return
-    local program code=0
+    local program shard pid code=0 pids=()
     for program in build/asan/tests/taviro_*_tests; do
-        "$program" || code=1
+        for shard in 0 1; do # one for each processor
+            GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$shard "$program" \
+                >"$log_folder/unit.$shard.log" 2>&1 &
+            pids+=($!)
+        done
+        for pid in "${pids[@]}"; do
+            wait "$pid" || code=1
+        done
+        cat "$log_folder"/unit.?.log
+        pids=()
     done
     return "$code"
 }

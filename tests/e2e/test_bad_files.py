@@ -2,12 +2,14 @@
 """Damaged or unreadable files of the user: the program starts about as fast as ever, ends cleanly
 and leaves what it cannot read as it is."""
 
+import contextlib
 import random
 import shutil
 import time
 
 import pytest
 
+from harness import Desktop
 from wine import windows_path
 
 EXTRA_SECONDS = 2.0
@@ -42,13 +44,20 @@ def spoil(program, kind, path):
     return content
 
 
+@pytest.fixture(scope="module")
+def program(display):
+    """One program for all files, because each start takes a fresh look at them."""
+    with contextlib.closing(Desktop(display)) as opened:
+        yield opened.program()
+
+
 @pytest.mark.timed
 @pytest.mark.parametrize("kind", ["empty", "binary", "100 MB", "long line", "read-only", "locked",
                                   "folder"])
 @pytest.mark.parametrize("name", ["data.ini", "setting.ini"])
-def test_bad_file_delays_no_start_and_is_left_alone(desktop, normal_start_seconds, name, kind):
-    program = desktop.program()
-    program.data_folder.parent.mkdir(parents=True)
+def test_bad_file_delays_no_start_and_is_left_alone(program, normal_start_seconds, name, kind):
+    shutil.rmtree(program.data_folder, ignore_errors=True)
+    program.data_folder.parent.mkdir(parents=True, exist_ok=True)
     shutil.copytree(program.folder / "data", program.data_folder)
     path = program.data_folder / name
     content = spoil(program, kind, path)

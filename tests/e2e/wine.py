@@ -10,6 +10,8 @@ import shutil
 import subprocess
 import tempfile
 
+from waiting import wait_until
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("TAVIRO_BUILD", ROOT / "build"))  # which build to test
 WINE_FOLDER = ROOT / "build" / "wine"
@@ -101,7 +103,13 @@ class Prefix:
 
     def close(self):
         env = environment(self.path)
-        # Fails when no program ran in the prefix; then there is nothing to end.
-        subprocess.run(["wineserver", "-k"], env=env, check=False, timeout=30)
+        # At once, because nothing of the prefix is wanted any more; its programs end with it. Fails
+        # when no program ran in the prefix; then there is nothing to end.
+        subprocess.run(["wineserver", "-k9"], env=env, check=False, timeout=30)
         subprocess.run(["wineserver", "-w"], env=env, check=False, timeout=30)
-        shutil.rmtree(self.folder)
+        wait_until(self._remove, "the prefix's end", 30)
+
+    def _remove(self):
+        """Whether the folder is gone: a program that is just ending may still write into it."""
+        shutil.rmtree(self.folder, ignore_errors=True)
+        return not self.folder.exists()
