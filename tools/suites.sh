@@ -73,7 +73,8 @@ suite_scenario() {
 
 suite_lint() { "${python[@]}" -m pytest -q tests/lint; }
 
-suite_tidy() { run_each "tools/build.sh tidy"; }
+# Gives way to the suites that it runs beside.
+suite_tidy() { run_each "nice -n 19 tools/build.sh tidy"; }
 
 # All fuzzers at once, so that more of them do not take longer; each says whether it passed.
 suite_fuzz() {
