@@ -28,7 +28,7 @@ BLOCK_MILLISECONDS = 2000
 SECONDS = 20
 VK = {"a": 65, "F8": 119}
 # Budgets of what Taviro adds, in milliseconds, for the 99th percentile.
-PASS_BUDGET, ARROW_BUDGET, ENTER_BUDGET = 20, 50, 50
+PASS_BUDGET, ARROW_BUDGET, ENTER_BUDGET = 5, 20, 20
 WORK_BUDGET = 1000  # microseconds of the hook's own work, 99th percentile
 
 
