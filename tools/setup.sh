@@ -9,11 +9,12 @@ cd "$(dirname "$0")/.."
 program_packages=(
     cmake ninja-build python3 googletest # every configuration asks for the tests' library
     g++-mingw-w64-x86-64-posix mingw-w64-tools # the program is cross-built for Windows
+    g++                                        # for what makes the dictionary while building
     wine wine64 locales fonts-liberation       # the fonts stand for Arial
     xvfb openbox x11-xkb-utils x11-utils scrot xdotool # the virtual display
 )
 test_packages=(
-    git g++ g++-mingw-w64-i686-posix libbenchmark-dev
+    git g++-mingw-w64-i686-posix libbenchmark-dev
     clang clang-tidy clang-format libclang-rt-14-dev
     python3-pytest python3-pytest-xdist python3-pil shellcheck
     nsis      # the installer
