@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "predictor/model.h"
+
+#include <algorithm>
+#include <random>
+
+#include "predictor/letters.h"
+#include "predictor/search.h"
+#include "predictor/utf8.h"
+#include "tests/unit/predictor/predictor_fixture.h"
+
+namespace taviro::predictor {
+namespace {
+
+// A dictionary of made-up words with every kind of capitals, and the same words as a plain list.
+struct RandomDictionary {
+    std::vector<WordEntry> Entries;
+    std::string Bytes;
+    Model Words;
+
+    explicit RandomDictionary(size_t nWords) {
+        std::mt19937 Random(7);
+        const std::wstring strLetters = L"aábcčeěiklmnorřst";
+        Tables From;
+        for (size_t n = 0; n < nWords; ++n) {
+            std::wstring strWord;
+            for (size_t nLength = 1 + Random() % 7; strWord.size() < nLength;)
+                strWord += strLetters[Random() % strLetters.size()];
+            if (Random() % 8 == 0) strWord.front() = UpperLetter(strWord.front());
+            if (Random() % 50 == 0) strWord.back() = UpperLetter(strWord.back());
+            From.Words.push_back({strWord, -4 - static_cast<double>(Random() % 5000) / 1000});
+        }
+        std::string strError;
+        Bytes = BuildModel(From, strError);
+        EXPECT_TRUE(Words.Open(Bytes, strError)) << strError;
+        for (WordId n = 0; n < Words.WordCount(); ++n)
+            Entries.push_back({Words.Word(n), std::log10(Words.Probability(n))});
+        for (const WordEntry& Entry : From.Words) {
+            EXPECT_TRUE(std::any_of(Entries.begin(), Entries.end(), [&](const WordEntry& Known) {
+                return Known.strWord == Entry.strWord;
+            }));
+        }
+    }
+};
+
+TEST(PredictorModel, Words_ComeBackSortedWithCapitalsAndWeights) {
+    const RandomDictionary Made(800);
+    for (size_t n = 1; n < Made.Entries.size(); ++n) {
+        const std::wstring strBefore = LowerText(Made.Entries[n - 1].strWord);
+        EXPECT_LE(strBefore, LowerText(Made.Entries[n].strWord));
+        EXPECT_NE(Made.Entries[n - 1].strWord, Made.Entries[n].strWord);
+    }
+}
+
+// The oracle walks all words; the search may not differ in a single one.
+TEST(PredictorSearch, Walk_FindsWhatLookingAtAllWordsFinds) {
+    const RandomDictionary Made(2500);
+    const std::wstring NUL(1, UNKNOWN_LETTER);
+    const std::wstring TYPED[] = {L"",        L"a",
+                                  L"á",       L"ka",
+                                  L"Ka",      L"cer",
+                                  NUL,        NUL + NUL,
+                                  NUL + L"a", L"k" + NUL + L"e",
+                                  L"r" + NUL, L"s" + NUL + NUL + L"a",
+                                  L"zzz",     L"x",
+                                  L"ěě",      L"ai;"};
+    for (const Match nMatch : {Match::Exact, Match::Folded}) {
+        for (const std::wstring& strTyped : TYPED) {
+            std::vector<uint16_t> Expected;
+            for (WordId n = 0; n < Made.Words.WordCount(); ++n) {
+                if (BeginsWith(LowerText(Made.Words.Word(n)), strTyped, nMatch)) {
+                    Expected.push_back(Made.Words.Weight(n));
+                }
+            }
+            std::sort(Expected.begin(), Expected.end(), std::greater<>());
+            std::vector<uint16_t> Found;
+            BestFirst Walk(Made.Words, RangesOf(Made.Words, strTyped, nMatch));
+            for (WordId n = 0; Walk.Next(n);) {
+                const bool bLongEnough = Made.Words.Word(n).size() >= strTyped.size();
+                if (bLongEnough) Found.push_back(Made.Words.Weight(n));
+            }
+            EXPECT_EQ(Found, Expected) << ToUtf8(strTyped);
+        }
+    }
+}
+
+TEST(PredictorModel, Mass_IsTheSumOfItsWords) {
+    const RandomDictionary Made(700);
+    const uint32_t nWords = Made.Words.WordCount();
+    const WordRange RANGES[] = {{0, nWords}, {0, 0},   {5, 9},      {16, 32},
+                                {15, 33},    {17, 40}, {nWords, 1}, {100, nWords + 50}};
+    for (const WordRange& Range : RANGES) {
+        double dExpected = 0;
+        for (WordId n = Range.nFirst; n < std::min(Range.nEnd, nWords); ++n)
+            dExpected += Made.Words.Probability(n);
+        EXPECT_NEAR(Made.Words.Mass(Range), dExpected, 1e-8);
+    }
+}
+
+TEST(PredictorModel, Find_PrefersTheLikelierSpelling) {
+    const std::string Bytes = CompiledModel({{L"most", 0.2}, {L"Most", 0.01}, {L"kosa", 0.1}});
+    Model Words;
+    std::string strError;
+    ASSERT_TRUE(Words.Open(Bytes, strError));
+    EXPECT_EQ(Words.Word(Words.Find(L"most")), L"most");
+    EXPECT_EQ(Words.Find(L"mos"), NO_WORD);
+    EXPECT_EQ(Words.Find(L""), NO_WORD);
+    EXPECT_EQ(Words.Find(L"x"), NO_WORD);
+    EXPECT_EQ(Words.Word(99), L"");
+}
+
+TEST(PredictorModel, Followers_AreThoseOfTheRange) {
+    const std::string Bytes =
+        CompiledModel({{L"a", 0.3}, {L"b", 0.3}, {L"c", 0.3}, {L"d", 0.1}},
+                      {{L"a", L"b", 10}, {L"a", L"d", 30}, {L"c", L"a", 5}, {L"a", L"nic", 7}});
+    Model Words;
+    std::string strError;
+    ASSERT_TRUE(Words.Open(Bytes, strError));
+    std::vector<Follower> Found;
+    Words.AppendFollowers(0, Words.All(), Found);
+    ASSERT_EQ(Found.size(), 2U);
+    EXPECT_EQ(Found[0].nWord, 1U);
+    EXPECT_EQ(Found[1].nWord, 3U);
+    Found.clear();
+    Words.AppendFollowers(0, {2, 4}, Found);
+    EXPECT_EQ(Found.size(), 1U);
+    Found.clear();
+    Words.AppendFollowers(1, Words.All(), Found);
+    EXPECT_TRUE(Found.empty());
+    EXPECT_EQ(Words.SizeOfContext(1).dTotal, 0);
+    EXPECT_EQ(Words.SizeOfContext(0).dFollowers, 2);
+}
+
+TEST(PredictorModel, Tables_AreReadLineByLine) {
+    Tables Read;
+    std::string strError;
+    EXPECT_TRUE(ReadTable("# note\nse\t-1.5\r\n\nž\t-2\nžít\tse\t12\n", Read, strError));
+    ASSERT_EQ(Read.Words.size(), 2U);
+    EXPECT_EQ(Read.Words[1].strWord, L"ž");
+    ASSERT_EQ(Read.Pairs.size(), 1U);
+    EXPECT_EQ(Read.Pairs[0].strSecond, L"se");
+    EXPECT_FALSE(ReadTable("a\t-1\nslovo\n", Read, strError));
+    EXPECT_EQ(strError, "line 2: neither a word nor a pair with its number");
+    EXPECT_FALSE(ReadTable("a\t-1x\n", Read, strError));
+}
+
+struct BadFile {
+    const char* szName;
+    std::string Bytes;
+    const char* szError;
+};
+
+TEST(PredictorModel, BadFile_IsRefusedWithItsFault) {
+    const std::string Good = CompiledModel(EVERYDAY_WORDS);
+    std::string OtherKind = Good;
+    OtherKind[6] = '9';
+    std::string Flipped = Good;
+    Flipped[Flipped.size() / 2] = static_cast<char>(Flipped[Flipped.size() / 2] ^ 4);
+    const BadFile CASES[] = {
+        {"empty", "", "The dictionary file is too short."},
+        {"other kind", OtherKind, "The dictionary file is of another kind or version."},
+        {"cut", Good.substr(0, Good.size() - 1),
+         "The dictionary file is cut off or has been added to."},
+        {"longer", Good + "x", "The dictionary file is cut off or has been added to."},
+        {"damaged", Flipped, "The dictionary file is damaged."}};
+    for (const BadFile& One : CASES) {
+        Predictor Asked;
+        std::string strError;
+        EXPECT_FALSE(Asked.Words.Open(One.Bytes, strError)) << One.szName;
+        EXPECT_EQ(strError, One.szError) << One.szName;
+        EXPECT_EQ(Asked.GetPrediction(L"d").strList, L"") << One.szName;
+    }
+}
+
+TEST(PredictorModel, EveryCutOfAFile_IsRefused) {
+    const std::string Good = CompiledModel(EVERYDAY_WORDS);
+    for (size_t n = 0; n < Good.size(); ++n) {
+        Model Words;
+        std::string strError;
+        EXPECT_FALSE(Words.Open(std::string_view(Good).substr(0, n), strError)) << n;
+        EXPECT_FALSE(strError.empty());
+    }
+}
+
+// Every byte behind the header changed, with a checksum that fits: whatever comes out, nothing
+// outside the file is read (the sanitizers watch) and no list breaks its format.
+TEST(PredictorModel, HostileFile_NeverHarms) {
+    const std::string Good = CompiledModel(EVERYDAY_WORDS, {{L"dobrý", L"den", 9}});
+    for (size_t nPlace = HEADER_WORDS; nPlace < Good.size(); ++nPlace) {
+        for (const int nValue : {0, 1, 0x7F, 0xFF}) {
+            std::string Bytes = Good;
+            Bytes[nPlace] = static_cast<char>(nValue);
+            const uint32_t nSum = Checksum(std::string_view(Bytes).substr(HEADER_WORDS));
+            for (size_t n = 0; n < 4; ++n)
+                Bytes[HEADER_CHECKSUM + n] = static_cast<char>(nSum >> (8 * n));
+            Predictor Asked;
+            std::string strError;
+            if (!Asked.Words.Open(Bytes, strError)) {
+                EXPECT_FALSE(strError.empty());
+                continue;
+            }
+            Asked.Settings.bAlways = true;
+            for (const wchar_t* szPrefix : {L"d", L"do", L"dobrý", L"d", L"p", L"s"}) {
+                const std::wstring strList = Asked.GetPrediction(szPrefix).strList;
+                for (const wchar_t n : strList)
+                    EXPECT_TRUE(n == L';' || n == L' ' || IsLetter(n));
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace taviro::predictor
