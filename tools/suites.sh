@@ -1,16 +1,45 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Sourced by ./test, which sets fuzz_seconds: what each suite builds and runs.
+# Sourced by ./test, which sets fuzz_seconds: which suites there are, and what each builds and runs.
 # shellcheck disable=SC2154
 
 python=(/usr/bin/python3 -B) # the system's, which has the modules that set-up installs
 modules32_stamp=/usr/lib/x86_64-linux-gnu/wine/i386-windows/.libwine-version
 
+# The suites of a run: what runs before every commit; what is worth waiting for besides; what takes
+# hours; or one alone. Those whose waits and times are the real ones come last. Fails for an unknown one.
+suites_of() { # default | full | nightly | NAME
+    local full=(unit scenario lint win64 win32 unit64 unit32 tidy fuzz e2e e2e32 bench)
+    case $1 in
+        default) echo unit scenario lint win64 e2e ;;
+        full) echo "${full[@]}" ;;
+        nightly) echo fuzz ;;
+        *) printf '%s\n' "${full[@]}" | grep -xF -- "$1" ;;
+    esac
+}
+
+# How long each fuzzer runs.
+fuzz_seconds_of() { # RUN
+    case $1 in
+        nightly) echo 3600 ;;
+        *) echo 6 ;;
+    esac
+}
+
+# What uses one processor runs beside something else, and clang-tidy in what is left over.
+suites_beside() { # NAME
+    case $1 in
+        unit) echo lint tidy ;;
+        win64) echo win32 ;;
+        unit64) echo unit32 ;;
+    esac
+}
+
 # How a suite's output is counted.
 suite_kind() {
     case $1 in
-        unit | win64 | win32) echo gtest ;;
-        lint | e2e) echo pytest ;;
+        unit | unit64 | unit32 | win64 | win32) echo gtest ;;
+        lint | e2e | e2e32) echo pytest ;;
         *) echo plain ;;
     esac
 }
@@ -48,22 +77,21 @@ suite_unit() {
     return "$code"
 }
 
-# The unit tests and those of the Windows platform, as Windows programs.
-suite_windows() { # PRESET
-    tools/build.sh "$1" || return
-    local program commands=()
-    for program in "build/$1"/tests/taviro_*_tests.exe "build/$1"/tests/*/taviro_*_tests.exe; do
-        [ -e "$program" ] && commands+=(-- "$program")
-    done
-    "${python[@]}" tests/e2e/on_display.py "${commands[@]}"
+# Test programs of a Windows build, in Wine. Those for x86 take its 32-bit modules.
+run_windows_tests() { # PRESET TARGET
+    if [ "$1" = win32 ] && ! runs_x86; then return 77; fi
+    tools/build.sh "$1" "$2" || return
+    "${python[@]}" tests/e2e/on_display.py "$(find "build/$1/tests" -name "$2.exe")"
 }
-suite_win64() { suite_windows win64; }
-suite_win32() {
-    if [ ! -e "$modules32_stamp" ]; then
-        echo "Wine's 32-bit modules cannot be had, so no x86 program was tested"
-        return 77
-    fi
-    suite_windows win32
+suite_win64() { run_windows_tests win64 taviro_win32_tests; }
+suite_win32() { run_windows_tests win32 taviro_win32_tests; }
+suite_unit64() { run_windows_tests win64 taviro_unit_tests; }
+suite_unit32() { run_windows_tests win32 taviro_unit_tests; }
+
+runs_x86() {
+    [ -e "$modules32_stamp" ] && return
+    echo "Wine's 32-bit modules cannot be had, so nothing of x86 was tested"
+    return 1
 }
 
 suite_scenario() {
@@ -87,13 +115,16 @@ suite_fuzz() {
 # alone.
 suite_e2e() {
     tools/build.sh win64 || return
-    if [ -e "$modules32_stamp" ]; then
-        tools/build.sh win32 || return
-    fi
     local code=0
-    "${python[@]}" -m pytest -q -rs -n 3 -m 'not timed' tests/e2e || code=$?
+    "${python[@]}" -m pytest -q -rs -n 3 -m 'not timed and not x86' tests/e2e || code=$?
     "${python[@]}" -m pytest -q -rs -m timed tests/e2e || code=$?
     return "$code"
+}
+suite_e2e32() {
+    runs_x86 || return 77
+    tools/build.sh win64 || return
+    tools/build.sh win32 || return
+    "${python[@]}" -m pytest -q -rs -n 3 -m x86 tests/e2e
 }
 
 # The engine's work, then the whole program beside an empty window.

@@ -6,7 +6,14 @@ import pytest
 
 from display import Display
 from harness import Desktop
-from wine import ROOT
+from wine import ROOT, has_modules32
+
+
+def pytest_collection_modifyitems(items):
+    if not has_modules32():
+        for item in items:
+            if item.get_closest_marker("x86"):
+                item.add_marker(pytest.mark.skip(reason="Wine's 32-bit modules cannot be had"))
 
 
 @pytest.fixture(scope="session")

@@ -41,11 +41,6 @@ def files_of(folder):
             for path in sorted(folder.rglob("*")) if path.is_file()}
 
 
-def built():
-    """Whether both programs were built, which an installer takes."""
-    return all((BUILD / build / "taviro" / "taviro.exe").exists() for build in BUILDS.values())
-
-
 def make(programs, out, version, seconds, stub=STUBS["setup"], compression="lzma"):
     """Runs the script that makes packages."""
     subprocess.run(["/usr/bin/python3", "-B", str(ROOT / "packaging" / "make_packages.py"),

@@ -15,7 +15,7 @@ from dictionary import (CLASS, DONE, NUL, SERVER, Client, data_folder, kill_serv
                         order, own_memory_kib, register, server_process)
 from gui_object import run_script
 from waiting import wait_until
-from wine import has_modules32, windows_path
+from wine import windows_path
 
 SCRIPT = pathlib.Path(__file__).parent / "dictionary" / "forms.vbs"
 MEMORY_KIB = 15 * 1024
@@ -47,7 +47,7 @@ def wait_for_end(program):
     wait_until(lambda: server_process(program) is None, "the server's end", 15)
 
 
-def test_scripts_and_clients_of_both_widths_pass_prefixes_in_every_form(desktop):
+def test_scripts_and_clients_pass_prefixes_in_every_form(desktop):
     program = desktop.program()
     register(program)
     told = dict(line.split(": ", 1) for line in run_script(SCRIPT, program.environment))
@@ -85,10 +85,17 @@ def test_scripts_and_clients_of_both_widths_pass_prefixes_in_every_form(desktop)
         assert any(alone[0]) and any(alone[1])
         assert server_process(program) == process
         assert own_memory_kib(process) <= MEMORY_KIB
-    if has_modules32():
-        with client_of(program, "win32") as client:
-            assert client.words("dobr")
-            assert server_process(program) == process
+
+
+@pytest.mark.x86
+def test_x86_client_shares_the_server_of_the_x64_ones(desktop):
+    program = desktop.program()
+    register(program)
+    with client_of(program) as client, client_of(program, "win32") as other:
+        assert client.words("dobr")
+        process = server_process(program)
+        assert other.words("dobr")
+        assert server_process(program) == process
 
 
 def test_words_are_learned_kept_and_forgotten(desktop):
@@ -228,7 +235,7 @@ def test_orders_leave_the_registry_as_it_was_and_say_what_is_wrong(desktop):
     assert order(program, "") == (0, told.split("\n", 1)[1])
 
 
-@pytest.mark.skipif(not has_modules32(), reason="Wine's 32-bit modules cannot be had")
+@pytest.mark.x86
 def test_x86_server_serves_clients_of_both_widths(desktop):
     program = desktop.program(build="win32")
     register(program)

@@ -13,7 +13,7 @@ from gui_object import (BUSY, DONE, EMPTY_CLASS, Client, example_script, order,
 from probe import WS_EX_TOPMOST
 from standin import MODE_PRESSED, SOUND_UNTIL_CHANGED
 from waiting import wait_until
-from wine import BUILD, has_modules32, windows_path
+from wine import BUILD, windows_path
 
 TITLE = "Cíl skriptu"
 NAME_NOT_REGISTERED = "800401f3"
@@ -237,7 +237,7 @@ def test_registering_and_unregistering_leave_nothing_behind(desktop):
             assert client.changes("machine") == UNCHANGED
 
 
-@pytest.mark.skipif(not has_modules32(), reason="Wine's 32-bit modules cannot be had")
+@pytest.mark.x86
 def test_clients_of_both_widths_reach_the_x86_program(desktop):
     program = desktop.program(build="win32")
     register(program)

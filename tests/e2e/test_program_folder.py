@@ -1,8 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The folder that a build leaves is what a user gets: complete, small, and nothing else."""
 
-import pytest
-
+from builds import for_every_build
 from wine import BUILD, ROOT
 
 DELIVERED = ("data", "sound", "help")
@@ -15,11 +14,9 @@ def files_below(folder):
             for path in folder.rglob("*") if path.is_file()}
 
 
-@pytest.mark.parametrize("build", ["win64", "win32"])
+@for_every_build
 def test_program_folder_holds_the_program_and_what_is_delivered_with_it(build):
     folder = BUILD / build / "taviro"
-    if not folder.exists():
-        pytest.skip(f"{build} was not built")
     wanted = BUILT | {name for name in DELIVERED if (ROOT / name).exists()
                       and any((ROOT / name).iterdir())}
     assert {path.name for path in folder.iterdir()} == wanted

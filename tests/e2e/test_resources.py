@@ -7,6 +7,7 @@ import xml.etree.ElementTree as xml
 
 import pytest
 
+from builds import for_every_build
 from packages import BUILDS
 from pe import RT_MANIFEST, Executable
 from wine import BUILD, ROOT
@@ -23,20 +24,16 @@ def product():
                            (ROOT / "dialogs" / "product.h").read_text("utf-8"), re.MULTILINE))
 
 
-@pytest.fixture(params=BUILDS.items(), ids=BUILDS)
-def built(request):
-    platform, build = request.param
-    path = BUILD / build / "taviro" / "taviro.exe"
-    if not path.exists():
-        pytest.skip(f"{build} was not built")
-    return platform, Executable(path)
+@pytest.fixture
+def program(build):
+    return Executable(BUILD / build / "taviro" / "taviro.exe")
 
 
-def test_program_says_what_it_is(built):
-    platform, program = built
+@for_every_build
+def test_program_says_what_it_is(build, program):
     facts = product()
     numbers = tuple(int(facts[part]) for part in ("MAJOR", "MINOR", "REVISION"))
-    assert program.machine == platform
+    assert BUILDS[program.machine] == build
     assert program.time_stamp == 0  # the same sources give the same bytes
     assert program.version() == (numbers + (0,), {
         "Comments": facts["COMMENTS"], "CompanyName": facts["MAKER"],
@@ -47,8 +44,9 @@ def test_program_says_what_it_is(built):
     assert program.icon_sizes(1) == [16, 20, 24, 32, 40, 48, 64, 128, 256]
 
 
-def test_program_asks_for_the_systems_look_and_no_rights(built):
-    manifest = xml.fromstring(built[1].only(RT_MANIFEST))
+@for_every_build
+def test_program_asks_for_the_systems_look_and_no_rights(program):
+    manifest = xml.fromstring(program.only(RT_MANIFEST))
     found = {element.tag.split("}")[1]: element for element in manifest.iter()}
     assert found["requestedExecutionLevel"].get("level") == "asInvoker"
     assert found["requestedExecutionLevel"].get("uiAccess") == "false"

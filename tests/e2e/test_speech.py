@@ -7,8 +7,8 @@ import itertools
 import pytest
 
 from automation import RELAY_QUIETED, VOICES, read_out, spoken
+from builds import for_every_build
 from probe import WM_CLOSE
-from wine import has_modules32
 
 ACTION, MODE = 0, 1
 HARD_TEXT = 'Č & "ř" <b>'
@@ -30,10 +30,8 @@ def speaking_program(desktop, build="win64", **settings):
     return automation, program
 
 
-@pytest.mark.parametrize("build", ["win64", "win32"])
+@for_every_build
 def test_engine_says_every_mode_and_cell_and_quiets_the_host(desktop, build):
-    if build == "win32" and not has_modules32():
-        pytest.skip("no 32-bit modules of Wine")
     automation, program = speaking_program(desktop, build, voice=VOICES[1], rate=2, pitch=-3,
                                            volume=70, ScanMode=1)
     editor = desktop.editor()

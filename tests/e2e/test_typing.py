@@ -1,18 +1,14 @@
 # SPDX-License-Identifier: MIT
 """A sentence typed with the stick arrives in another program."""
 
-import pytest
-
+from builds import for_every_build
 from sentence import type_sentence
-from wine import has_modules32
 
 SENTENCE = "Ahoj, světe."
 
 
-@pytest.mark.parametrize("build", ["win64", "win32"])
+@for_every_build
 def test_sentence_arrives_in_the_editor_and_no_key_stays_down(desktop, build):
-    if build == "win32" and not has_modules32():
-        pytest.skip("no 32-bit modules of Wine")
     program = desktop.program(build=build)
     editor = desktop.editor()
     program.start()
