@@ -6,10 +6,11 @@
 #include <cstdint>
 #include <string>
 
+#include "win32/com/registration.h"
+
 namespace taviro {
 
-/// For whom the automation object is registered. The machine's registry takes an administrator.
-enum class RegistrationScope { User, Machine };
+using com::RegistrationScope;
 
 enum class StartKind {
     Normal,

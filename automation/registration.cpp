@@ -13,52 +13,33 @@ const std::wstring LIBRARY_VERSION = L"1.0";
 // The system's own carrier of calls, which reads the type library.
 const std::wstring CARRIER_ID = L"{00020424-0000-0000-C000-000000000046}";
 
-const std::wstring NAME = L"Taviro.GUI";
-const std::wstring VERSIONED_NAME = L"Taviro.GUI.1";
-const std::wstring DESCRIPTION = L"Taviro";
+const com::ServerClass GUI_CLASS{
+    .strId = CLASS_ID, .strName = L"Taviro.GUI", .strDescription = L"Taviro"};
 
 }  // namespace
 
-std::vector<RegistryValue> RegistrationValues(const std::wstring& strProgramPath) {
-    const std::wstring strClass = L"CLSID\\" + CLASS_ID;
+com::Registration GuiRegistration(const std::wstring& strProgramPath) {
+    const std::wstring strClass = KeyOf(GUI_CLASS);
     const std::wstring strInterface = L"Interface\\" + INTERFACE_ID;
     const std::wstring strLibrary = L"TypeLib\\" + LIBRARY_ID + L"\\" + LIBRARY_VERSION;
-    return {
-        {NAME, L"", DESCRIPTION},
-        {NAME + L"\\CLSID", L"", CLASS_ID},
-        {NAME + L"\\CurVer", L"", VERSIONED_NAME},
-        {VERSIONED_NAME, L"", DESCRIPTION},
-        {VERSIONED_NAME + L"\\CLSID", L"", CLASS_ID},
-        {strClass, L"", DESCRIPTION},
-        // The system adds words to it: without quotes a blank in the path would end the path.
-        {strClass + L"\\LocalServer32", L"", L"\"" + strProgramPath + L"\""},
-        {strClass + L"\\ProgID", L"", VERSIONED_NAME},
-        {strClass + L"\\VersionIndependentProgID", L"", NAME},
-        {strClass + L"\\TypeLib", L"", LIBRARY_ID},
-        {strClass + L"\\Version", L"", LIBRARY_VERSION},
-        {strClass + L"\\Programmable", L"", L""},
-        {strInterface, L"", L"IGUI"},
-        {strInterface + L"\\ProxyStubClsid32", L"", CARRIER_ID},
-        {strInterface + L"\\TypeLib", L"", LIBRARY_ID},
-        {strInterface + L"\\TypeLib", L"Version", LIBRARY_VERSION},
-        {strLibrary, L"", DESCRIPTION},
-        {strLibrary + L"\\FLAGS", L"", L"0"},
-        // The library reads the same from programs of both widths.
-        {strLibrary + L"\\0\\win32", L"", strProgramPath},
-        {strLibrary + L"\\0\\win64", L"", strProgramPath},
-    };
-}
-
-std::vector<RegistryTree> RegistrationTrees() {
-    return {{L"", NAME},
-            {L"", VERSIONED_NAME},
-            {L"CLSID", CLASS_ID},
-            {L"Interface", INTERFACE_ID},
-            {L"TypeLib", LIBRARY_ID}};
-}
-
-std::vector<std::wstring> RegistrationParents() {
-    return {L"CLSID", L"Interface", L"TypeLib", L"Wow6432Node", L""};
+    com::Registration All = RegistrationOf(GUI_CLASS, strProgramPath);
+    All.Values.insert(All.Values.end(),
+                      {
+                          {strClass + L"\\TypeLib", L"", LIBRARY_ID},
+                          {strClass + L"\\Version", L"", LIBRARY_VERSION},
+                          {strInterface, L"", L"IGUI"},
+                          {strInterface + L"\\ProxyStubClsid32", L"", CARRIER_ID},
+                          {strInterface + L"\\TypeLib", L"", LIBRARY_ID},
+                          {strInterface + L"\\TypeLib", L"Version", LIBRARY_VERSION},
+                          {strLibrary, L"", GUI_CLASS.strDescription},
+                          {strLibrary + L"\\FLAGS", L"", L"0"},
+                          // The library reads the same from programs of both widths.
+                          {strLibrary + L"\\0\\win32", L"", strProgramPath},
+                          {strLibrary + L"\\0\\win64", L"", strProgramPath},
+                      });
+    All.Trees.insert(All.Trees.end(), {{L"Interface", INTERFACE_ID}, {L"TypeLib", LIBRARY_ID}});
+    All.Parents = {L"CLSID", L"Interface", L"TypeLib", L"Wow6432Node", L""};
+    return All;
 }
 
 std::wstring RegistrationFailure(const StartOrder& Order, const std::wstring& strReason) {

@@ -16,7 +16,6 @@ set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/taviro.rc
 # The COM face of the automation object, and the type library as a resource.
 taviro_sources(automation_win32 automation/win32)
 taviro_use_gui_interface(automation_win32)
-target_link_libraries(automation_win32 INTERFACE ole32 oleaut32 advapi32)
 set_source_files_properties(${PROJECT_SOURCE_DIR}/automation/win32/gui.rc PROPERTIES
     INCLUDE_DIRECTORIES ${TAVIRO_GUI_FOLDER} OBJECT_DEPENDS ${TAVIRO_GUI_FOLDER}/gui.tlb)
 

@@ -5,10 +5,11 @@
 
 #include <string>
 
+#include "win32/com/registration.h"
+
 namespace taviro::predictor {
 
-/// For whom the server is registered. The machine's registry takes an administrator.
-enum class Scope { User, Machine };
+using Scope = com::RegistrationScope;
 
 enum class OrderKind {
     Explain,  ///< no word at all: the user gets to know what there is

@@ -4,7 +4,7 @@
 #include <new>
 
 #include "automation/win32/late_call.h"
-#include "platform/win32/program_path.h"
+#include "win32/com/program_path.h"
 
 namespace taviro::automation {
 
@@ -70,8 +70,7 @@ ULONG GuiObject::Release() noexcept {
 HRESULT GuiObject::LoadInfo() {
     if (m_pInfo != nullptr) return S_OK;
     ITypeLib* pLibrary = nullptr;
-    const HRESULT nLoaded =
-        LoadTypeLibEx(platform::win32::ProgramPath().c_str(), REGKIND_NONE, &pLibrary);
+    const HRESULT nLoaded = LoadTypeLibEx(com::ProgramPath().c_str(), REGKIND_NONE, &pLibrary);
     if (FAILED(nLoaded)) return nLoaded;
     const HRESULT nFound = pLibrary->GetTypeInfoOfGuid(__uuidof(IGUI), &m_pInfo);
     pLibrary->Release();

@@ -5,9 +5,9 @@
 
 #include <objbase.h>
 
-#include "automation/win32/access.h"
 #include "automation/win32/gui_object.h"
 #include "platform/messages.h"
+#include "win32/com/access.h"
 
 namespace taviro::automation {
 
@@ -72,7 +72,7 @@ void AwaitClients() {
 }  // namespace
 
 bool OpenGuiServer() {
-    if (!RestrictAccess()) return false;
+    if (!com::RestrictAccess()) return false;
     Server.bOffered = SUCCEEDED(CoRegisterClassObject(
         __uuidof(::GUI), &Server.Maker, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &Server.nOffer));
     return Server.bOffered;

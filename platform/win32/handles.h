@@ -8,18 +8,12 @@
 #include <memory>
 #include <type_traits>
 
+#include "win32/com/handles.h"
+
 namespace taviro::platform::win32 {
 
-struct HandleCloser {
-    void operator()(HANDLE h) const { static_cast<void>(CloseHandle(h)); }
-};
-/// A kernel object whose creation gives null on failure.
-using UniqueHandle = std::unique_ptr<void, HandleCloser>;
-
-/// The same for calls that give INVALID_HANDLE_VALUE on failure: null then.
-inline UniqueHandle OwnUnlessInvalid(HANDLE h) {
-    return UniqueHandle(h == INVALID_HANDLE_VALUE ? nullptr : h);
-}
+using com::OwnUnlessInvalid;
+using com::UniqueHandle;
 
 struct FindCloser {
     void operator()(HANDLE h) const { static_cast<void>(FindClose(h)); }

@@ -10,7 +10,7 @@
 
 #include "platform/win32/handles.h"
 #include "platform/win32/numbers.h"
-#include "platform/win32/program_path.h"
+#include "win32/com/program_path.h"
 
 namespace taviro::platform {
 
@@ -49,7 +49,7 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
 }
 
 std::wstring ProgramFolder() {
-    const std::wstring strPath = win32::ProgramPath();
+    const std::wstring strPath = com::ProgramPath();
     return strPath.substr(0, std::min(strPath.rfind(L'\\'), strPath.size()));
 }
 

@@ -7,7 +7,7 @@
 
 #include <atomic>
 
-#include "predictor/win32/handles.h"
+#include "win32/com/handles.h"
 
 namespace taviro::predictor {
 
@@ -36,8 +36,8 @@ class Lifetime {
 
   private:
     std::atomic<long> m_nHolds = 0;
-    UniqueHandle m_hIdle;
-    UniqueHandle m_hSave;
+    com::UniqueHandle m_hIdle;
+    com::UniqueHandle m_hSave;
 };
 
 }  // namespace taviro::predictor

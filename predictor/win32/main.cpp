@@ -5,30 +5,37 @@
 #include <cstdlib>
 
 #include "predictor/order.h"
-#include "predictor/win32/console.h"
-#include "predictor/win32/registry.h"
+#include "predictor/registration.h"
 #include "predictor/win32/server.h"
 #include "predictor/win32/store_owner.h"
+#include "win32/com/console.h"
+#include "win32/com/program_path.h"
+#include "win32/com/registry.h"
 
 namespace {
 
 using namespace taviro::predictor;
+namespace com = taviro::com;
 
 constexpr int WRONG_ARGUMENTS = 2;
 
 int Finish(const Order& Done, const std::wstring& strReason) {
     if (strReason.empty()) return EXIT_SUCCESS;
     static_cast<void>(
-        TellUser(FailureText(Done, strReason) + L"\n"));  // the exit code tells it too
+        com::WriteToUser(FailureText(Done, strReason) + L"\n"));  // the exit code tells it too
     return EXIT_FAILURE;
 }
 
 // With a click there is no console to write to, and something must be seen.
 int Explain() {
-    if (!TellUser(Usage())) {
+    if (!com::WriteToUser(Usage())) {
         static_cast<void>(MessageBoxW(nullptr, Usage().c_str(), L"Presager", MB_OK));
     }
     return EXIT_SUCCESS;
+}
+
+com::Registration Entries() {
+    return DictionaryRegistration(com::ProgramPath());
 }
 
 int CarryOut(const Order& Given, const std::wstring& strArguments) {
@@ -38,12 +45,12 @@ int CarryOut(const Order& Given, const std::wstring& strArguments) {
         case OrderKind::Serve:
             return Serve();
         case OrderKind::Register: {
-            const long nResult = RegisterServer(Given.nScope);
-            return Finish(Given, nResult == 0 ? L"" : ReasonOf(nResult));
+            const long nResult = com::Register(Given.nScope, Entries());
+            return Finish(Given, nResult == 0 ? L"" : com::ReasonOf(nResult));
         }
         case OrderKind::Unregister: {
-            const long nResult = UnregisterServer(Given.nScope);
-            return Finish(Given, nResult == 0 ? L"" : ReasonOf(nResult));
+            const long nResult = com::Unregister(Given.nScope, Entries());
+            return Finish(Given, nResult == 0 ? L"" : com::ReasonOf(nResult));
         }
         case OrderKind::Forget: {
             std::wstring strReason;
@@ -52,7 +59,7 @@ int CarryOut(const Order& Given, const std::wstring& strArguments) {
         case OrderKind::Unknown:
             break;
     }
-    static_cast<void>(TellUser(L"Neznámý příkaz: " + strArguments + L"\n" + Usage()));
+    static_cast<void>(com::WriteToUser(L"Neznámý příkaz: " + strArguments + L"\n" + Usage()));
     return WRONG_ARGUMENTS;
 }
 

@@ -6,18 +6,9 @@
 #include <array>
 #include <shlobj.h>
 
-namespace taviro::predictor {
+#include "win32/com/program_path.h"
 
-std::wstring ServerPath() {
-    std::wstring strPath(MAX_PATH, L'\0');
-    DWORD nLength = GetModuleFileNameW(nullptr, strPath.data(), MAX_PATH);
-    while (nLength == strPath.size()) {  // cut off: a longer path than the buffer
-        strPath.resize(strPath.size() * 2);
-        nLength = GetModuleFileNameW(nullptr, strPath.data(), static_cast<DWORD>(strPath.size()));
-    }
-    strPath.resize(nLength);
-    return strPath;
-}
+namespace taviro::predictor {
 
 std::filesystem::path UserFolder() {
     std::array<wchar_t, MAX_PATH> Found{};
@@ -30,7 +21,7 @@ std::filesystem::path UserFolder() {
 
 ServiceFiles FilesOfUser() {
     const std::filesystem::path Folder = UserFolder();
-    return {.Dictionary = std::filesystem::path(ServerPath()).parent_path() / L"czech.dict",
+    return {.Dictionary = std::filesystem::path(com::ProgramPath()).parent_path() / L"czech.dict",
             .Options = Folder / L"presager.ini",
             .Learned = Folder / L"learned.txt"};
 }

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Where the server and its files are.
+// Where the files of the server are.
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 #include "predictor/service.h"
 
 namespace taviro::predictor {
-
-/// The running server, with its own name.
-[[nodiscard]] std::wstring ServerPath();
 
 /// The user's folder of the server, in his roaming application data. It is not made. Empty when
 /// the system does not tell.

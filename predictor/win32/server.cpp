@@ -10,12 +10,13 @@
 
 #include "predictor/service.h"
 #include "predictor/utf8.h"
-#include "predictor/win32/access.h"
-#include "predictor/win32/console.h"
+#include "predictor/win32/complaint.h"
 #include "predictor/win32/dictionary_object.h"
 #include "predictor/win32/keyboard.h"
 #include "predictor/win32/places.h"
 #include "predictor/win32/store_owner.h"
+#include "win32/com/access.h"
+#include "win32/com/console.h"
 
 namespace taviro::predictor {
 
@@ -163,7 +164,7 @@ int Run(Service& Shared, Lifetime& Server, const ForgetSignals& Forgetting) {
     const HRESULT nOffered =
         CoRegisterClassObject(CLASS_ID, &Maker, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &nOffer);
     if (FAILED(nOffered)) {
-        Complain(L"The dictionary cannot be offered: " + ReasonOf(nOffered));
+        Complain(L"The dictionary cannot be offered: " + com::ReasonOf(nOffered));
         return EXIT_FAILURE;
     }
     MainLoop Loop(Shared, Server, Forgetting);
@@ -185,14 +186,14 @@ int Run(Service& Shared, Lifetime& Server, const ForgetSignals& Forgetting) {
 int Serve() {
     Lifetime& Server = *new Lifetime;
     if (!Server.IsReady() || FAILED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) ||
-        !RestrictAccess()) {
+        !com::RestrictAccess()) {
         Complain(L"The dictionary cannot be offered.");
         return EXIT_FAILURE;
     }
     const ServiceFiles Files = FilesOfUser();
     // First the signals: an order to forget that finds none deletes the file before it is read.
     const ForgetSignals Forgetting = OfferForgetting();
-    const UniqueHandle hStore = HoldStore(Files.Learned.parent_path());
+    const com::UniqueHandle hStore = HoldStore(Files.Learned.parent_path());
     if (hStore == nullptr) {
         Complain(L"learned.txt: Another server keeps the file; new words are not saved.");
     }

@@ -21,8 +21,8 @@ constexpr DWORD SERVER_ANSWERS_MS = 5000;
 
 // Returns false when no server runs, or when it does not answer.
 bool ServerForgets() {
-    const UniqueHandle hWanted(OpenEventW(EVENT_MODIFY_STATE, FALSE, WANTED_NAME));
-    const UniqueHandle hDone(OpenEventW(SYNCHRONIZE, FALSE, DONE_NAME));
+    const com::UniqueHandle hWanted(OpenEventW(EVENT_MODIFY_STATE, FALSE, WANTED_NAME));
+    const com::UniqueHandle hDone(OpenEventW(SYNCHRONIZE, FALSE, DONE_NAME));
     if (hWanted == nullptr || hDone == nullptr) return false;
     // An answer that came too late for an earlier order would be taken for that to this one.
     static_cast<void>(WaitForSingleObject(hDone.get(), 0));
@@ -32,13 +32,13 @@ bool ServerForgets() {
 
 }  // namespace
 
-UniqueHandle HoldStore(const std::filesystem::path& Folder) {
+com::UniqueHandle HoldStore(const std::filesystem::path& Folder) {
     std::error_code Ignored;  // the file tells whether the folder is there
     std::filesystem::create_directories(Folder, Ignored);
     const std::filesystem::path File = Folder / L"presager.lock";
     const DWORD nStart = GetTickCount();
     for (;;) {
-        UniqueHandle hHeld = OwnUnlessInvalid(CreateFileW(
+        com::UniqueHandle hHeld = com::OwnUnlessInvalid(CreateFileW(
             File.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
             FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
         const DWORD nError = GetLastError();
@@ -49,8 +49,8 @@ UniqueHandle HoldStore(const std::filesystem::path& Folder) {
 }
 
 ForgetSignals OfferForgetting() {
-    return {.hWanted = UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, WANTED_NAME)),
-            .hDone = UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, DONE_NAME))};
+    return {.hWanted = com::UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, WANTED_NAME)),
+            .hDone = com::UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, DONE_NAME))};
 }
 
 bool ForgetLearned(std::wstring& strReason) {
@@ -59,7 +59,7 @@ bool ForgetLearned(std::wstring& strReason) {
     std::error_code Error;
     if (!std::filesystem::exists(Folder, Error) && !Error) return true;
     // A server that was just ending when it was asked has ended by now.
-    const UniqueHandle hStore = HoldStore(Folder);
+    const com::UniqueHandle hStore = HoldStore(Folder);
     if (hStore == nullptr) {
         strReason = L"drží je jiný spuštěný slovník, který neodpovídá.";
         return false;

@@ -6,19 +6,19 @@
 #include <filesystem>
 #include <string>
 
-#include "predictor/win32/handles.h"
+#include "win32/com/handles.h"
 
 namespace taviro::predictor {
 
 /// Takes hold of the folder of learned words, which is made if need be: a file in it that no other
 /// process can open and that goes when its holder ends or dies. A holder that is just ending is
 /// waited for. Null when somebody else keeps it, or when the folder cannot be made.
-[[nodiscard]] UniqueHandle HoldStore(const std::filesystem::path& Folder);
+[[nodiscard]] com::UniqueHandle HoldStore(const std::filesystem::path& Folder);
 
 /// What a running server listens to. All null when the system refuses.
 struct ForgetSignals {
-    UniqueHandle hWanted;  ///< set by the order
-    UniqueHandle hDone;    ///< set by the server when it has forgotten
+    com::UniqueHandle hWanted;  ///< set by the order
+    com::UniqueHandle hDone;    ///< set by the server when it has forgotten
 };
 [[nodiscard]] ForgetSignals OfferForgetting();
 

@@ -38,8 +38,13 @@ TEST(CommandLine, IsUnderstood) {
 
 const std::wstring PROGRAM = L"C:\\Program Files\\Můj Taviro\\taviro.exe";
 
+const com::Registration& Entries() {
+    static const com::Registration ALL = GuiRegistration(PROGRAM);
+    return ALL;
+}
+
 std::wstring TextOf(const std::wstring& strKey, const std::wstring& strName = L"") {
-    for (const RegistryValue& Value : RegistrationValues(PROGRAM)) {
+    for (const com::RegistryValue& Value : Entries().Values) {
         if (Value.strKey == strKey && Value.strName == strName) return Value.strText;
     }
     return L"(none)";
@@ -61,15 +66,15 @@ TEST(Registration, ClassLeadsToTheLibraryInsideTheProgram) {
     EXPECT_EQ(TextOf(strLibrary + L"\\0\\win64"), PROGRAM);
 }
 
-bool IsWithin(const std::wstring& strKey, const RegistryTree& Tree) {
+bool IsWithin(const std::wstring& strKey, const com::RegistryTree& Tree) {
     const std::wstring strTop =
         Tree.strParent.empty() ? Tree.strKey : Tree.strParent + L"\\" + Tree.strKey;
     return strKey == strTop || strKey.starts_with(strTop + L"\\");
 }
 
 TEST(Registration, EveryKey_IsRemovedByUnregistering) {
-    for (const RegistryValue& Value : RegistrationValues(PROGRAM)) {
-        const auto Trees = RegistrationTrees();
+    for (const com::RegistryValue& Value : Entries().Values) {
+        const auto& Trees = Entries().Trees;
         EXPECT_EQ(std::count_if(Trees.begin(), Trees.end(),
                                 [&](const auto& Tree) { return IsWithin(Value.strKey, Tree); }),
                   1);
@@ -77,14 +82,14 @@ TEST(Registration, EveryKey_IsRemovedByUnregistering) {
 }
 
 TEST(Registration, Trees_AreNeverKeysOfOthers) {
-    for (const RegistryTree& Tree : RegistrationTrees()) {
+    for (const com::RegistryTree& Tree : Entries().Trees) {
         EXPECT_TRUE(Tree.strKey.starts_with(L"Taviro.GUI") || Tree.strKey.starts_with(L"{"));
         EXPECT_EQ(Tree.strKey.find(L'\\'), std::wstring::npos);
     }
 }
 
 TEST(Registration, NoPermission_IsOpened) {
-    for (const RegistryValue& Value : RegistrationValues(PROGRAM)) {
+    for (const com::RegistryValue& Value : Entries().Values) {
         EXPECT_FALSE(Value.strKey.starts_with(L"AppID"));
         for (const wchar_t* szName :
              {L"AppID", L"AccessPermission", L"LaunchPermission", L"RunAs", L"RemoteServerName"}) {

@@ -63,8 +63,13 @@ TEST(PredictorOrder, Failure_TellsWhatAndWhy) {
 
 const std::wstring SERVER = L"C:\\Program Files\\Můj Taviro\\presager.exe";
 
+const com::Registration& Entries() {
+    static const com::Registration ALL = DictionaryRegistration(SERVER);
+    return ALL;
+}
+
 std::wstring TextOf(const std::wstring& strKey) {
-    for (const RegistryValue& Value : RegistrationValues(SERVER)) {
+    for (const com::RegistryValue& Value : Entries().Values) {
         if (Value.strKey == strKey) return Value.strText;
     }
     return L"(none)";
@@ -80,9 +85,9 @@ TEST(PredictorRegistration, Name_LeadsToTheServerWhosePathIsQuoted) {
 }
 
 TEST(PredictorRegistration, EveryKey_GoesWithOneOfTheTrees) {
-    for (const RegistryValue& Value : RegistrationValues(SERVER)) {
-        const std::vector<RegistryTree> Trees = RegistrationTrees();
-        EXPECT_TRUE(std::any_of(Trees.begin(), Trees.end(), [&](const RegistryTree& Tree) {
+    for (const com::RegistryValue& Value : Entries().Values) {
+        const std::vector<com::RegistryTree>& Trees = Entries().Trees;
+        EXPECT_TRUE(std::any_of(Trees.begin(), Trees.end(), [&](const com::RegistryTree& Tree) {
             const std::wstring strTree =
                 Tree.strParent.empty() ? Tree.strKey : Tree.strParent + L"\\" + Tree.strKey;
             return Value.strKey == strTree || Value.strKey.starts_with(strTree + L"\\");

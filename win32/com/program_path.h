@@ -4,8 +4,8 @@
 
 #include <string>
 
-namespace taviro::platform::win32 {
+namespace taviro::com {
 
-std::wstring ProgramPath();
+[[nodiscard]] std::wstring ProgramPath();
 
-}  // namespace taviro::platform::win32
+}  // namespace taviro::com

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "predictor/win32/access.h"
+#include "win32/com/access.h"
 
 #include <windows.h>
 
@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <objbase.h>
 
-#include "predictor/win32/handles.h"
+#include "win32/com/handles.h"
 
-namespace taviro::predictor {
+namespace taviro::com {
 
 namespace {
 
@@ -65,4 +65,4 @@ bool RestrictAccess() {
                                           nullptr, EOAC_NONE, nullptr));
 }
 
-}  // namespace taviro::predictor
+}  // namespace taviro::com

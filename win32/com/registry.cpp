@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "predictor/win32/registry.h"
+#include "win32/com/registry.h"
 
 #include <windows.h>
 
 #include <array>
 #include <memory>
 #include <string>
+#include <type_traits>
 
-#include "predictor/registration.h"
-#include "predictor/win32/places.h"
-
-namespace taviro::predictor {
+namespace taviro::com {
 
 namespace {
 
@@ -23,8 +21,8 @@ struct KeyCloser {
 };
 using UniqueKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 
-HKEY RootOf(Scope nScope) {
-    return nScope == Scope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+HKEY RootOf(RegistrationScope nScope) {
+    return nScope == RegistrationScope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
 }
 
 std::wstring PathOf(const std::wstring& strKey) {
@@ -38,7 +36,7 @@ LSTATUS WriteValue(HKEY hRoot, REGSAM nView, const RegistryValue& Value) {
     if (nMade != ERROR_SUCCESS) return nMade;
     const UniqueKey hKey(hMade);
     const auto nBytes = static_cast<DWORD>((Value.strText.size() + 1) * sizeof(wchar_t));
-    return RegSetValueExW(hKey.get(), nullptr, 0, REG_SZ,
+    return RegSetValueExW(hKey.get(), Value.strName.c_str(), 0, REG_SZ,
                           reinterpret_cast<const BYTE*>(Value.strText.c_str()), nBytes);
 }
 
@@ -69,41 +67,43 @@ bool IsEmpty(HKEY hRoot, REGSAM nView, const std::wstring& strPath) {
            nKeys == 0 && nValues == 0;
 }
 
+void RemoveIfEmpty(HKEY hRoot, REGSAM nView, const std::wstring& strPath) {
+    // Left where the system refuses: an empty key of its own harms nobody.
+    if (IsEmpty(hRoot, nView, strPath)) {
+        static_cast<void>(RegDeleteKeyExW(hRoot, strPath.c_str(), nView, 0));
+    }
+}
+
 }  // namespace
 
-long UnregisterServer(Scope nScope) {
+long Unregister(RegistrationScope nScope, const Registration& Entries) {
     const HKEY hRoot = RootOf(nScope);
     LSTATUS nResult = ERROR_SUCCESS;
     for (const REGSAM nView : VIEWS) {
-        for (const RegistryTree& Tree : RegistrationTrees()) {
+        for (const RegistryTree& Tree : Entries.Trees) {
             const LSTATUS nRemoved = RemoveTree(hRoot, nView, Tree);
             if (nResult == ERROR_SUCCESS) nResult = nRemoved;
         }
     }
     // The machine's registry always has these keys, and they are never empty.
-    if (nScope == Scope::Machine) return nResult;
-    for (const std::wstring& strKey : RegistrationParents()) {
-        for (const REGSAM nView : VIEWS) {
-            // Left where the system refuses: an empty key of its own harms nobody.
-            if (IsEmpty(hRoot, nView, PathOf(strKey))) {
-                static_cast<void>(RegDeleteKeyExW(hRoot, PathOf(strKey).c_str(), nView, 0));
-            }
-        }
+    if (nScope == RegistrationScope::Machine) return nResult;
+    for (const std::wstring& strKey : Entries.Parents) {
+        for (const REGSAM nView : VIEWS)
+            RemoveIfEmpty(hRoot, nView, PathOf(strKey));
     }
     return nResult;
 }
 
-long RegisterServer(Scope nScope) {
-    const std::wstring strPath = ServerPath();
+long Register(RegistrationScope nScope, const Registration& Entries) {
     for (const REGSAM nView : VIEWS) {
-        for (const RegistryValue& Value : RegistrationValues(strPath)) {
+        for (const RegistryValue& Value : Entries.Values) {
             const LSTATUS nResult = WriteValue(RootOf(nScope), nView, Value);
             if (nResult == ERROR_SUCCESS) continue;
-            static_cast<void>(UnregisterServer(nScope));  // the first failure is what counts
+            static_cast<void>(Unregister(nScope, Entries));  // the first failure is what counts
             return nResult;
         }
     }
     return ERROR_SUCCESS;
 }
 
-}  // namespace taviro::predictor
+}  // namespace taviro::com

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/win32/program_path.h"
+#include "win32/com/program_path.h"
 
 #include <windows.h>
 
-namespace taviro::platform::win32 {
+namespace taviro::com {
 
 std::wstring ProgramPath() {
     std::wstring strPath(MAX_PATH, L'\0');
@@ -16,4 +16,4 @@ std::wstring ProgramPath() {
     return strPath;
 }
 
-}  // namespace taviro::platform::win32
+}  // namespace taviro::com

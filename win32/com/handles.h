@@ -7,7 +7,7 @@
 
 #include <memory>
 
-namespace taviro::predictor {
+namespace taviro::com {
 
 struct HandleCloser {
     void operator()(HANDLE h) const { static_cast<void>(CloseHandle(h)); }
@@ -20,4 +20,4 @@ inline UniqueHandle OwnUnlessInvalid(HANDLE h) {
     return UniqueHandle(h == INVALID_HANDLE_VALUE ? nullptr : h);
 }
 
-}  // namespace taviro::predictor
+}  // namespace taviro::com
