@@ -11,6 +11,7 @@
 #include "platform/sound.h"
 #include "platform/text.h"
 #include "state/mode_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
@@ -18,29 +19,13 @@ namespace {
 
 using forms::FrmMain;
 
-constexpr wchar_t SEGMENT_END = L';';
-constexpr wchar_t LABEL_END = L',';
 constexpr int32_t LEAST_HEIGHT = 96;  // pixels: six lines of the list's font
-constexpr int32_t VK_DOWN = 40;
-constexpr int32_t VK_RIGHT = 39;
 
-ChoiceEntry EntryOf(std::wstring_view strSegment) {
-    const auto nComma = strSegment.find(LABEL_END);
-    ChoiceEntry Entry{.strLabel = std::wstring(strSegment.substr(0, nComma)), .strCommand = {}};
-    if (nComma != std::wstring_view::npos) Entry.strCommand = strSegment.substr(nComma + 1);
-    return Entry;
-}
-
-// Every segment takes a row of the entries, an empty one an empty row; only the others are shown.
 void FillList(std::wstring_view strText) {
-    ChoiceList.Entries.assign(1, ChoiceEntry{});
+    ChoiceList.Entries = ParseList(strText);
     std::vector<std::wstring> Labels;
-    for (auto nEnd = strText.find(SEGMENT_END); nEnd != std::wstring_view::npos;
-         nEnd = strText.find(SEGMENT_END)) {
-        strText.remove_prefix(nEnd + 1);
-        const std::wstring_view strSegment = strText.substr(0, strText.find(SEGMENT_END));
-        ChoiceList.Entries.push_back(EntryOf(strSegment));
-        if (!strSegment.empty()) Labels.push_back(ChoiceList.Entries.back().strLabel);
+    for (const ChoiceEntry& Entry : ChoiceList.Entries) {
+        if (Entry.bShown) Labels.push_back(Entry.strLabel);
     }
     FrmMain->List1.Items = Labels;
 }
@@ -56,15 +41,6 @@ void PlaceList() {
 
 std::wstring SelectedText() {
     return FrmMain->List1.ItemText(FrmMain->List1.ListIndex);
-}
-
-void LaunchEntry(const std::wstring& strCommand) {
-    const auto nOpen = strCommand.find(L'(');
-    if (nOpen == std::wstring::npos) return Launch(strCommand, {});
-    const auto nClose = strCommand.find(L')');
-    const bool bArguments = nClose != std::wstring::npos && nClose > nOpen;
-    Launch(strCommand.substr(0, nOpen),
-           bArguments ? strCommand.substr(nOpen + 1, nClose - nOpen - 1) : std::wstring{});
 }
 
 }  // namespace
@@ -88,7 +64,7 @@ void ShowList(const std::wstring& strText) {
 
 void ListMove(int32_t nVk) {
     auto& List = FrmMain->List1;
-    const bool bNext = nVk == VK_DOWN || nVk == VK_RIGHT;
+    const bool bNext = nVk == KeyCode::Down || nVk == KeyCode::Right;
     const int32_t nWanted = List.ListIndex + (bNext ? 1 : -1);
     if (nWanted >= 0 && nWanted < List.ListCount()) {
         List.ListIndex = nWanted;
@@ -110,7 +86,8 @@ void ListAccept() {
             TypeChosenText(std::wstring(platform::TrimBlanks(Entry.strLabel)),
                            strRow.ends_with(L' '), ChoiceList.bCompletions);
         } else {
-            LaunchEntry(strCommand);
+            const ProgramCall Call = LaunchOfEntry(strCommand);
+            Launch(Call.strProgram, Call.strArguments);
         }
     }
     HideList();

@@ -14,12 +14,9 @@
 #include <string>
 #include <vector>
 
-namespace taviro {
+#include "vocabulary/list_text.h"
 
-struct ChoiceEntry {
-    std::wstring strLabel;
-    std::wstring strCommand;  ///< empty: the label is text to type
-};
+namespace taviro {
 
 struct ChoiceListState {
     std::vector<ChoiceEntry> Entries;  ///< one row per segment; row 0 is the hidden first segment
@@ -28,17 +25,16 @@ struct ChoiceListState {
 };
 inline ChoiceListState ChoiceList;
 
-/// Fills and shows the list from segments separated by ";", each a label or "label,command"; the
-/// first segment is a title and not shown. Nothing happens when the list is open already.
+/// Fills and shows the list from a list's text (list_text.h). Nothing happens when the list is open
+/// already.
 void ShowList(const std::wstring& strText);
 
-/// Moves the selection: Down (40) and Right (39) to the next, any other key to the previous entry;
+/// Moves the selection: the keys Down and Right to the next, any other to the previous entry;
 /// at either end it stays and beeps. Announces the selected entry.
 void ListMove(int32_t nVk);
 
-/// Carries out the selected entry and closes the list; without a selection only closes it. The
-/// command of an entry is a program, its arguments in parentheses; a text goes out in key-sequence
-/// notation, followed by a blank if its label ends in one.
+/// Carries out the selected entry and closes the list; without a selection only closes it. A
+/// text goes out in key-sequence notation, followed by a blank if its label ends in one.
 void ListAccept();
 
 /// Closes the list and gives the status line its place back.

@@ -2,27 +2,22 @@
 #include "actions/command_action.h"
 
 #include "actions/choice_list.h"
-#include "actions/foreground_watch.h"
 #include "actions/key_synthesis.h"
+#include "actions/mode_transitions.h"
 #include "actions/prediction.h"
-#include "feedback/announce.h"
 #include "feedback/speech.h"
 #include "maps/map_grid.h"
 #include "maps/map_window.h"
 #include "settings/button_table.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
-#include "state/mode_state.h"
+#include "vocabulary/action_code.h"
+#include "vocabulary/command.h"
 
 namespace taviro {
 
 namespace {
 
-constexpr wchar_t PREFIX_ARROW = L'|';
-constexpr wchar_t PREFIX_APPLICATION = L'>';
-constexpr wchar_t PREFIX_SELECT = L'<';
-constexpr wchar_t LIST_MARK = L'*';
-constexpr wchar_t COLUMN_MARK = L'^';
 constexpr int32_t RESET_ON = 1;
 
 // A command text and an action code, wherever they came from. Copies: a mode prefix may load
@@ -45,51 +40,15 @@ TriggeredAction FetchAction(int32_t nIndex) {
     return {.strCommand = Button.Command, .nCode = Button.Code};
 }
 
-void EnterArrowByPrefix() {
-    if (Modes.bArrowMode) return;
-    Announce(L"mode_arrow");
-    Modes.Set(Mode::Arrow);
-}
-
-void EnterApplicationByPrefix() {
-    if (Modes.bAppMode) return;
-    Announce(L"mode_app");
-    Modes.Set(Mode::Application);
-    CheckForegroundApp(true);
-}
-
-void EnterSelectionByPrefix() {
-    if (Modes.bSelectMode) return;
-    Announce(L"mode_select");
-    Cursor.Restore();
-    Modes.Set(Mode::Select);
-    ShowMap(true);
-}
-
-// Carries out a mode prefix and removes it; only the first character is one.
-void TakeModePrefix(std::wstring& strCommand) {
-    const wchar_t nFirst = strCommand.empty() ? L'\0' : strCommand.front();
-    if (nFirst != PREFIX_ARROW && nFirst != PREFIX_APPLICATION && nFirst != PREFIX_SELECT) return;
-    strCommand.erase(0, 1);
-    if (nFirst == PREFIX_ARROW) EnterArrowByPrefix();
-    if (nFirst == PREFIX_APPLICATION) EnterApplicationByPrefix();
-    if (nFirst == PREFIX_SELECT) EnterSelectionByPrefix();
-}
-
-void LaunchCommand(const std::wstring& strCommand) {
-    std::wstring strPlain = strCommand;
-    std::erase(strPlain, COLUMN_MARK);
-    const auto nColon = strPlain.find(L':');
-    if (nColon == std::wstring::npos || strPlain.find(L'"') != std::wstring::npos) {
-        return Launch(strPlain, {});
+void ExecuteCommand(const Command& Wanted) {
+    switch (Wanted.nKind) {
+        case CommandKind::List:
+            return ShowList(Wanted.strText);
+        case CommandKind::Launch: {
+            const ProgramCall Call = LaunchOf(Wanted);
+            return Launch(Call.strProgram, Call.strArguments);
+        }
     }
-    // The arguments belong to the program: a "^" in them stays.
-    Launch(strPlain.substr(0, nColon), strCommand.substr(strCommand.find(L':') + 1));
-}
-
-void ExecuteCommand(const std::wstring& strCommand) {
-    if (strCommand.starts_with(LIST_MARK)) return ShowList(strCommand);
-    LaunchCommand(strCommand);
 }
 
 // The two settings cross over: resetting the column sends the highlight to the first row, and the
@@ -107,21 +66,23 @@ void ResetCursor() {
 
 void CommandAction(int32_t nIndex) {
     SpeakIt(L"");
-    TriggeredAction Action = FetchAction(nIndex);
-    TakeModePrefix(Action.strCommand);
-    const ActionCode Code = DecodeActionCode(Action.nCode);
+    const TriggeredAction Action = FetchAction(nIndex);
+    const Command Wanted = ParseCommand(Action.strCommand);
+    ModeEvent nEvent{};
+    if (EventOfMark(Wanted.nMode, nEvent)) ChangeMode(nEvent);
+    const ActionCode Code = ParseActionCode(Action.nCode);
     if (Code.nKey >= 1) {
         PressActionCode(Action.nCode);
         if (IsShiftDelete(Code)) return;  // it cuts text out: neither typing nor a step in the map
     } else {
-        ExecuteCommand(Action.strCommand);
+        ExecuteCommand(Wanted);
     }
     if (nIndex == CELL_UNDER_CURSOR) ResetCursor();
-    if (Action.strCommand.find(COLUMN_MARK) != std::wstring::npos) {
+    if (Wanted.bResetsColumn) {
         Cursor.nColumn = 1;
         SetHi(Cursor.nColumn, Cursor.nRow);
     }
-    UpdatePrediction(Code.nKey, Code.nModifiers, Code.nKind);
+    UpdatePrediction(Code.nKey, Code.nModifiers, WholeKind(Code));
 }
 
 }  // namespace taviro

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a triggered cell or button does: switch mode, press a key, open a choice list or launch a
-// program, then move the highlight back if the settings say so. This is the one definition of the
-// command texts; maps, settings and dialogs only store them.
-//
-//   |  >  <      first character: arrow, application, selection mode; the rest is carried out
-//   *T;a,b;c     choice list with the entries a (launches b) and c (typed)
-//   p:arguments  launches p with arguments; a text with a double quote is not split
-//   \p           p is in the program's folder
-//   ^            anywhere: the highlight goes to column 1 afterwards
+// program, then move the highlight back if the settings say so. What its code and its command text
+// mean stands in vocabulary/.
 #pragma once
 
 #include <cstdint>

@@ -9,46 +9,35 @@
 #include "actions/prediction.h"
 #include "platform/keys.h"
 #include "platform/text.h"
+#include "vocabulary/action_code.h"
+#include "vocabulary/key_code.h"
+#include "vocabulary/key_sequence_text.h"
+#include "vocabulary/list_text.h"
 
 namespace taviro {
 
 namespace {
 
-constexpr wchar_t HELD_MARK = L'*';
-constexpr uint16_t VK_BACKSPACE = 8;
-constexpr uint16_t VK_CAPS_LOCK = 20;
-constexpr std::wstring_view NOTATION = L"+^%~{";
-
-// Letters that are typed after a dead key, by the action codes of the cells for them.
-struct DeadKeyLetter {
-    wchar_t nLetter;
-    int32_t nCode;
-};
-constexpr DeadKeyLetter DEAD_KEY_LETTERS[] = {
-    {L'ď', 3032}, {L'ň', 3049}, {L'ť', 3020}, {L'ó', 2024}};
-
 bool HasKey(wchar_t nLetter) {
     const std::string strByte = platform::ToAnsi(std::wstring(1, nLetter));
     const bool bSame = platform::FromAnsi(strByte) == std::wstring(1, nLetter);
-    return bSame && platform::VkKeyScanAnsi(static_cast<uint8_t>(strByte.front())) != -1;
+    return bSame && platform::VkKeyScanAnsi(static_cast<uint8_t>(strByte.front())) !=
+                        platform::LAYOUT_NO_KEY;
 }
 
 // The action code that types a letter for which the layout has no key, 0 when there is none.
 int32_t DeadKeyCode(wchar_t nLetter) {
-    const auto* pFound =
-        std::find_if(std::begin(DEAD_KEY_LETTERS), std::end(DEAD_KEY_LETTERS),
-                     [&](const DeadKeyLetter& Known) { return Known.nLetter == nLetter; });
-    return pFound == std::end(DEAD_KEY_LETTERS) || HasKey(nLetter) ? 0 : pFound->nCode;
-}
-
-bool IsPlainText(std::wstring_view strText) {
-    return strText.find_first_of(NOTATION) == std::wstring_view::npos;
+    const auto Letters = ComposedLetters();
+    const auto Found =
+        std::find_if(Letters.begin(), Letters.end(),
+                     [&](const ComposedLetter& Known) { return Known.nLetter == nLetter; });
+    return Found == Letters.end() || HasKey(nLetter) ? 0 : ComposeActionCode(Found->Action);
 }
 
 // A chosen text has its own case, so Caps Lock that a cell turned on is turned off before it.
 void ReleaseCapsLock() {
     if (!Prediction.Standing.bCapsLock) return;
-    SendVirtualKey(VK_CAPS_LOCK);
+    SendVirtualKey(KeyCode::CapsLock);
     Prediction.Standing.bCapsLock = false;
 }
 
@@ -71,11 +60,10 @@ void SendText(const std::wstring& strText) {
 // The word that a label stands for; what is held follows.
 std::wstring TakeWord(std::wstring strLabel) {
     std::wstring& strHeld = Prediction.strSuffix;
-    if (!strLabel.ends_with(HELD_MARK)) {
+    if (!TakeHeldMark(strLabel)) {
         strHeld.clear();
         return strLabel;
     }
-    strLabel.pop_back();
     if (!strLabel.starts_with(strHeld)) strLabel += strHeld;
     strHeld = strLabel;
     return strLabel;
@@ -89,7 +77,7 @@ std::wstring MakeRoom(const std::wstring& strWord) {
     size_t nLeft = strStanding.size() - std::min(nCounted, strStanding.size());
     if (!strWord.starts_with(strStanding.substr(0, nLeft))) nLeft = 0;
     for (size_t n = nLeft; n < strStanding.size(); ++n)
-        SendVirtualKey(VK_BACKSPACE);
+        SendVirtualKey(KeyCode::Backspace);
     return strWord.substr(nLeft);
 }
 

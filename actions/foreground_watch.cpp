@@ -3,11 +3,8 @@
 
 #include <algorithm>
 
-#include "maps/app_positions.h"
-#include "maps/map_file.h"
-#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/text.h"
-#include "state/cursor_state.h"
 #include "state/program_state.h"
 
 namespace taviro {
@@ -49,18 +46,7 @@ std::wstring GetProcessName(uint32_t nProcess) {
 
 void CheckForegroundApp(bool bForce) {
     if (!NoticeChange(bForce)) return;
-    const std::wstring strName = GetProcessName(Foreground.nProcess);
-    SaveAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
-    Foreground.strCurrentAppName = strName;
-    // Without a name (the process has ended) there is no map; an empty one would mean the common.
-    if (!strName.empty() && LoadMap(strName)) {
-        ShowAppMap();
-        Foreground.AppMapName = strName;
-    } else if (Foreground.bAppMapShown) {
-        Cursor.Restore();
-        Foreground.strCurrentAppName.clear();
-        ShowMap(true);
-    }
+    FollowApplication(GetProcessName(Foreground.nProcess));
 }
 
 void ForgetForegroundApp() {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Types a text in key-sequence notation into the program in front: plain characters, "+", "^" and
-// "%" for Shift, Ctrl and Alt, names of keys in braces with an optional count.
+// Types a text in key-sequence notation (key_sequence_text.h) into the program in front.
 #pragma once
 
 #include <array>

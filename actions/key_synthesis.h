@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The lowest layer of output: key presses, typed characters and mouse clicks as exact sequences of
-// input events, and the decoding of the numeric action code of a cell or button. Stateless; each
-// operation sends its events before it returns.
+// input events, and the events of an action code in their order. Stateless; each operation sends
+// its events before it returns.
 #pragma once
 
 #include <cstdint>
 
 namespace taviro {
-
-/// An action code taken apart (truncating division; the sign follows the code).
-struct ActionCode {
-    int32_t nModifiers;  ///< code / 10000: 1 Shift, 2 Ctrl, 4 Alt; exactly 9 the Windows key
-    int32_t nKind;       ///< code / 1000, modifiers included: kinds exist only without modifiers
-    int32_t nKey;        ///< code modulo 1000: virtual key, character or scan code
-};
-ActionCode DecodeActionCode(int32_t nCode);
-
-/// Whether the code is Shift+Delete, which is sent its own way.
-bool IsShiftDelete(const ActionCode& Action);
 
 // Each sends its records in one call and returns how many events the system took.
 uint32_t SendVirtualKey(uint16_t nVk);  ///< down and up

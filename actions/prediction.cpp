@@ -3,30 +3,22 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "actions/choice_list.h"
 #include "platform/keys.h"
 #include "platform/text.h"
 #include "state/mode_state.h"
+#include "vocabulary/action_code.h"
 
 namespace taviro {
 
 namespace {
 
-constexpr int32_t KIND_VIRTUAL_KEY = 0;
-constexpr int32_t KIND_CARON = 3;
-
-// Letters that a caron key types, by scan code; no other letter typed so is recognised.
-struct CaronLetter {
-    int32_t nScan;
-    wchar_t nLetter;
-};
-constexpr CaronLetter CARON_LETTERS[] = {{32, L'ď'}, {49, L'ň'}, {20, L'ť'}};
-
-// What ends a word: characters, and key numbers. The numbers stand for ! ( ) + - ? typed as
-// characters and for the virtual keys of the same numbers alike.
-constexpr std::array<wchar_t, 5> ENDING_CHARACTERS{L' ', L',', L'.', L';', L'\r'};
-constexpr std::array<int32_t, 6> ENDING_KEYS{33, 40, 41, 43, 45, 63};
+// What ends a word: characters, and key numbers. The numbers are those of the characters, and the
+// virtual keys of the same numbers end a word alike.
+constexpr std::wstring_view ENDING_CHARACTERS = L" ,.;\r";
+constexpr std::wstring_view ENDING_KEYS = L"!()+-?";
 
 KeyAnswer AnswerOfVk(int32_t nVk) {
     static constexpr std::array<uint8_t, 256> ALL_KEYS_UP{};
@@ -39,20 +31,26 @@ KeyAnswer AnswerOfVk(int32_t nVk) {
 }
 
 // The character that an action typed, 0 when it is not known.
-KeyAnswer TypedCharacter(int32_t nKey, int32_t nKind) {
-    if (nKind == KIND_VIRTUAL_KEY) return AnswerOfVk(nKey);
-    if (nKind != KIND_CARON) return {};
-    for (const CaronLetter& Letter : CARON_LETTERS) {
-        if (Letter.nScan == nKey) return {1, Letter.nLetter};
+KeyAnswer TypedCharacter(const ActionCode& Action) {
+    switch (KindOf(Action).nEffect) {
+        case WordEffect::LayoutCharacter:
+            return AnswerOfVk(Action.nKey);
+        case WordEffect::CaronLetter:
+            return {1, ComposedLetterOf(Action)};
+        case WordEffect::TypedCharacter:
+        case WordEffect::UnknownCharacter:
+        case WordEffect::ScannedKey:
+        case WordEffect::SilentKey:
+        case WordEffect::ModifiedKey:
+            break;
     }
     return {};
 }
 
 bool EndsWord(wchar_t nCharacter, int32_t nKey) {
-    const auto Holds = [](const auto& Values, auto nValue) {
-        return std::find(Values.begin(), Values.end(), nValue) != Values.end();
-    };
-    return Holds(ENDING_CHARACTERS, nCharacter) || Holds(ENDING_KEYS, nKey);
+    const auto IsKey = [&](wchar_t nEnding) { return nKey == static_cast<int32_t>(nEnding); };
+    return ENDING_CHARACTERS.find(nCharacter) != std::wstring_view::npos ||
+           std::any_of(ENDING_KEYS.begin(), ENDING_KEYS.end(), IsKey);
 }
 
 // The dictionary's answer to the typed prefix, in the choice list's format; empty when it has none.
@@ -75,8 +73,9 @@ std::wstring Completions() {
 
 }  // namespace
 
-void UpdatePrediction(int32_t nKey, int32_t nModifiers, int32_t nKind) {
-    const KeyAnswer Typed = TypedCharacter(nKey, nKind);
+void UpdatePrediction(int32_t nKey, int32_t /*nModifiers*/, int32_t nKind) {
+    const ActionCode Action = FromWholeKind(nKey, nKind);
+    const KeyAnswer Typed = TypedCharacter(Action);
     if (EndsWord(Typed.nCharacter, nKey)) {
         Prediction.strPrefix.clear();
         Prediction.strSuffix.clear();
@@ -84,7 +83,7 @@ void UpdatePrediction(int32_t nKey, int32_t nModifiers, int32_t nKind) {
     } else {
         Prediction.strPrefix += Typed.nCharacter;
         Prediction.strPrefix = std::wstring(platform::TrimBlanks(Prediction.strPrefix));
-        NoteAction(Prediction.Standing, nKey, nModifiers, nKind, Typed);
+        NoteAction(Prediction.Standing, Action, Typed);
     }
     if (Prediction.strPrefix.empty()) return;
     const std::wstring strList = Completions();

@@ -27,7 +27,7 @@ inline PredictionState Prediction;
 
 /// Takes an action into the current word, or ends the word, and opens the choice list with the
 /// completions that the dictionary has. Arguments are the parts of the action's code: key number,
-/// modifier digit (which does not matter to the prefix) and kind.
+/// modifier digit (which does not matter to the prefix) and whole kind.
 void UpdatePrediction(int32_t nKey, int32_t nModifiers, int32_t nKind);
 
 }  // namespace taviro

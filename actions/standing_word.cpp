@@ -6,35 +6,19 @@
 
 #include "platform/keys.h"
 #include "platform/text.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
 namespace {
 
-// Kinds of action codes, and the kinds with a modifier in front.
-constexpr int32_t KIND_VIRTUAL_KEY = 0;
-constexpr int32_t KIND_CHARACTER = 1;
-constexpr int32_t KIND_ACUTE = 2;
-constexpr int32_t KIND_CARON = 3;
-constexpr int32_t KIND_SCAN = 4;
-constexpr int32_t KIND_ALTGR = 5;
-constexpr int32_t MODIFIER_SHIFT = 1;
-constexpr int32_t FIRST_KIND_WITH_MODIFIER = 10;
-
 constexpr wchar_t BACKSPACE = 8;
 constexpr wchar_t FIRST_PRINTED = 32;
 
-// Page Up, Page Down, End, Home and the arrows.
-constexpr int32_t FIRST_MOVING_KEY = 33;
-constexpr int32_t LAST_MOVING_KEY = 40;
-
-constexpr uint32_t VK_TO_SCAN = 0;
-constexpr uint32_t VK_TO_CHARACTER = 2;
 constexpr uint32_t DEAD_KEY_BIT = 0x80000000;
 constexpr uint32_t CHARACTER_BITS = 0xFFFF;
-constexpr uint32_t SCAN_BYTE = 0xFF;
-constexpr int32_t VK_CAPS_LOCK = 20;
-constexpr int32_t NEEDS_ALTGR = 0x600;
+constexpr uint32_t LOW_BYTE = 0xFF;
+constexpr int32_t NEEDS_ALTGR = platform::LAYOUT_CTRL | platform::LAYOUT_ALT;
 
 void AppendCharacter(StandingWord& Word, wchar_t nCharacter) {
     Word.strText += Word.bDeadKey || Word.bCapsLock ? UNKNOWN_CHARACTER : nCharacter;
@@ -55,17 +39,19 @@ void TakeCharacter(StandingWord& Word, wchar_t nCharacter) {
 }
 
 void TakeKeyWithoutCharacter(StandingWord& Word, int32_t nVk) {
-    if (nVk == VK_CAPS_LOCK) Word.bCapsLock = !Word.bCapsLock;
-    if (nVk >= FIRST_MOVING_KEY && nVk <= LAST_MOVING_KEY) LosePlace(Word);
+    if (nVk == KeyCode::CapsLock) Word.bCapsLock = !Word.bCapsLock;
+    if (MovesTextCursor(nVk)) LosePlace(Word);
 }
 
 // The virtual key of a scan code, 0 when the layout has none. Of the two keys that share the codes
 // of the number pad it is the one that moves the cursor: then nothing is erased by mistake.
 int32_t VkOfScan(int32_t nScan) {
-    for (uint32_t nVk = 1; nVk < 256; ++nVk) {
-        const uint32_t nFound = platform::MapVirtualKeyCode(nVk, VK_TO_SCAN) & SCAN_BYTE;
-        if (nFound != 0 && nFound == (static_cast<uint32_t>(nScan) & SCAN_BYTE)) {
-            return static_cast<int32_t>(nVk);
+    for (int32_t nVk = 1; nVk < KeyCode::Count; ++nVk) {
+        const uint32_t nFound =
+            platform::MapVirtualKeyCode(static_cast<uint32_t>(nVk), platform::MAP_VK_TO_SCAN) &
+            LOW_BYTE;
+        if (nFound != 0 && nFound == (static_cast<uint32_t>(nScan) & LOW_BYTE)) {
+            return nVk;
         }
     }
     return 0;
@@ -75,7 +61,7 @@ int32_t VkOfScan(int32_t nScan) {
 // dead keys; of that only A to Z are sure in either case.
 void TakeMappedKey(StandingWord& Word, int32_t nVk, bool bShift) {
     const uint32_t nFound =
-        platform::MapVirtualKeyCode(static_cast<uint32_t>(nVk), VK_TO_CHARACTER);
+        platform::MapVirtualKeyCode(static_cast<uint32_t>(nVk), platform::MAP_VK_TO_CHARACTER);
     if (nFound == 0) {
         if (bShift) return LosePlace(Word);  // it selects
         return TakeKeyWithoutCharacter(Word, nVk);
@@ -104,38 +90,37 @@ void TakePlainKey(StandingWord& Word, int32_t nVk, KeyAnswer Plain) {
 void TakeTypedCharacter(StandingWord& Word, int32_t nCharacter) {
     const auto nByte = static_cast<uint8_t>(nCharacter);
     const int32_t nFound = platform::VkKeyScanAnsi(nByte);
-    if (nFound == -1) return;  // no key types it
+    if (nFound == platform::LAYOUT_NO_KEY) return;  // no key types it
     // Sent without AltGr, the key types another character.
     if ((nFound & NEEDS_ALTGR) != 0) return AppendCharacter(Word, UNKNOWN_CHARACTER);
     TakeCharacter(Word, platform::FromAnsi(std::string(1, static_cast<char>(nByte))).front());
 }
 
-void TakeModified(StandingWord& Word, int32_t nKey, int32_t nModifiers) {
-    if (nModifiers != MODIFIER_SHIFT) return LosePlace(Word);  // a shortcut may do anything
-    TakeMappedKey(Word, nKey, true);
+void TakeModified(StandingWord& Word, const ActionCode& Action) {
+    if (Action.nModifiers != Modifier::Shift) return LosePlace(Word);  // a shortcut may do anything
+    TakeMappedKey(Word, Action.nKey, true);
 }
 
 }  // namespace
 
-void NoteAction(StandingWord& Word, int32_t nKey, int32_t nModifiers, int32_t nKind,
-                KeyAnswer Plain) {
+void NoteAction(StandingWord& Word, const ActionCode& Action, KeyAnswer Plain) {
     SetStanding(Word, StandingText(Word));
-    if (nKey < 1) return;  // a command
-    if (nKind >= FIRST_KIND_WITH_MODIFIER) return TakeModified(Word, nKey, nModifiers);
-    switch (nKind) {
-        case KIND_VIRTUAL_KEY:
-            return TakePlainKey(Word, nKey, Plain);
-        case KIND_CHARACTER:
-            return TakeTypedCharacter(Word, nKey);
-        case KIND_ACUTE:
-        case KIND_ALTGR:
+    if (Action.nKey < 1) return;  // a command
+    switch (KindOf(Action).nEffect) {
+        case WordEffect::LayoutCharacter:
+            return TakePlainKey(Word, Action.nKey, Plain);
+        case WordEffect::TypedCharacter:
+            return TakeTypedCharacter(Word, Action.nKey);
+        case WordEffect::UnknownCharacter:
             return AppendCharacter(Word, UNKNOWN_CHARACTER);
-        case KIND_CARON:
+        case WordEffect::CaronLetter:
             return AppendCharacter(Word, Plain.nCharacter);
-        case KIND_SCAN:
-            return TakeMappedKey(Word, VkOfScan(nKey), false);
-        default:  // sent as a virtual key
-            return TakeMappedKey(Word, nKey, false);
+        case WordEffect::ScannedKey:
+            return TakeMappedKey(Word, VkOfScan(Action.nKey), false);
+        case WordEffect::SilentKey:
+            return TakeMappedKey(Word, Action.nKey, false);
+        case WordEffect::ModifiedKey:
+            return TakeModified(Word, Action);
     }
 }
 

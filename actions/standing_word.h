@@ -13,6 +13,7 @@
 #include <string>
 
 #include "platform/windows_and_processes.h"
+#include "vocabulary/action_code.h"
 
 namespace taviro {
 
@@ -32,10 +33,9 @@ struct StandingWord {
     platform::WindowHandle hWindow = 0;  ///< the active window in which it was typed
 };
 
-/// Takes an action into the word: its key number, modifier digit and kind; for a plain virtual key
-/// what the layout answered, for a caron key the letter that it is known to type.
-void NoteAction(StandingWord& Word, int32_t nKey, int32_t nModifiers, int32_t nKind,
-                KeyAnswer Plain);
+/// Takes an action into the word; for a plain virtual key with what the layout answered, for a
+/// caron key with the letter that it is known to type.
+void NoteAction(StandingWord& Word, const ActionCode& Action, KeyAnswer Plain);
 
 /// What stands in front of the cursor now: nothing when another window is active.
 [[nodiscard]] std::wstring StandingText(const StandingWord& Word);

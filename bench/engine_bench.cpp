@@ -7,8 +7,10 @@
 #include "core/poll_loop.h"
 #include "maps/map_file.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
@@ -24,7 +26,7 @@ BENCHMARK(PollTick_StickAtRest);
 // Budget: 10 us. Round and round inside the map, so that no step runs off the full grid.
 void MoveCursor_FullMap(benchmark::State& State) {
     StartWithFullMap();
-    constexpr int32_t ROUND[] = {DIRECTION_RIGHT, DIRECTION_DOWN, DIRECTION_LEFT, DIRECTION_UP};
+    constexpr int32_t ROUND[] = {KeyCode::Right, KeyCode::Down, KeyCode::Left, KeyCode::Up};
     size_t n = 0;
     for (auto _ : State) {
         MoveCursor(ROUND[n++ % 4]);

@@ -41,7 +41,7 @@ endfunction()
 # The objects of every portable module.
 function(taviro_link_program target)
     target_link_libraries(${target} PRIVATE taviro_flags)
-    foreach(module com forms platform settings input maps feedback actions dialogs core automation)
+    foreach(module com vocabulary forms platform settings input maps feedback actions dialogs core automation)
         if(TARGET ${module})
             target_link_libraries(${target} PRIVATE ${module})
         endif()

@@ -14,6 +14,7 @@
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
@@ -107,13 +108,13 @@ int32_t MoveUp() {
 
 int32_t Step(int32_t nVk) {
     switch (nVk) {
-        case DIRECTION_RIGHT:
+        case KeyCode::Right:
             return MoveRight();
-        case DIRECTION_LEFT:
+        case KeyCode::Left:
             return MoveLeft();
-        case DIRECTION_DOWN:
+        case KeyCode::Down:
             return MoveDown();
-        case DIRECTION_UP:
+        case KeyCode::Up:
             return MoveUp();
         default:
             return MOVE_NORMAL;
@@ -151,10 +152,10 @@ int32_t MoveCursor(int32_t nVk) {
 
 void ScanTimer_Timer() {
     int32_t nResult = MoveCursor(Scanning.nScanDirection);
-    const bool bRight = Scanning.nScanDirection == DIRECTION_RIGHT;
-    const bool bLeft = Scanning.nScanDirection == DIRECTION_LEFT;
-    if (nResult == MOVE_ROW_END && bRight) nResult = MoveCursor(DIRECTION_DOWN);
-    if (nResult == MOVE_ROW_END && bLeft) nResult = MoveCursor(DIRECTION_UP);
+    const bool bRight = Scanning.nScanDirection == KeyCode::Right;
+    const bool bLeft = Scanning.nScanDirection == KeyCode::Left;
+    if (nResult == MOVE_ROW_END && bRight) nResult = MoveCursor(KeyCode::Down);
+    if (nResult == MOVE_ROW_END && bLeft) nResult = MoveCursor(KeyCode::Up);
     if (nResult == MOVE_COLUMN_END && (bRight || bLeft)) forms::FrmMain->ScanTimer.Enabled = false;
     const int32_t nDelay = objSetting.ScanDelay();
     if (nDelay > 0) platform::SleepMs(static_cast<uint32_t>(nDelay));

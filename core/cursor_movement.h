@@ -7,19 +7,13 @@
 
 namespace taviro {
 
-// Direction codes are virtual-key codes.
-inline constexpr int32_t DIRECTION_LEFT = 37;
-inline constexpr int32_t DIRECTION_UP = 38;
-inline constexpr int32_t DIRECTION_RIGHT = 39;
-inline constexpr int32_t DIRECTION_DOWN = 40;
-
 inline constexpr int32_t MOVE_NORMAL = 0;
 inline constexpr int32_t MOVE_ROW_END = 1;     ///< wrapped or bounced at the end of a row
 inline constexpr int32_t MOVE_COLUMN_END = 2;  ///< wrapped or bounced at the end of a column
 
-/// One step in a direction. Every wrap or bounce beeps. In scan mode the scanned area bounds the
-/// map, and an upward step always returns MOVE_ROW_END. Another code only refreshes highlight and
-/// announcement.
+/// One step in the direction of an arrow key. Every wrap or bounce beeps. In scan mode the scanned
+/// area bounds the map, and an upward step always returns MOVE_ROW_END. Another key only refreshes
+/// highlight and announcement.
 int32_t MoveCursor(int32_t nVk);
 
 /// One step of automatic scanning: along the row, then on to the next (rightwards) or previous
@@ -27,7 +21,7 @@ int32_t MoveCursor(int32_t nVk);
 void ScanTimer_Timer();
 
 struct ScanState {
-    int32_t nScanDirection = 0;  ///< DIRECTION_RIGHT or DIRECTION_LEFT, set when a scan starts
+    int32_t nScanDirection = 0;  ///< KeyCode::Right or KeyCode::Left, set when a scan starts
 };
 inline ScanState Scanning;
 

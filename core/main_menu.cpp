@@ -19,7 +19,6 @@ namespace {
 using forms::FrmMain;
 
 constexpr int32_t SHOW_NORMAL = 1;
-constexpr uint8_t LETTER_A = 65;
 
 }  // namespace
 
@@ -34,7 +33,7 @@ void OpenHelp() {
 }
 
 void SendTestKey() {
-    TypeCharacter(LETTER_A);
+    TypeCharacter('A');
 }
 
 void BindMenu() {

@@ -13,6 +13,7 @@
 #include "platform/pointer.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
@@ -53,10 +54,10 @@ void txtCmd_Change() {
     const auto Holds = [&](const wchar_t* szWord) {
         return strText.find(szWord) != std::wstring::npos;
     };
-    if (Holds(L"up")) MoveCursor(DIRECTION_UP);
-    if (Holds(L"down")) MoveCursor(DIRECTION_DOWN);
-    if (Holds(L"left")) MoveCursor(DIRECTION_LEFT);
-    if (Holds(L"right")) MoveCursor(DIRECTION_RIGHT);
+    if (Holds(L"up")) MoveCursor(KeyCode::Up);
+    if (Holds(L"down")) MoveCursor(KeyCode::Down);
+    if (Holds(L"left")) MoveCursor(KeyCode::Left);
+    if (Holds(L"right")) MoveCursor(KeyCode::Right);
     if (Holds(L"enter")) CommandAction(CELL_UNDER_CURSOR);
     Box.Text = std::wstring{};
 }

@@ -9,23 +9,21 @@
 #include "actions/command_action.h"
 #include "actions/foreground_watch.h"
 #include "actions/key_synthesis.h"
+#include "actions/mode_transitions.h"
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
-#include "core/mode_switching.h"
 #include "feedback/announce.h"
 #include "feedback/event_log.h"
 #include "forms/main_form.h"
 #include "input/joystick_reader.h"
-#include "maps/app_positions.h"
 #include "maps/map_grid.h"
-#include "maps/map_window.h"
 #include "platform/clock.h"
-#include "platform/messages.h"
 #include "settings/button_table.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "state/program_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
@@ -35,7 +33,6 @@ constexpr uint32_t SLEEP_STEP_MS = 100;
 constexpr int16_t REPEAT_PAUSE_MS = 100;
 constexpr int32_t REPEAT_AFTER_TICKS = 3;  // a held tilt repeats from its fourth tick on
 constexpr int32_t SCAN_INTERVAL_MS = 1000;
-constexpr uint16_t VK_ENTER = 13;
 constexpr int32_t NO_BUTTON = -1;
 
 struct Direction {
@@ -46,10 +43,10 @@ struct Direction {
 
 // In the order in which they are tested: of a diagonal the later one is remembered.
 constexpr std::array<Direction, 4> DIRECTIONS{{
-    {Tilt::Right, DIRECTION_RIGHT, L"Arrow right"},
-    {Tilt::Left, DIRECTION_LEFT, L"Arrow left"},
-    {Tilt::Down, DIRECTION_DOWN, L"Arrow down"},
-    {Tilt::Up, DIRECTION_UP, L"Arrow up"},
+    {Tilt::Right, KeyCode::Right, L"Arrow right"},
+    {Tilt::Left, KeyCode::Left, L"Arrow left"},
+    {Tilt::Down, KeyCode::Down, L"Arrow down"},
+    {Tilt::Up, KeyCode::Up, L"Arrow up"},
 }};
 
 bool IsTilted(Tilt nTilt) {
@@ -100,49 +97,16 @@ void StopScan() {
     forms::FrmMain->ScanTimer.Enabled = false;
 }
 
-// From scan or arrow mode on: to the map of the program in front if it has one, else to selection.
-void LeaveForAppOrSelect() {
-    CheckForegroundApp(true);
-    if (Foreground.bAppMapShown) {
-        LogEvent(L"AppMode set");
-        EnterAppMode();
-        Modes.bAppMode = true;
-        Modes.bSelectMode = false;
-    } else {
-        EnterSelectMode();
-        Modes.bSelectMode = true;
-        Modes.bAppMode = false;
-    }
-}
-
 void TickChoiceList() {
     const ButtonKind nKind = KindOf(PressedButton());
     if (nKind == ButtonKind::Mode) {
-        Announce(L"mode_select");
-        LogEvent(L"SelectMode set");
-        Modes.Set(Mode::Select);
-        Cursor.Remember();
-        HideList();
+        ChangeMode(ModeEvent::ModeButton);
     } else if (nKind != ButtonKind::Unassigned) {
         ListAccept();
     }
     ForEachTilt([](const Direction& Towards, bool bActs) {
         if (bActs) ListMove(Towards.nVk);
     });
-}
-
-void LeaveArrowMode() {
-    if (objSetting.ScanMode() == 1) {
-        Announce(L"mode_scan");
-        LogEvent(L"ScanMode set");
-        Modes.Set(Mode::Scan);
-    } else {
-        StopScan();
-        Modes.bScanMode = false;
-        Modes.bArrowMode = false;
-        LeaveForAppOrSelect();
-    }
-    HideList();
 }
 
 // The key moves the cursor away from the word that is being typed.
@@ -158,8 +122,8 @@ void TickArrowMode() {
     });
     const int32_t nButton = PressedButton();
     const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) LeaveArrowMode();
-    if (nKind == ButtonKind::Action) SendInArrowMode(VK_ENTER);
+    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
+    if (nKind == ButtonKind::Action) SendInArrowMode(KeyCode::Enter);
     if (RunsItsOwnAction(nKind)) CommandAction(nButton);
 }
 
@@ -170,7 +134,7 @@ void StartOrChooseInScan() {
         CommandAction(CELL_UNDER_CURSOR);
         return;
     }
-    Scanning.nScanDirection = DIRECTION_RIGHT;
+    Scanning.nScanDirection = KeyCode::Right;
     Timer.Interval = SCAN_INTERVAL_MS;
     Timer.Enabled = true;
 }
@@ -179,10 +143,10 @@ void StartOrChooseInScan() {
 // running scan into its direction.
 void MoveInScan(int32_t nVk) {
     const int32_t nResult = MoveCursor(nVk);
-    if (nVk != DIRECTION_RIGHT && nVk != DIRECTION_LEFT) return;
+    if (nVk != KeyCode::Right && nVk != KeyCode::Left) return;
     int32_t nLast = nResult;
     if (nResult == MOVE_ROW_END) {
-        nLast = MoveCursor(nVk == DIRECTION_RIGHT ? DIRECTION_DOWN : DIRECTION_UP);
+        nLast = MoveCursor(nVk == KeyCode::Right ? KeyCode::Down : KeyCode::Up);
     }
     if (nLast == MOVE_COLUMN_END) StopScan();
     Scanning.nScanDirection = nVk;
@@ -191,14 +155,7 @@ void MoveInScan(int32_t nVk) {
 void TickScanMode() {
     const int32_t nButton = PressedButton();
     const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) {
-        StopScan();
-        Modes.bScanMode = false;
-        Modes.bArrowMode = false;
-        Cursor.Remember();
-        LeaveForAppOrSelect();
-        HideList();
-    }
+    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
     if (RunsItsOwnAction(nKind)) CommandAction(nButton);
     if (nKind == ButtonKind::Action) StartOrChooseInScan();
     ForEachTilt([](const Direction& Towards, bool bActs) {
@@ -217,34 +174,16 @@ void RunMapButton(int32_t nButton, ButtonKind nKind) {
     if (RunsItsOwnAction(nKind)) CommandAction(nButton);
 }
 
-void LeaveAppMode() {
-    StopScan();
-    SaveAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
-    Cursor.Restore();
-    Foreground.strCurrentAppName.clear();
-    ShowMap(true);
-    platform::RunPendingMessages();
-    EnterSelectMode();
-    Modes.Set(Mode::Select);
-    ForgetForegroundApp();
-    HideList();
-}
-
 // Returns false when the tick ends here, its memories kept: the application's map is gone.
 bool TickAppMode() {
     CheckForegroundApp(false);
     if (!Foreground.bAppMapShown) {
-        Modes.bAppMode = false;
-        StopScan();
-        EnterSelectMode();
-        Modes.Set(Mode::Select);
-        ForgetForegroundApp();
-        HideList();  // a key may have opened one while the announcement let messages run
+        ChangeMode(ModeEvent::AppMapGone);
         return false;
     }
     const int32_t nButton = PressedButton();
     const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) LeaveAppMode();
+    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
     RunMapButton(nButton, nKind);
     MoveByTilts();
     return true;
@@ -253,28 +192,27 @@ bool TickAppMode() {
 void TickSelectMode() {
     const int32_t nButton = PressedButton();
     const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) {
-        Announce(L"mode_arrow");
-        LogEvent(L"Arrow mode set");
-        Modes.Set(Mode::Arrow);
-        Cursor.Remember();
-        HideList();
-    }
+    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
     RunMapButton(nButton, nKind);
     MoveByTilts();
 }
 
 bool TickMode() {
-    if (Modes.bListMode) {
-        TickChoiceList();
-    } else if (Modes.bArrowMode) {
-        TickArrowMode();
-    } else if (Modes.bScanMode) {
-        TickScanMode();
-    } else if (Modes.bAppMode) {
-        return TickAppMode();
-    } else {
-        TickSelectMode();
+    switch (WhatIsDriven()) {
+        case DrivenBy::List:
+            TickChoiceList();
+            break;
+        case DrivenBy::Arrow:
+            TickArrowMode();
+            break;
+        case DrivenBy::Scan:
+            TickScanMode();
+            break;
+        case DrivenBy::Application:
+            return TickAppMode();
+        case DrivenBy::Selection:
+            TickSelectMode();
+            break;
     }
     return true;
 }

@@ -25,6 +25,7 @@
 #include "maps/key_names.h"
 #include "maps/map_file.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/messages.h"
 #include "platform/shell.h"
 #include "settings/setting.h"

@@ -7,7 +7,7 @@
 
 #include "dialogs/button_config_form.h"
 #include "input/joystick_reader.h"
-#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/dialogs.h"
 #include "platform/joystick.h"
 #include "platform/number_text.h"

@@ -7,6 +7,8 @@
 #include "dialogs/entered_text.h"
 #include "dialogs/key_choice.h"
 #include "state/program_state.h"
+#include "vocabulary/action_code.h"
+#include "vocabulary/button_word.h"
 
 namespace taviro {
 
@@ -14,13 +16,11 @@ namespace {
 
 constexpr size_t LONGEST_COMMAND = 1023;  // characters that reading the settings file returns
 
-// A command as the settings file gives it back: no blanks before it, and "$" stands for the double
-// quote there.
+// A command as the settings file gives it back: no blanks before it, and with real quotes.
 std::wstring StorableCommand(const std::wstring& strEntered) {
     std::wstring strLine = OneLine(strEntered);
     strLine.erase(0, std::min(strLine.find_first_not_of(L' '), strLine.size()));
-    std::replace(strLine.begin(), strLine.end(), L'$', L'"');
-    return strLine.substr(0, LONGEST_COMMAND);
+    return ButtonWord::FromStoredQuotes(strLine).substr(0, LONGEST_COMMAND);
 }
 
 KeyChoice KeyOfForm(ButtonConfigForm& Form) {
@@ -67,7 +67,8 @@ void ButtonConfigForm::StoreRow() {
     const int32_t nRole = OptionType.Selected;
     pRow->Kind = nRole < 0 ? ButtonKind::Unassigned : static_cast<ButtonKind>(nRole);
     // A key that has no name, as a settings file may hold, stays when no other is chosen.
-    if (pRow->Kind == ButtonKind::Code) pRow->Code = KeyOfForm(*this).Code(KeyOf(pRow->Code));
+    if (pRow->Kind == ButtonKind::Code)
+        pRow->Code = KeyOfForm(*this).Code(UnmodifiedCode(pRow->Code));
     if (pRow->Kind == ButtonKind::Command) pRow->Command = Text3.Text;
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "dialogs/entered_text.h"
@@ -12,15 +11,14 @@
 #include "maps/map_window.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
+#include "vocabulary/command.h"
 
 namespace taviro {
 
 namespace {
 
-constexpr wchar_t COLUMN_MARK = L'^';
-constexpr std::wstring_view MODE_MARKS = L"<|>";  // of the options 1 to 3
-constexpr int32_t NO_MODE_MARK = 0;
 constexpr int32_t NO_KEY = 0;
+constexpr int32_t NO_MODE_MARK = 0;
 
 // A caption as the map file can hold it: the comma ends it there, and blanks before it are lost.
 std::wstring StorableCaption(const std::wstring& strEntered) {
@@ -72,8 +70,7 @@ void CellEditorForm::Open() {
     Program.bConfigOpen = true;
     m_nColumn = Cursor.nColumn;
     m_nRow = Cursor.nRow;
-    m_bAppMap = Foreground.bAppMapShown;
-    m_strAppMap = Foreground.AppMapName;
+    m_Map = CurrentMap();
     FillNumbers(ComboX, m_nColumn);
     FillNumbers(ComboY, m_nRow);
     const MapCell* pCell = ShownMap().Cell(m_nColumn, m_nRow);
@@ -87,13 +84,11 @@ void CellEditorForm::Open() {
     bChanged = false;
 }
 
-void CellEditorForm::FillCommand(std::wstring strCommand) {
-    ChkResetColumnOnAction.Value = std::erase(strCommand, COLUMN_MARK) > 0;
-    const auto nMark =
-        strCommand.empty() ? std::wstring_view::npos : MODE_MARKS.find(strCommand[0]);
-    const bool bMarked = nMark != std::wstring_view::npos;
-    OptSetMode.Selected = bMarked ? static_cast<int32_t>(nMark) + 1 : NO_MODE_MARK;
-    Text3.Text = bMarked ? strCommand.substr(1) : strCommand;
+void CellEditorForm::FillCommand(const std::wstring& strCommand) {
+    const Command Shown = ParseCommand(strCommand);
+    ChkResetColumnOnAction.Value = Shown.bResetsColumn;
+    OptSetMode.Selected = static_cast<int32_t>(Shown.nMode);
+    Text3.Text = WithoutColumnMarks(Shown.strText);
 }
 
 // A command that cannot be edited now stays with the cell all the same: its marks work for keys
@@ -107,34 +102,20 @@ MapCell CellEditorForm::EnteredCell() {
     MapCell Cell;
     Cell.Caption = Text4.Text;
     if (Cell.Caption.empty()) return Cell;  // no caption, no cell
-    Cell.Command = Text3.Text;
-    if (OptSetMode.Selected > NO_MODE_MARK) {
-        Cell.Command.insert(0, 1, MODE_MARKS[static_cast<size_t>(OptSetMode.Selected) - 1]);
-    }
-    if (ChkResetColumnOnAction.Value) Cell.Command.insert(0, 1, COLUMN_MARK);
+    Command Entered;
+    Entered.nMode = static_cast<ModeMark>(std::max(OptSetMode.Selected.Get(), NO_MODE_MARK));
+    Entered.bResetsColumn = ChkResetColumnOnAction.Value;
+    Entered.strText = Text3.Text;
+    Cell.Command = ComposeCommand(Entered);
     if (OptionType.Selected != CELL_KIND_NO_KEY) Cell.Code = KeyOfForm(*this).Code(NO_KEY);
     return Cell;
 }
 
-// The map may have changed while the editor was open: with the editor in front, an application's
-// map can give way to the common one, whose cell at the same place must not be overwritten.
-bool CellEditorForm::ReturnToOpenedMap() const {
-    if (!m_bAppMap) {
-        Foreground.bAppMapShown = false;
-        return true;
-    }
-    if (Foreground.bAppMapShown && Foreground.AppMapName == m_strAppMap) return true;
-    if (!LoadMap(m_strAppMap)) {
-        ShowMap(true);
-        return false;
-    }
-    Foreground.bAppMapShown = true;
-    Foreground.AppMapName = m_strAppMap;
-    return true;
-}
-
 void CellEditorForm::Save() {
-    if (ReturnToOpenedMap()) {
+    // The map may have changed while the editor was open: with the editor in front, an
+    // application's map can give way to the common one, whose cell at the same place must not be
+    // overwritten.
+    if (ReturnToMap(m_Map)) {
         SaveCell(ComboX.ListIndex + 1, ComboY.ListIndex + 1, EnteredCell());
     }
     Cursor.nColumn = m_nColumn;

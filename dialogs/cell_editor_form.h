@@ -10,6 +10,7 @@
 #include "forms/dialog_controls.h"
 #include "forms/form.h"
 #include "maps/map_grid.h"
+#include "maps/shown_map.h"
 
 namespace taviro {
 
@@ -33,9 +34,9 @@ class CellEditorForm : public forms::Form {
     forms::CheckBox chkWin{*this, L"chkWin", IDC_chkWin};
     forms::Label lblCode{*this, L"lblCode", IDC_lblCode};  ///< the stored code, in decimal
     forms::TextBox Text3{*this, L"Text3", IDC_Text3};      ///< the command without its marks
-    /// The mark before the command: none, "<", "|" or ">".
+    /// The mode that the command switches to, in the order of its marks.
     forms::OptionGroup OptSetMode{*this, L"OptSetMode", IDC_OptSetMode, MODE_MARK_COUNT};
-    /// The mark "^".
+    /// Whether the command resets the column.
     forms::CheckBox ChkResetColumnOnAction{*this, L"ChkResetColumnOnAction",
                                            IDC_ChkResetColumnOnAction};
     forms::Button cmdOK{*this, L"cmdOK", IDC_cmdOK};
@@ -45,17 +46,15 @@ class CellEditorForm : public forms::Form {
 
   private:
     void Open();
-    void FillCommand(std::wstring strCommand);
+    void FillCommand(const std::wstring& strCommand);
     void EnableFor(int32_t nKind);
     MapCell EnteredCell();
-    bool ReturnToOpenedMap() const;
     void Save();
 
     // The highlight and the map at opening.
     int32_t m_nColumn = 1;
     int32_t m_nRow = 1;
-    bool m_bAppMap = false;
-    std::wstring m_strAppMap;
+    MapOnScreen m_Map;
 };
 
 /// One for the whole run, made anew only by tests.

@@ -2,44 +2,31 @@
 #include "dialogs/key_choice.h"
 
 #include "maps/key_names.h"
+#include "vocabulary/action_code.h"
 
 namespace taviro {
 
-namespace {
-
-constexpr int32_t MODIFIER_STEP = 10000;  // one modifier digit in a code
-constexpr int32_t MODIFIER_SHIFT = 1;
-constexpr int32_t MODIFIER_CTRL = 2;
-constexpr int32_t MODIFIER_ALT = 4;
-constexpr int32_t MODIFIER_WINDOWS = 9;
-
-}  // namespace
-
-int32_t KeyOf(int32_t nCode) {
-    return nCode % MODIFIER_STEP;
-}
-
 void KeyChoice::Show(int32_t nCode) const {
-    const int32_t nModifiers = nCode / MODIFIER_STEP;
-    const bool bWindows = nModifiers == MODIFIER_WINDOWS;
-    chkWin.Value = bWindows;
-    chkALT.Value = !bWindows && (nModifiers & MODIFIER_ALT) != 0;
-    chkCTRL.Value = !bWindows && (nModifiers & MODIFIER_CTRL) != 0;
-    chkSHIFT.Value = !bWindows && (nModifiers & MODIFIER_SHIFT) != 0;
+    const ActionCode Action = ParseActionCode(nCode);
+    chkWin.Value = HasModifier(Action, Modifier::Windows);
+    chkALT.Value = HasModifier(Action, Modifier::Alt);
+    chkCTRL.Value = HasModifier(Action, Modifier::Ctrl);
+    chkSHIFT.Value = HasModifier(Action, Modifier::Shift);
     ComboKey.Clear();
     ComboKey.Items = KeyNames();
-    ComboKey.Select(KeyIndexOf(KeyOf(nCode)));
+    ComboKey.Select(KeyIndexOf(UnmodifiedCode(nCode)));
 }
 
 int32_t KeyChoice::Code(int32_t nUnselected) const {
     int32_t nKey = nUnselected;
     (void)KeyCodeAt(ComboKey.ListIndex, nKey);
-    int32_t nModifiers = 0;
-    if (chkCTRL.Value) nModifiers += MODIFIER_CTRL;
-    if (chkSHIFT.Value) nModifiers += MODIFIER_SHIFT;
-    if (chkALT.Value) nModifiers += MODIFIER_ALT;
-    if (chkWin.Value) nModifiers = MODIFIER_WINDOWS;
-    return nModifiers * MODIFIER_STEP + nKey;
+    ActionCode Action = ParseActionCode(nKey);
+    Action.nModifiers = 0;
+    if (chkCTRL.Value) Action.nModifiers += Modifier::Ctrl;
+    if (chkSHIFT.Value) Action.nModifiers += Modifier::Shift;
+    if (chkALT.Value) Action.nModifiers += Modifier::Alt;
+    if (chkWin.Value) Action.nModifiers = Modifier::Windows;
+    return ComposeActionCode(Action);
 }
 
 void KeyChoice::Enable(bool bEnabled) const {

@@ -5,8 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "maps/map_file.h"
-#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/files.h"
 #include "platform/main_window.h"
 #include "platform/metrics.h"
@@ -78,14 +77,8 @@ void MapChooserForm::FillFiles() {
 
 void MapChooserForm::ShowSelected() {
     if (File1.ListIndex < 0) return;
-    const std::wstring strName = AppNameOf(File1.SelectedText());
     // "data_.ini" leaves no name, and a map without one is the common map.
-    if (!strName.empty() && LoadMap(strName)) {
-        ShowAppMap();
-        Foreground.AppMapName = strName;
-    } else {
-        ShowMap(true);
-    }
+    ShowPickedMap(AppNameOf(File1.SelectedText()));
     Unload();
 }
 

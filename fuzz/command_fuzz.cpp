@@ -18,12 +18,14 @@
 #include "forms/main_form.h"
 #include "maps/map_grid.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/headless/desktop.h"
 #include "platform/text.h"
 #include "settings/button_table.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "state/program_state.h"
+#include "vocabulary/key_code.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize);
 
@@ -50,9 +52,6 @@ constexpr int32_t MAP_ROWS_FILLED = 6;  // high enough for the list to raise the
 // Long texts and high counts of repetition are slow and find nothing that short ones do not.
 constexpr size_t LONGEST_TEXT = 512;
 constexpr int LONGEST_COUNT = 2;  // digits
-
-constexpr int32_t VK_UP = 38;
-constexpr int32_t VK_DOWN = 40;
 
 bool HasHighCount(std::string_view strText) {
     int nRun = 0;
@@ -108,8 +107,8 @@ void StepInList(int nStep, const std::wstring& strText) {
     const auto& List = FrmMain->List1;
     const int32_t nCount = List.ListCount();
     const int32_t nSelected = List.ListIndex;
-    if (nStep == 0) ListMove(VK_DOWN);
-    if (nStep == 1) ListMove(VK_UP);
+    if (nStep == 0) ListMove(KeyCode::Down);
+    if (nStep == 1) ListMove(KeyCode::Up);
     if (nStep == 2) ShowList(strText + L";x");
     if (nStep == 3) ShowMap(true);
     Require(List.ListCount() == nCount);

@@ -3,24 +3,22 @@
 
 #include "input/joystick_reader.h"
 #include "state/program_state.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
 namespace {
 
-constexpr uint32_t VK_ENTER = 13;
-constexpr uint32_t VK_FIRST_ARROW = 37;
-constexpr uint32_t VK_LAST_ARROW = 40;
 constexpr intptr_t SWALLOW = 1;
 
 // The keys that drive the map. Returns whether the key is one of them.
-bool DriveMap(uint32_t nVk, bool bReleased) {
-    if (nVk == VK_ENTER) {
+bool DriveMap(int32_t nVk, bool bReleased) {
+    if (nVk == KeyCode::Enter) {
         if (bReleased && KeyboardHook.Enter) KeyboardHook.Enter();
         return true;
     }
-    if (nVk < VK_FIRST_ARROW || nVk > VK_LAST_ARROW) return false;
-    if (!bReleased && KeyboardHook.Arrow) KeyboardHook.Arrow(static_cast<int32_t>(nVk));
+    if (!IsArrow(nVk)) return false;
+    if (!bReleased && KeyboardHook.Arrow) KeyboardHook.Arrow(nVk);
     return true;
 }
 
@@ -63,7 +61,7 @@ intptr_t KeyboardProc(int32_t nCode, uintptr_t wParam, const platform::KeyHookRe
         }
         return PassOn();
     }
-    if (DriveMap(Record.vkCode, bReleased)) return SWALLOW;
+    if (DriveMap(static_cast<int32_t>(Record.vkCode), bReleased)) return SWALLOW;
     if (bReleased) KeyboardHook.LastKeyUp = Record.vkCode;
     return PassOn();
 }

@@ -19,7 +19,7 @@ struct KeyboardHookState {
     uint32_t nHookVkCode = 0;
     bool bIgnoreKeys = false;            ///< pass everything until the next release
     std::function<void()> Enter;         ///< what a released Enter does; handed over by start-up
-    std::function<void(int32_t)> Arrow;  ///< what a pressed arrow (37 to 40) does
+    std::function<void(int32_t)> Arrow;  ///< what a pressed arrow does, by its key code
 };
 inline KeyboardHookState KeyboardHook;
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "vocabulary/key_catalogue.h"
+
 namespace taviro {
 
 struct KeyName {
@@ -14,7 +16,6 @@ struct KeyName {
     int32_t Code = 0;   ///< key code without modifiers
 };
 
-inline constexpr int32_t KEY_NAME_COUNT = 101;
 inline std::array<KeyName, KEY_NAME_COUNT> KeyTable;
 
 /// Fills the table. Called once by start-up.

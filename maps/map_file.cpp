@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "maps/map_file.h"
 
-#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/text.h"

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "forms/main_form.h"
-#include "maps/app_positions.h"
 #include "maps/map_grid.h"
 #include "maps/text_measure.h"
 #include "platform/metrics.h"
@@ -87,8 +86,16 @@ void SizeWindow(const Layout& Done) {
     FrmMain->Height = (Status.Top + Status.Height + nAround) * platform::TwipsPerPixelY();
 }
 
-void LayOut(bool bAppMap) {
-    Foreground.bAppMapShown = bAppMap;
+void Colour(int32_t nIndex, uint32_t nBack, uint32_t nText) {
+    forms::Label* pLabel = FrmMain->CellLabel(nIndex);
+    if (pLabel == nullptr) return;
+    pLabel->BackColour = nBack;
+    pLabel->TextColour = nText;
+}
+
+}  // namespace
+
+void LayOutMap() {
     const MapGrid& Grid = ShownMap();
     Layout Pass{Grid};
     int32_t nRow = 1;
@@ -100,28 +107,6 @@ void LayOut(bool bAppMap) {
     if (const MapCell* pCell = Grid.Cell(Cursor.nColumn, Cursor.nRow)) {
         FrmMain->Caption = L"Taviro - " + pCell->Caption;
     }
-}
-
-void Colour(int32_t nIndex, uint32_t nBack, uint32_t nText) {
-    forms::Label* pLabel = FrmMain->CellLabel(nIndex);
-    if (pLabel == nullptr) return;
-    pLabel->BackColour = nBack;
-    pLabel->TextColour = nText;
-}
-
-}  // namespace
-
-void ShowMap(bool bHighlight) {
-    LayOut(false);
-    if (bHighlight) SetHi(Cursor.nColumn, Cursor.nRow);
-}
-
-void ShowAppMap() {
-    LayOut(true);
-    Cursor.nColumn = 1;
-    Cursor.nRow = 1;
-    GetAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
-    SetHi(Cursor.nColumn, Cursor.nRow);
 }
 
 void SetHi(int32_t nColumn, int32_t nRow) {

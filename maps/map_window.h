@@ -9,12 +9,8 @@ namespace taviro {
 
 inline constexpr int32_t LABELS_PER_ROW = 50;  ///< label index = (row - 1) * 50 + column
 
-/// Lays out the common map and shows it; bHighlight also moves the highlight to the cursor.
-void ShowMap(bool bHighlight);
-
-/// Lays out the application map and shows it with the application's last cell highlighted; an
-/// application seen for the first time starts at column 1, row 1.
-void ShowAppMap();
+/// Lays out the map on screen: labels, status line and the window's size. The highlight stays.
+void LayOutMap();
 
 /// Moves the highlight to a cell and shows its caption in the status line. Outside columns and rows
 /// 1 to 50 nothing happens.

@@ -11,6 +11,16 @@
 
 namespace taviro::platform {
 
+// Bits of the layout's answer for a character (VkKeyScanAnsi): what its key needs beside it.
+inline constexpr int32_t LAYOUT_SHIFT = 0x100;
+inline constexpr int32_t LAYOUT_CTRL = 0x200;
+inline constexpr int32_t LAYOUT_ALT = 0x400;
+inline constexpr int32_t LAYOUT_NO_KEY = -1;
+
+// Translations of MapVirtualKeyCode.
+inline constexpr uint32_t MAP_VK_TO_SCAN = 0;
+inline constexpr uint32_t MAP_VK_TO_CHARACTER = 2;
+
 inline constexpr uint32_t KEY_FLAG_DOWN = 0;
 inline constexpr uint32_t KEY_FLAG_UP = 2;
 inline constexpr uint32_t KEY_FLAG_SCANCODE = 8;

@@ -1,33 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "settings/button_table.h"
 
-#include <algorithm>
-
 #include "platform/number_text.h"
+#include "vocabulary/button_word.h"
 
 namespace taviro {
 
-namespace {
-
-constexpr std::wstring_view strAction = L"*action";
-constexpr std::wstring_view strMode = L"*mode";
-
-// Reading the file takes enclosing double quotes away, so a command's own quotes are stored as "$".
-constexpr wchar_t nQuote = L'"';
-constexpr wchar_t nStoredQuote = L'$';
-
-std::wstring Replaced(std::wstring_view strText, wchar_t nOld, wchar_t nNew) {
-    std::wstring strResult(strText);
-    std::replace(strResult.begin(), strResult.end(), nOld, nNew);
-    return strResult;
-}
-
-}  // namespace
-
 void LoadButton(std::wstring_view strText, ButtonAction& objButton) {
-    if (strText == strAction) {
+    if (strText == ButtonWord::Action) {
         objButton.Kind = ButtonKind::Action;
-    } else if (strText == strMode) {
+    } else if (strText == ButtonWord::Mode) {
         objButton.Kind = ButtonKind::Mode;
     } else if (const double fNumber = platform::LeadingNumber(strText); fNumber > 0) {
         objButton.Kind = ButtonKind::Code;
@@ -36,20 +18,20 @@ void LoadButton(std::wstring_view strText, ButtonAction& objButton) {
         objButton.Kind = ButtonKind::Unassigned;
     } else {
         objButton.Kind = ButtonKind::Command;
-        objButton.Command = Replaced(strText, nStoredQuote, nQuote);
+        objButton.Command = ButtonWord::FromStoredQuotes(strText);
     }
 }
 
 std::optional<std::wstring> ButtonText(const ButtonAction& objButton) {
     switch (objButton.Kind) {
         case ButtonKind::Action:
-            return std::wstring(strAction);
+            return std::wstring(ButtonWord::Action);
         case ButtonKind::Mode:
-            return std::wstring(strMode);
+            return std::wstring(ButtonWord::Mode);
         case ButtonKind::Code:
             return std::to_wstring(objButton.Code);
         case ButtonKind::Command:
-            return Replaced(objButton.Command, nQuote, nStoredQuote);
+            return ButtonWord::ToStoredQuotes(objButton.Command);
         case ButtonKind::Unassigned:
             break;
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What each joystick button does, and how that is written in the [Buttons] section: "*action",
-// "*mode", a code's number, or a command's text.
+// What each joystick button does, and how that is written in the [Buttons] section: a word, a
+// code's number, or a command's text.
 #pragma once
 
 #include <array>
@@ -23,7 +23,7 @@ enum class ButtonKind : int32_t {
 struct ButtonAction {
     ButtonKind Kind = ButtonKind::Action;
     std::wstring Command;  ///< for kind Command, with real double quotes
-    int32_t Code = 0;      ///< for kind Code: modifier digit x 10000 + virtual-key code
+    int32_t Code = 0;      ///< for kind Code: an action code
 
     bool operator==(const ButtonAction&) const = default;
 };

@@ -14,6 +14,9 @@ struct ModeState {
     bool bListMode = false;        ///< the choice list is open; overrides the modes
     bool bAutoRepeatMode = false;  ///< a held tilt is being repeated
 
+    /// Clears the four modes: it counts as selection until one is set.
+    void Clear() { bSelectMode = bScanMode = bArrowMode = bAppMode = false; }
+
     /// Sets one flag and clears the other three.
     void Set(Mode nMode) {
         bSelectMode = nMode == Mode::Select;

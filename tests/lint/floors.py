@@ -8,6 +8,7 @@ from tree import cpp_files, read
 
 FLOORS = {
     "win32": 0,
+    "vocabulary": 0,
     "state": 1, "forms": 1,
     "platform": 2,
     "settings": 3, "input": 3,

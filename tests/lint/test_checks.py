@@ -4,6 +4,7 @@
 import pytest
 
 import floors
+import meaning
 import sizes
 import style
 import words
@@ -25,6 +26,19 @@ BAD = [
                              "maps/c.h": '#include "maps/a.h"\n'}, "maps/c.h -> maps/a.h"),
     (floors.windows_headers, {"core/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),
     (floors.windows_headers, {"platform/headless/a.cpp": "#  include <MMSystem.h>\n"}, "MMSystem"),
+    (meaning.meaning_elsewhere, {"actions/a.cpp": "n = nCode / 1000;\n"}, "takes a code apart"),
+    (meaning.meaning_elsewhere, {"dialogs/a.cpp": "n = nCode % 10'000;\n"}, "takes a code apart"),
+    (meaning.meaning_elsewhere, {"core/a.cpp": "constexpr int VK_ENTER = 13;\n"}, "names a key"),
+    (meaning.meaning_elsewhere, {"core/a.cpp": "    SendVirtualKey(13);\n"}, "holds a key number"),
+    (meaning.meaning_elsewhere, {"input/a.cpp": "if (nVk == 13) {\n"}, "holds a key number"),
+    (meaning.meaning_elsewhere, {"maps/a.cpp": "if (n == L'" + "|') {\n"}, "holds a mark"),
+    (meaning.meaning_elsewhere, {"settings/a.cpp": 'auto s = L"*act' + 'ion";\n'}, "button's word"),
+    (meaning.second_writers, {"core/a.cpp": "    Foreground.bAppMapShown = true;\n"}, "which map"),
+    (meaning.second_writers, {"maps/a.cpp": "    Foreground.AppMapName.clear();\n"}, "which map"),
+    (meaning.second_writers, {"core/a.cpp": "    Modes.Set(Mode::Arrow);\n"}, "the mode"),
+    (meaning.second_writers, {"dialogs/a.cpp": "    Modes.bAppMode = false;\n"}, "the mode"),
+    (meaning.second_writers, {"core/a.cpp": "    Modes.bListMode = false;\n"}, "the list"),
+    (meaning.second_writers, {"actions/a.cpp": "    Modes.bAutoRepeatMode = false;\n"}, "repeats"),
     (sizes.long_files, {"core/a.cpp": "\n" * 401}, "401 lines"),
     (style.unformatted_files, {".clang-format": "BasedOnStyle: Google\n",
                                "core/a.cpp": "int  a ;\n"}, "core/a.cpp"),
@@ -46,6 +60,9 @@ GOOD = {
     "maps/a.h": LICENCE + '#include "state/a.h"\n',
     "predictor/a.h": LICENCE + '#include "win32/com/a.h"\n',
     "win32/com/a.h": LICENCE + "#include <windows.h>\n",
+    "vocabulary/a.cpp": LICENCE + "constexpr int VK_ENTER = 13;\n",
+    "maps/shown_map.cpp": LICENCE + "void f() {\n  Foreground.bAppMapShown = true;\n}\n",
+    "core/b.cpp": LICENCE + "bool b = Modes.bArrowMode == true && nKey >= 1;\n",
     "platform/win32/a.cpp": LICENCE + "#include <windows.h>\n",
     "tests/unit/a.cpp": LICENCE + '#include "core/a.h"\n',
     "tools/a.sh": SHEBANG + "# SPDX-License-Identifier: MIT\ntrue\n",

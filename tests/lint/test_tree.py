@@ -4,12 +4,14 @@
 import pytest
 
 import floors
+import meaning
 import sizes
 import style
 import words
 from tree import ROOT
 
-CHECKS = (floors.upward_includes, floors.include_cycles, floors.windows_headers, sizes.long_files,
+CHECKS = (meaning.meaning_elsewhere, meaning.second_writers,
+          floors.upward_includes, floors.include_cycles, floors.windows_headers, sizes.long_files,
           style.unformatted_files, style.shell_faults, words.unfinished_work,
           words.foreign_origins, words.missing_licence_lines)
 

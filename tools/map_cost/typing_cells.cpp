@@ -4,14 +4,14 @@
 #include "actions/key_synthesis.h"
 #include "platform/headless/desktop.h"
 #include "platform/text.h"
+#include "vocabulary/action_code.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro::map_cost {
 
 namespace {
 
 using platform::headless::Desktop;
-
-constexpr int32_t CAPS_LOCK = 20;
 
 struct PlainSign {
     wchar_t nSign;
@@ -25,8 +25,8 @@ constexpr PlainSign PLAIN_SIGNS[] = {{L'–', L"-"},  {L'—', L"-"},  {L'„', 
 TypingCells::TypingCells(const MapGrid& Grid) {
     for (const CellPlace Place : Routes(Grid, {}).Cells()) {
         const int32_t nCode = Grid.Cell(Place.nColumn, Place.nRow)->Code;
-        if (nCode == CAPS_LOCK) m_CapsLock = Place;
-        if (DecodeActionCode(nCode).nKey < 1) continue;
+        if (nCode == KeyCode::CapsLock) m_CapsLock = Place;
+        if (ParseActionCode(nCode).nKey < 1) continue;
         Desktop.Keyboard = {};
         PressActionCode(nCode);
         if (Desktop.Keyboard.strTyped.size() == 1)

@@ -5,6 +5,7 @@
 
 #include "feedback/speech.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "tests/unit/program_fixture.h"
 
 namespace taviro {

@@ -64,40 +64,6 @@ TEST_F(KeySynthesis, Primitives_ReturnZero_WhenInputIsBlocked) {
     EXPECT_EQ(KeyDownVk(16), 0U);
 }
 
-TEST_F(KeySynthesis, DecodeActionCode_TruncatesAndKeepsTheModifiersInTheKind) {
-    const struct {
-        int32_t nCode, nModifiers, nKind, nKey;
-    } Rows[] = {
-        {0, 0, 0, 0},
-        {65, 0, 0, 65},
-        {1097, 0, 1, 97},
-        {2030, 0, 2, 30},
-        {10065, 1, 10, 65},
-        {21065, 2, 21, 65},
-        {91082, 9, 91, 82},
-        {999, 0, 0, 999},
-        {-65, 0, 0, -65},
-        {-10065, -1, -10, -65},
-        {INT32_MAX, 214748, 2147483, 647},
-        {INT32_MIN, -214748, -2147483, -648},
-    };
-    for (const auto& Row : Rows) {
-        SCOPED_TRACE(Row.nCode);
-        const ActionCode Action = DecodeActionCode(Row.nCode);
-        EXPECT_EQ(Action.nModifiers, Row.nModifiers);
-        EXPECT_EQ(Action.nKind, Row.nKind);
-        EXPECT_EQ(Action.nKey, Row.nKey);
-    }
-}
-
-TEST_F(KeySynthesis, IsShiftDelete_NeedsModifierKindAndKey) {
-    EXPECT_TRUE(IsShiftDelete(DecodeActionCode(10046)));
-    EXPECT_FALSE(IsShiftDelete(DecodeActionCode(46)));
-    EXPECT_FALSE(IsShiftDelete(DecodeActionCode(11046)));
-    EXPECT_FALSE(IsShiftDelete(DecodeActionCode(20046)));
-    EXPECT_FALSE(IsShiftDelete(DecodeActionCode(10047)));
-}
-
 // What each code sends, call by call, and what a text field gets of it.
 struct CodeRow {
     const char* szName;

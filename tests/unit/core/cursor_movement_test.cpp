@@ -3,9 +3,11 @@
 
 #include "forms/main_form.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/program_fixture.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
@@ -86,7 +88,7 @@ TEST_P(Move, LandsWhereTheRulesSay) {
     EXPECT_EQ(Desktop.nBeeps, Case.nBeeps);
 }
 
-constexpr int32_t R = DIRECTION_RIGHT, L = DIRECTION_LEFT, D = DIRECTION_DOWN, U = DIRECTION_UP;
+constexpr int32_t R = KeyCode::Right, L = KeyCode::Left, D = KeyCode::Down, U = KeyCode::Up;
 
 const MoveCase MOVE_CASES[] = {
     // right

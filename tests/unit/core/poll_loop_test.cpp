@@ -11,6 +11,7 @@
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/program_fixture.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
@@ -238,7 +239,7 @@ TEST_F(PollLoop, ScanMode_FirstPressStarts_SecondStopsAndRunsTheCell) {
     Push(0);
     EXPECT_TRUE(FrmMain->ScanTimer.Enabled);
     EXPECT_EQ(FrmMain->ScanTimer.Interval, 1000);
-    EXPECT_EQ(Scanning.nScanDirection, DIRECTION_RIGHT);
+    EXPECT_EQ(Scanning.nScanDirection, KeyCode::Right);
     Desktop.RunFor(2050);
     EXPECT_EQ(Cursor.nColumn, 3);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
@@ -255,10 +256,10 @@ TEST_F(PollLoop, ScanMode_HandMoveTurnsTheScan) {
     Ticks(1);
     CentreStick();
     EXPECT_EQ(Cursor.nColumn, 4);
-    EXPECT_EQ(Scanning.nScanDirection, DIRECTION_LEFT);
+    EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left);
     TiltRight();
     Ticks(2);
-    EXPECT_EQ(Scanning.nScanDirection, DIRECTION_LEFT) << "a tilt that does not act turns nothing";
+    EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left) << "a tilt that does not act turns nothing";
 }
 
 TEST_F(PollLoop, ScanMode_HandMoveGoesOnToTheNextRow_AndEndsTheScanAtTheMapsEnd) {

@@ -7,6 +7,7 @@
 #include "dialogs/cell_editor_form.h"
 #include "maps/map_file.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"
 

@@ -6,20 +6,19 @@
 #include <iterator>
 
 #include "forms/main_form.h"
+#include "maps/shown_map.h"
 #include "platform/files.h"
 #include "tests/unit/dialogs/cell_editor_fixture.h"
+#include "tests/unit/source_tree.h"
 
 namespace taviro {
 namespace {
 
 constexpr const wchar_t* GRID = L"[1,1]a,65\r\n[2,1]b,66\r\n[1,2]c,67\r\n[2,2]d,68\r\n";
 
-/// The bytes of a file of the source tree, which lies two folders above this one.
+/// The bytes of a file of the source tree.
 std::string SourceFile(const std::string& strPath) {
-    std::string strFolder = __FILE__;
-    for (int n = 0; n < 3; ++n)
-        strFolder.erase(strFolder.find_last_of("/\\"));
-    std::ifstream File(strFolder + "/" + strPath, std::ios::binary);
+    std::ifstream File(SourceTree() / strPath, std::ios::binary);
     return {std::istreambuf_iterator<char>(File), {}};
 }
 

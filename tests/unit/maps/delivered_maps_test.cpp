@@ -12,8 +12,10 @@
 #include "maps/map_file.h"
 #include "tests/unit/maps/map_faults.h"
 #include "tests/unit/program_fixture.h"
+#include "tests/unit/source_tree.h"
 #include "tools/map_cost/typing_cells.h"
 #include "tools/simulator/host_files.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 
@@ -21,9 +23,6 @@ namespace {
 
 using map_cost::CellPlace;
 using map_cost::TypingCells;
-
-const std::filesystem::path ROOT =
-    std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
 
 // The map of every day, the two that may take its place, and those of applications by the names of
 // their executables as the system's list of processes gives them.
@@ -62,7 +61,8 @@ constexpr const wchar_t* MORE_WORDS[] = {
 
 KnownWords Words() {
     std::string strTable;
-    EXPECT_TRUE(simulator::ReadHostFile(ROOT / "predictor" / "data" / "words.tsv", strTable));
+    EXPECT_TRUE(
+        simulator::ReadHostFile(SourceTree() / "predictor" / "data" / "words.tsv", strTable));
     KnownWords Known(std::begin(MORE_WORDS), std::end(MORE_WORDS));
     for (size_t n = 0; n < strTable.size();) {
         const size_t nEnd = std::min(strTable.find('\n', n), strTable.size());
@@ -80,7 +80,7 @@ const KnownWords& Dictionary() {
 
 std::string Delivered(const std::wstring& strName) {
     std::string strBytes;
-    EXPECT_TRUE(simulator::ReadHostFile(ROOT / "data" / strName, strBytes));
+    EXPECT_TRUE(simulator::ReadHostFile(SourceTree() / "data" / strName, strBytes));
     return strBytes;
 }
 
@@ -123,7 +123,7 @@ TEST_F(DeliveredMaps, Folder_HoldsTheKnownFilesOnly) {
         Wanted.push_back(L"data_" + strName + L".ini");
     std::sort(Wanted.begin(), Wanted.end());
     std::vector<std::filesystem::path> Paths;
-    ASSERT_TRUE(simulator::ListHostFiles(ROOT / "data", Paths));
+    ASSERT_TRUE(simulator::ListHostFiles(SourceTree() / "data", Paths));
     std::vector<std::wstring> Found;
     for (const auto& Path : Paths)
         Found.push_back(simulator::FileNameOf(Path));
@@ -133,7 +133,7 @@ TEST_F(DeliveredMaps, Folder_HoldsTheKnownFilesOnly) {
 
 TEST_F(DeliveredMaps, EveryMap_HasNoFault) {
     std::vector<std::filesystem::path> Paths;
-    ASSERT_TRUE(simulator::ListHostFiles(ROOT / "data", Paths));
+    ASSERT_TRUE(simulator::ListHostFiles(SourceTree() / "data", Paths));
     for (const auto& Path : Paths) {
         const std::wstring strName = simulator::FileNameOf(Path);
         EXPECT_EQ(Joined(FaultsOf(Delivered(strName), Dictionary())), "")
@@ -304,7 +304,7 @@ TEST_F(DeliveredMaps, AlphabetMap_TypesInSelectionMode_WhenItIsChosen) {
     frmMap->Show();
     ASSERT_TRUE(frmMap->File1.SelectText(L"data_abeceda.ini"));
     frmMap->Command1.Click();
-    MoveCursor(DIRECTION_RIGHT);
+    MoveCursor(KeyCode::Right);
     CommandAction(CELL_UNDER_CURSOR);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
     frmMap->Show();

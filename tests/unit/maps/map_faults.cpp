@@ -13,6 +13,7 @@
 #include "platform/text.h"
 #include "state/program_state.h"
 #include "tests/unit/maps/caption_width.h"
+#include "vocabulary/action_code.h"
 
 namespace taviro {
 
@@ -175,7 +176,7 @@ std::vector<std::string> FileFaults(std::string_view strBytes, const MapGrid& Gr
 
 std::string CodeFault(int32_t nCode) {
     constexpr int32_t WINDOWS = 9, KIND_CHARACTER = 1, LAST_KIND = 5;
-    const ActionCode Code = DecodeActionCode(nCode);
+    const ActionCode Code = ParseActionCode(nCode);
     const int32_t nKind = Code.nKind % 10;
     if (nCode < 0 || Code.nKey < 1 || nKind > LAST_KIND) return "a code without a key";
     if (Code.nModifiers > 7 && Code.nModifiers != WINDOWS) return "unknown modifiers";

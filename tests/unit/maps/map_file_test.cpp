@@ -3,6 +3,7 @@
 
 #include "forms/main_form.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "platform/files.h"
 #include "tests/unit/program_fixture.h"
 

@@ -4,6 +4,7 @@
 #include "forms/main_form.h"
 #include "maps/app_positions.h"
 #include "maps/key_names.h"
+#include "maps/shown_map.h"
 #include "maps/text_measure.h"
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"

@@ -7,6 +7,7 @@
 #include "maps/map_file.h"
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"
+#include "tests/unit/source_tree.h"
 #include "tools/map_cost/arrangement.h"
 #include "tools/map_cost/letter_counts.h"
 #include "tools/map_cost/typing_run.h"
@@ -16,13 +17,11 @@ namespace taviro::map_cost {
 
 namespace {
 
-const std::filesystem::path ROOT =
-    std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
 constexpr int32_t LETTER_ROWS = 6;  // of the delivered maps
 
 std::string HostFile(const std::filesystem::path& Path) {
     std::string strBytes;
-    EXPECT_TRUE(simulator::ReadHostFile(ROOT / Path, strBytes));
+    EXPECT_TRUE(simulator::ReadHostFile(SourceTree() / Path, strBytes));
     return strBytes;
 }
 

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
 // What is heard on entering selection and application mode: the mode's sound to its end, then the
 // cell.
+#include "actions/mode_announcing.h"
+
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
 #include "core/cursor_movement.h"
-#include "core/mode_switching.h"
 #include "feedback/speech.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
 #include "tests/unit/program_fixture.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
@@ -204,7 +206,7 @@ TEST_F(WaitingTest, PollLoop_IsNotEnteredAgain_WhileItsTickWaitsForASound) {
 
 TEST_F(WaitingTest, ScanStep_RunsInsideTheWait_AndNoStepInsideAnother) {
     Modes.Set(Mode::Select);
-    Scanning.nScanDirection = DIRECTION_RIGHT;
+    Scanning.nScanDirection = KeyCode::Right;
     int nDepth = 0, nDeepest = 0, nSteps = 0;
     forms::FrmMain->ScanTimer.OnTimer = [&] {
         nDeepest = std::max(nDeepest, ++nDepth);

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Every change of the operating mode, driven by the joystick through the poll loop: where it leads,
 // what the user hears, what the log says, which cell is kept.
-#include "core/mode_switching.h"
-
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
 #include "actions/choice_list.h"
 #include "actions/foreground_watch.h"
+#include "actions/mode_transitions.h"
 #include "core/cursor_movement.h"
 #include "core/poll_loop.h"
 #include "feedback/event_log.h"
@@ -19,6 +18,7 @@
 #include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
 #include "tests/unit/program_fixture.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
@@ -375,7 +375,7 @@ TEST_F(ModeSwitchingTest, ScanMode_TurnsScan_WhenTiltedByHand) {
     TiltLeft();
     Ticks(1);
     EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(Scanning.nScanDirection, DIRECTION_LEFT);
+    EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left);
 }
 
 TEST_F(ModeSwitchingTest, ApplicationMode_MovesInItsMapAndRunsItsCell) {

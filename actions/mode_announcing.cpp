@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "core/mode_switching.h"
+#include "actions/mode_announcing.h"
 
 #include <string>
 

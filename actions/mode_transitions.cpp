@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "actions/mode_transitions.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "actions/choice_list.h"
+#include "actions/foreground_watch.h"
+#include "actions/mode_announcing.h"
+#include "feedback/announce.h"
+#include "feedback/event_log.h"
+#include "forms/main_form.h"
+#include "maps/shown_map.h"
+#include "platform/messages.h"
+#include "settings/setting.h"
+#include "state/cursor_state.h"
+#include "state/mode_state.h"
+#include "state/program_state.h"
+
+namespace taviro {
+
+namespace {
+
+// Where a change begins. Between: the mode has ended, and what is in front decides on the next.
+enum class From { Selection, Scan, Arrow, Application, List, Anywhere, Between };
+
+enum class When { Always, ScanningIsOn, AppMapIsShown };
+
+// What a change does, in the order of its row.
+enum class Step {
+    StopScan,
+    Announce,  // the name of the mode, while others go on
+    Log,
+    EndMode,  // no mode is on; while messages run it counts as selection
+    SetMode,
+    RememberCell,
+    FollowForeground,  // shows the map of the program in front
+    LeaveAppMap,
+    ShowCommonMap,
+    RunMessages,
+    EnterMode,  // the mode's sound to its end, then the cell
+    ForgetForeground,
+    CloseList,
+    GoOn,  // with the row that fits what is shown now
+};
+
+struct Transition {
+    From nFrom;
+    ModeEvent nEvent;
+    When nWhen;
+    Mode nTo;
+    const wchar_t* szAnnounced;
+    const wchar_t* szLog;
+    std::span<const Step> Steps;
+};
+
+constexpr Step NEXT_MODE[] = {Step::Announce, Step::Log, Step::SetMode, Step::CloseList};
+constexpr Step NEXT_MODE_REMEMBERED[] = {Step::Announce, Step::Log, Step::SetMode,
+                                         Step::RememberCell, Step::CloseList};
+constexpr Step LEAVE_ARROW[] = {Step::StopScan, Step::EndMode, Step::FollowForeground, Step::GoOn};
+constexpr Step LEAVE_SCAN[] = {Step::StopScan, Step::EndMode, Step::RememberCell,
+                               Step::FollowForeground, Step::GoOn};
+constexpr Step ENTER_APPLICATION[] = {Step::Log, Step::EnterMode, Step::SetMode, Step::CloseList};
+constexpr Step ENTER_SELECTION[] = {Step::EnterMode, Step::SetMode, Step::CloseList};
+constexpr Step LEAVE_APPLICATION[] = {Step::StopScan,  Step::LeaveAppMap, Step::RunMessages,
+                                      Step::EnterMode, Step::SetMode,     Step::ForgetForeground,
+                                      Step::CloseList};
+// A key may have opened a list while the announcement let messages run.
+constexpr Step LOSE_APPLICATION[] = {Step::EndMode, Step::StopScan,         Step::EnterMode,
+                                     Step::SetMode, Step::ForgetForeground, Step::CloseList};
+constexpr Step MARKED_ARROW[] = {Step::Announce, Step::SetMode};
+constexpr Step MARKED_APPLICATION[] = {Step::Announce, Step::SetMode, Step::FollowForeground};
+constexpr Step MARKED_SELECTION[] = {Step::Announce, Step::SetMode, Step::ShowCommonMap};
+
+// The first row that fits counts.
+constexpr std::array<Transition, 12> TRANSITIONS{{
+    {.nFrom = From::List,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"mode_select",
+     .szLog = L"SelectMode set",
+     .Steps = NEXT_MODE_REMEMBERED},
+    {.nFrom = From::Selection,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Arrow,
+     .szAnnounced = L"mode_arrow",
+     .szLog = L"Arrow mode set",
+     .Steps = NEXT_MODE_REMEMBERED},
+    {.nFrom = From::Arrow,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::ScanningIsOn,
+     .nTo = Mode::Scan,
+     .szAnnounced = L"mode_scan",
+     .szLog = L"ScanMode set",
+     .Steps = NEXT_MODE},
+    {.nFrom = From::Arrow,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"",
+     .szLog = L"",
+     .Steps = LEAVE_ARROW},
+    {.nFrom = From::Scan,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"",
+     .szLog = L"",
+     .Steps = LEAVE_SCAN},
+    {.nFrom = From::Between,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::AppMapIsShown,
+     .nTo = Mode::Application,
+     .szAnnounced = L"",
+     .szLog = L"AppMode set",
+     .Steps = ENTER_APPLICATION},
+    {.nFrom = From::Between,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"",
+     .szLog = L"",
+     .Steps = ENTER_SELECTION},
+    {.nFrom = From::Application,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"",
+     .szLog = L"",
+     .Steps = LEAVE_APPLICATION},
+    {.nFrom = From::Application,
+     .nEvent = ModeEvent::AppMapGone,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"",
+     .szLog = L"",
+     .Steps = LOSE_APPLICATION},
+    {.nFrom = From::Anywhere,
+     .nEvent = ModeEvent::ArrowMark,
+     .nWhen = When::Always,
+     .nTo = Mode::Arrow,
+     .szAnnounced = L"mode_arrow",
+     .szLog = L"",
+     .Steps = MARKED_ARROW},
+    {.nFrom = From::Anywhere,
+     .nEvent = ModeEvent::ApplicationMark,
+     .nWhen = When::Always,
+     .nTo = Mode::Application,
+     .szAnnounced = L"mode_app",
+     .szLog = L"",
+     .Steps = MARKED_APPLICATION},
+    {.nFrom = From::Anywhere,
+     .nEvent = ModeEvent::SelectionMark,
+     .nWhen = When::Always,
+     .nTo = Mode::Select,
+     .szAnnounced = L"mode_select",
+     .szLog = L"",
+     .Steps = MARKED_SELECTION},
+}};
+
+From PlaceNow() {
+    switch (WhatIsDriven()) {
+        case DrivenBy::List:
+            return From::List;
+        case DrivenBy::Arrow:
+            return From::Arrow;
+        case DrivenBy::Scan:
+            return From::Scan;
+        case DrivenBy::Application:
+            return From::Application;
+        case DrivenBy::Selection:
+            break;
+    }
+    return From::Selection;
+}
+
+bool Holds(When nWhen) {
+    switch (nWhen) {
+        case When::ScanningIsOn:
+            return objSetting.ScanMode() == 1;
+        case When::AppMapIsShown:
+            return Foreground.bAppMapShown;
+        case When::Always:
+            break;
+    }
+    return true;
+}
+
+bool IsOn(Mode nMode) {
+    switch (nMode) {
+        case Mode::Select:
+            return Modes.bSelectMode;
+        case Mode::Scan:
+            return Modes.bScanMode;
+        case Mode::Arrow:
+            return Modes.bArrowMode;
+        case Mode::Application:
+            return Modes.bAppMode;
+    }
+    return false;
+}
+
+void Carry(Step nStep, const Transition& Row);
+
+void ChangeFrom(From nFrom, ModeEvent nEvent) {
+    const auto* pRow = std::find_if(TRANSITIONS.begin(), TRANSITIONS.end(), [&](const auto& Row) {
+        return (Row.nFrom == nFrom || Row.nFrom == From::Anywhere) && Row.nEvent == nEvent &&
+               Holds(Row.nWhen);
+    });
+    if (pRow == TRANSITIONS.end()) return;
+    if (pRow->nFrom == From::Anywhere && IsOn(pRow->nTo)) return;
+    for (const Step nStep : pRow->Steps)
+        Carry(nStep, *pRow);
+}
+
+void Carry(Step nStep, const Transition& Row) {
+    switch (nStep) {
+        case Step::StopScan:
+            forms::FrmMain->ScanTimer.Enabled = false;
+            break;
+        case Step::Announce:
+            Announce(Row.szAnnounced);
+            break;
+        case Step::Log:
+            LogEvent(Row.szLog);
+            break;
+        case Step::EndMode:
+            Modes.Clear();
+            break;
+        case Step::SetMode:
+            Modes.Set(Row.nTo);
+            break;
+        case Step::RememberCell:
+            Cursor.Remember();
+            break;
+        case Step::FollowForeground:
+            CheckForegroundApp(true);
+            break;
+        case Step::LeaveAppMap:
+            LeaveAppMap();
+            break;
+        case Step::ShowCommonMap:
+            ShowCommonMapAgain();
+            break;
+        case Step::RunMessages:
+            platform::RunPendingMessages();
+            break;
+        case Step::EnterMode:
+            Row.nTo == Mode::Application ? EnterAppMode() : EnterSelectMode();
+            break;
+        case Step::ForgetForeground:
+            ForgetForegroundApp();
+            break;
+        case Step::CloseList:
+            HideList();
+            break;
+        case Step::GoOn:
+            ChangeFrom(From::Between, Row.nEvent);
+            break;
+    }
+}
+
+}  // namespace
+
+DrivenBy WhatIsDriven() {
+    if (Modes.bListMode) return DrivenBy::List;
+    if (Modes.bArrowMode) return DrivenBy::Arrow;
+    if (Modes.bScanMode) return DrivenBy::Scan;
+    if (Modes.bAppMode) return DrivenBy::Application;
+    return DrivenBy::Selection;
+}
+
+void ChangeMode(ModeEvent nEvent) {
+    ChangeFrom(PlaceNow(), nEvent);
+}
+
+bool EventOfMark(ModeMark nMark, ModeEvent& nEvent) {
+    switch (nMark) {
+        case ModeMark::Selection:
+            nEvent = ModeEvent::SelectionMark;
+            return true;
+        case ModeMark::Arrow:
+            nEvent = ModeEvent::ArrowMark;
+            return true;
+        case ModeMark::Application:
+            nEvent = ModeEvent::ApplicationMark;
+            return true;
+        case ModeMark::None:
+            break;
+    }
+    return false;
+}
+
+}  // namespace taviro

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The keys that can be picked by name: what the user reads, and the action code without modifiers.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace taviro {
+
+struct CatalogueKey {
+    const wchar_t* szName = L"";
+    int32_t nCode = 0;
+};
+
+inline constexpr int32_t KEY_NAME_COUNT = 101;
+
+/// In the order of the pick lists.
+std::span<const CatalogueKey, KEY_NAME_COUNT> KeyCatalogue();
+
+}  // namespace taviro
