@@ -11,7 +11,8 @@ import words
 from tree import ROOT
 
 CHECKS = (meaning.meaning_elsewhere, meaning.second_writers,
-          floors.upward_includes, floors.include_cycles, floors.windows_headers, sizes.long_files,
+          floors.upward_includes, floors.include_cycles, floors.foreign_headers,
+          floors.missing_folders, sizes.long_files,
           style.unformatted_files, style.shell_faults, words.unfinished_work,
           words.foreign_origins, words.missing_licence_lines)
 
