@@ -1,25 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "automation/win32/call_arguments.h"
 
-#include "platform/win32/variant.h"
+#include "win32/com/owners.h"
 
 namespace taviro::automation {
 
 namespace {
 
-using platform::win32::Variant;
-
-constexpr VARTYPE REFERENCE_TO_VARIANT = VT_BYREF | VT_VARIANT;
-constexpr int DEEPEST_REFERENCE = 4;  // nobody nests deeper; a variant may not refer to itself
-
-/// Follows references from variant to variant to the one that holds, or takes, the value.
-VARIANT* Innermost(VARIANT* pGiven) {
-    for (int n = 0; n < DEEPEST_REFERENCE && pGiven->vt == REFERENCE_TO_VARIANT; ++n) {
-        if (pGiven->pvarVal == nullptr) return pGiven;
-        pGiven = pGiven->pvarVal;
-    }
-    return pGiven;
-}
+using com::Variant;
 
 /// Where a value of this kind lies, and its size; 0 for kinds that take no result.
 size_t SizeOf(VARTYPE nKind) {
@@ -96,12 +84,12 @@ std::wstring CallArguments::Text(UINT nPosition) {
     Variant Read;
     const HRESULT nRead = pGiven == nullptr
                               ? DISP_E_PARAMNOTFOUND
-                              : VariantChangeType(Read.Get(), Innermost(pGiven), 0, VT_BSTR);
+                              : VariantChangeType(Read.Get(), &com::Innermost(*pGiven), 0, VT_BSTR);
     if (FAILED(nRead)) {
         Fail(nRead, nPosition);
         return {};
     }
-    return {Read.Get()->bstrVal, SysStringLen(Read.Get()->bstrVal)};
+    return com::TextOf(Read->bstrVal);
 }
 
 int32_t CallArguments::Number(UINT nPosition) {
@@ -110,19 +98,19 @@ int32_t CallArguments::Number(UINT nPosition) {
     Variant Read;
     const HRESULT nRead = pGiven == nullptr
                               ? DISP_E_PARAMNOTFOUND
-                              : VariantChangeType(Read.Get(), Innermost(pGiven), 0, VT_I4);
+                              : VariantChangeType(Read.Get(), &com::Innermost(*pGiven), 0, VT_I4);
     if (FAILED(nRead)) {
         Fail(nRead, nPosition);
         return 0;
     }
-    return Read.Get()->lVal;
+    return Read->lVal;
 }
 
 void CallArguments::Store(UINT nPosition, VARIANT& Result) {
     VARIANT* pGiven = At(nPosition);
     if (pGiven == nullptr) return Fail(DISP_E_PARAMNOTFOUND, nPosition);
-    const bool bIntoVariant = pGiven->vt == REFERENCE_TO_VARIANT;
-    VARIANT* pTarget = Innermost(pGiven);
+    const bool bIntoVariant = pGiven->vt == com::REFERENCE_TO_VARIANT;
+    VARIANT* pTarget = &com::Innermost(*pGiven);
     HRESULT nStored = S_OK;
     if ((pTarget->vt & VT_BYREF) != 0) {
         nStored = StoreTyped(*pTarget, Result);
@@ -139,18 +127,15 @@ void CallArguments::Store(UINT nPosition, VARIANT& Result) {
 void CallArguments::Return(UINT nPosition, int32_t nResult) {
     if (IsFaulty()) return;
     Variant Result;
-    Result.Get()->vt = VT_I4;
-    Result.Get()->lVal = nResult;
+    Result->vt = VT_I4;
+    Result->lVal = nResult;
     Store(nPosition, *Result.Get());
 }
 
 void CallArguments::Return(UINT nPosition, const std::wstring& strResult) {
     if (IsFaulty()) return;
     Variant Result;
-    Result.Get()->bstrVal =
-        SysAllocStringLen(strResult.data(), static_cast<UINT>(strResult.size()));
-    if (Result.Get()->bstrVal == nullptr) return Fail(E_OUTOFMEMORY, nPosition);
-    Result.Get()->vt = VT_BSTR;
+    if (!Result.Take(com::NewText(strResult))) return Fail(E_OUTOFMEMORY, nPosition);
     Store(nPosition, *Result.Get());
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "automation/win32/gui_object.h"
 
-#include <new>
-
 #include "automation/win32/late_call.h"
 #include "win32/com/program_path.h"
 
@@ -10,21 +8,8 @@ namespace taviro::automation {
 
 namespace {
 
-std::wstring TextOf(BSTR strText) {
-    return {strText, SysStringLen(strText)};  // a null text is an empty one
-}
-
-/// No exception of ours may reach a client.
-template <class Call>
-HRESULT Guarded(const Call& Made) noexcept {
-    try {
-        return Made();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
-}
+using com::Guarded;
+using com::TextOf;
 
 /// A call with a 32-bit result, which Made fills.
 template <class Call>
@@ -47,33 +32,15 @@ void Explain(HRESULT nResult, EXCEPINFO& Exception) {
 
 }  // namespace
 
-HRESULT GuiObject::QueryInterface(REFIID Wanted, void** ppFound) noexcept {
-    if (ppFound == nullptr) return E_POINTER;
-    const bool bKnown = IsEqualIID(Wanted, __uuidof(IUnknown)) ||
-                        IsEqualIID(Wanted, __uuidof(IDispatch)) ||
-                        IsEqualIID(Wanted, __uuidof(IGUI));
-    *ppFound = bKnown ? this : nullptr;
-    if (!bKnown) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-// Clients come in through the system's threads, which count references too.
-ULONG GuiObject::AddRef() noexcept {
-    return static_cast<ULONG>(InterlockedIncrement(&m_nReferences));
-}
-
-ULONG GuiObject::Release() noexcept {
-    return static_cast<ULONG>(InterlockedDecrement(&m_nReferences));
-}
-
 HRESULT GuiObject::LoadInfo() {
-    if (m_pInfo != nullptr) return S_OK;
-    ITypeLib* pLibrary = nullptr;
-    const HRESULT nLoaded = LoadTypeLibEx(com::ProgramPath().c_str(), REGKIND_NONE, &pLibrary);
+    if (m_Info != nullptr) return S_OK;
+    ITypeLib* pLoaded = nullptr;
+    const HRESULT nLoaded = LoadTypeLibEx(com::ProgramPath().c_str(), REGKIND_NONE, &pLoaded);
     if (FAILED(nLoaded)) return nLoaded;
-    const HRESULT nFound = pLibrary->GetTypeInfoOfGuid(__uuidof(IGUI), &m_pInfo);
-    pLibrary->Release();
+    const com::UniqueObject<ITypeLib> Library(pLoaded);
+    ITypeInfo* pFound = nullptr;
+    const HRESULT nFound = Library->GetTypeInfoOfGuid(__uuidof(IGUI), &pFound);
+    m_Info.reset(pFound);
     return nFound;
 }
 
@@ -90,8 +57,8 @@ HRESULT GuiObject::GetTypeInfo(UINT nIndex, LCID /*nLocale*/, ITypeInfo** ppInfo
     return Guarded([&] {
         const HRESULT nLoaded = LoadInfo();
         if (FAILED(nLoaded)) return nLoaded;
-        m_pInfo->AddRef();
-        *ppInfo = m_pInfo;
+        m_Info->AddRef();
+        *ppInfo = m_Info.get();
         return S_OK;
     });
 }
@@ -100,7 +67,7 @@ HRESULT GuiObject::GetIDsOfNames(REFIID /*Reserved*/, LPOLESTR* pNames, UINT nCo
                                  LCID /*nLocale*/, DISPID* pIds) noexcept {
     return Guarded([&] {
         const HRESULT nLoaded = LoadInfo();
-        return FAILED(nLoaded) ? nLoaded : DispGetIDsOfNames(m_pInfo, pNames, nCount, pIds);
+        return FAILED(nLoaded) ? nLoaded : DispGetIDsOfNames(m_Info.get(), pNames, nCount, pIds);
     });
 }
 
@@ -155,10 +122,10 @@ HRESULT GuiObject::VBS_GetTitle(LONG hWindow, BSTR* pResult) noexcept {
     return Guarded([&] {
         std::wstring strTitle;
         const HRESULT nOutcome = ToResult(m_Gui.VBS_GetTitle(hWindow, strTitle));
-        BSTR strNew = SysAllocStringLen(strTitle.data(), static_cast<UINT>(strTitle.size()));
-        if (strNew == nullptr) return E_OUTOFMEMORY;
+        com::UniqueText New = com::NewText(strTitle);
+        if (New == nullptr) return E_OUTOFMEMORY;
         SysFreeString(*pResult);
-        *pResult = strNew;
+        *pResult = New.release();
         return nOutcome;
     });
 }

@@ -9,24 +9,14 @@
 #include <gui_interface.h>
 
 #include "automation/gui.h"
-
-// The system's interfaces have no virtual destructor; the object is never deleted.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#include "win32/com/object.h"
+#include "win32/com/owners.h"
 
 namespace taviro::automation {
 
-class GuiObject final : public IGUI {
+class GuiObject final : public com::Object<IGUI, IDispatch> {
   public:
-    GuiObject() = default;
-    GuiObject(const GuiObject&) = delete;
-    GuiObject& operator=(const GuiObject&) = delete;
-
-    /// Whether any client holds the object.
-    bool IsHeld() const { return m_nReferences > 0; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) noexcept override;
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
-    ULONG STDMETHODCALLTYPE Release() noexcept override;
+    GuiObject() : Object(0) {}
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* pCount) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT nIndex, LCID nLocale,
@@ -60,8 +50,7 @@ class GuiObject final : public IGUI {
     /// The members' descriptions, read from the program's type library when first asked for.
     HRESULT LoadInfo();
 
-    LONG m_nReferences = 0;
-    ITypeInfo* m_pInfo = nullptr;
+    com::UniqueObject<ITypeInfo> m_Info;
     GUI m_Gui;
 };
 

@@ -8,6 +8,7 @@
 #include "automation/win32/gui_object.h"
 #include "platform/messages.h"
 #include "win32/com/access.h"
+#include "win32/com/class_factory.h"
 
 namespace taviro::automation {
 
@@ -17,43 +18,12 @@ namespace {
 // is sent by a thread of the system after the call has returned, and must not be overtaken.
 constexpr DWORD FAREWELL_MS = 250;
 
-/// Gives the one object to whoever asks.
-class Factory final : public IClassFactory {
-  public:
-    explicit Factory(GuiObject& Offered) : m_Offered(Offered) {}
-    Factory(const Factory&) = delete;
-    Factory& operator=(const Factory&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) noexcept override {
-        if (ppFound == nullptr) return E_POINTER;
-        const bool bKnown =
-            IsEqualIID(Wanted, __uuidof(IUnknown)) || IsEqualIID(Wanted, __uuidof(IClassFactory));
-        *ppFound = bKnown ? this : nullptr;
-        return bKnown ? S_OK : E_NOINTERFACE;
-    }
-    // It lives as long as the program and counts nothing.
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* pOuter, REFIID Wanted,
-                                             void** ppMade) noexcept override {
-        if (ppMade == nullptr) return E_POINTER;
-        *ppMade = nullptr;
-        if (pOuter != nullptr) return CLASS_E_NOAGGREGATION;
-        return m_Offered.QueryInterface(Wanted, ppMade);
-    }
-    // The program is the user's: no client keeps it running.
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL /*bLock*/) noexcept override { return S_OK; }
-
-  private:
-    GuiObject& m_Offered;
-};
-
 /// What is offered to clients, for the whole run.
 struct ServerState {
     GuiObject Object;
-    Factory Maker{Object};
-    DWORD nOffer = 0;  ///< the system's number of the offer
-    bool bOffered = false;
+    // All clients get the one object. The program is the user's: none of them keeps it running.
+    com::ClassFactory Factory{
+        [this](REFIID Wanted, void** ppMade) { return Object.QueryInterface(Wanted, ppMade); }};
 };
 ServerState Server;
 
@@ -73,15 +43,12 @@ void AwaitClients() {
 
 bool OpenGuiServer() {
     if (!com::RestrictAccess()) return false;
-    Server.bOffered = SUCCEEDED(CoRegisterClassObject(
-        __uuidof(::GUI), &Server.Maker, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &Server.nOffer));
-    return Server.bOffered;
+    return SUCCEEDED(Server.Factory.Offer(__uuidof(::GUI)));
 }
 
 void CloseGuiServer() {
-    if (!Server.bOffered) return;
-    Server.bOffered = false;
-    static_cast<void>(CoRevokeClassObject(Server.nOffer));  // the number is ours
+    if (!Server.Factory.IsOffered()) return;
+    Server.Factory.Withdraw();
     AwaitClients();
     // Its result is always success.
     static_cast<void>(CoDisconnectObject(&Server.Object, 0));

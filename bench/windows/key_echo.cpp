@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "tests/e2e/windows/plain_window.h"
+
 namespace {
 
 void Write(const std::string& strLine) {
@@ -18,27 +20,22 @@ void Write(const std::string& strLine) {
 
 LRESULT CALLBACK OnMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) noexcept {
     if (nMessage == WM_KEYDOWN) Write(std::to_string(wParam));
-    if (nMessage == WM_DESTROY) PostQuitMessage(0);
-    return DefWindowProcW(hWindow, nMessage, wParam, lParam);
+    return taviro::tests::OnOtherMessage(hWindow, nMessage, wParam, lParam);
 }
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevious*/, PWSTR /*pCommandLine*/,
+int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevious*/, PWSTR /*pCommandLine*/,
                     int /*nShowCommand*/) {
-    WNDCLASSEXW Class{};
-    Class.cbSize = sizeof(Class);
-    Class.lpfnWndProc = OnMessage;
-    Class.hInstance = hInstance;
-    Class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
-    Class.lpszClassName = L"KeyEcho";
-    if (RegisterClassExW(&Class) == 0) return 1;
-    const HWND hWindow = CreateWindowExW(0, Class.lpszClassName, L"Key echo", WS_OVERLAPPEDWINDOW,
-                                         0, 400, 300, 200, nullptr, nullptr, hInstance, nullptr);
+    const HWND hWindow = taviro::tests::MakeWindow({.strClass = L"KeyEcho",
+                                                    .strTitle = L"Key echo",
+                                                    .nLeft = 0,
+                                                    .nTop = 400,
+                                                    .nWidth = 300,
+                                                    .nHeight = 200,
+                                                    .pOnMessage = OnMessage});
     if (hWindow == nullptr) return 1;
     ShowWindow(hWindow, SW_SHOWNORMAL);
-    MSG Message{};
-    while (GetMessageW(&Message, nullptr, 0, 0) > 0)
-        DispatchMessageW(&Message);
+    taviro::tests::RunMessages();
     return 0;
 }

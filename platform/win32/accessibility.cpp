@@ -3,11 +3,11 @@
 // the program should wait for it.
 #include <windows.h>
 
-#include <memory>
 #include <oleacc.h>
 
 #include "platform/win32/numbers.h"
 #include "platform/window_handling.h"
+#include "win32/com/owners.h"
 
 namespace taviro::platform {
 
@@ -30,10 +30,6 @@ struct AccessState {
 };
 AccessState Access;
 
-struct ComReleaser {
-    void operator()(IUnknown* pObject) const { pObject->Release(); }
-};
-
 }  // namespace
 
 bool AccessibleChildCount(WindowHandle hWindow, int32_t& nCount) {
@@ -43,7 +39,7 @@ bool AccessibleChildCount(WindowHandle hWindow, int32_t& nCount) {
     const HRESULT nResult = Access.pObjectOfWindow(
         win32::ToHwnd(hWindow), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &pFound);
     if (FAILED(nResult) || pFound == nullptr) return false;
-    const std::unique_ptr<IAccessible, ComReleaser> Object(static_cast<IAccessible*>(pFound));
+    const com::UniqueObject<IAccessible> Object(static_cast<IAccessible*>(pFound));
     LONG nChildren = 0;
     if (FAILED(Object->get_accChildCount(&nChildren))) return false;
     nCount = nChildren;

@@ -81,15 +81,15 @@ bool Invoke(const AutomationObject& Object, const std::wstring& strMember, WORD 
             std::span<AutomationArgument> Arguments, AutomationValue& Result) {
     const AutomationObject Alive = Object;  // a call may let messages run that release it
     DISPID nMember = DISPID_UNKNOWN;
-    if (!Alive || !FindMember(*Alive->pDispatch, strMember, nMember)) return false;
+    if (!Alive || !FindMember(*Alive->Dispatch, strMember, nMember)) return false;
     ArgumentList List(Arguments.size());
     if (!List.Fill(Arguments)) return false;
     DISPPARAMS Parameters = List.Parameters();
     Variant Returned;
     ExceptionInfo Exception;
     UINT nWrongArgument = 0;
-    if (FAILED(Alive->pDispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT, nKind, &Parameters,
-                                        Returned.Get(), &Exception.System, &nWrongArgument))) {
+    if (FAILED(Alive->Dispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT, nKind, &Parameters,
+                                       Returned.Get(), &Exception.System, &nWrongArgument))) {
         return false;
     }
     List.StoreBack(Arguments);
@@ -128,7 +128,7 @@ bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty
     const AutomationObject Alive = Object;
     DISPID nMember = DISPID_UNKNOWN;
     Variant Put;
-    if (!Alive || !FindMember(*Alive->pDispatch, strProperty, nMember) ||
+    if (!Alive || !FindMember(*Alive->Dispatch, strProperty, nMember) ||
         !win32::ToVariant(Value, *Put.Get())) {
         return false;
     }
@@ -142,9 +142,9 @@ bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty
     ExceptionInfo Exception;
     UINT nWrongArgument = 0;
     return SUCCEEDED(
-        Alive->pDispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT,
-                                 bObject ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT,
-                                 &Parameters, nullptr, &Exception.System, &nWrongArgument));
+        Alive->Dispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT,
+                                bObject ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT,
+                                &Parameters, nullptr, &Exception.System, &nWrongArgument));
 }
 
 }  // namespace taviro::platform

@@ -25,15 +25,15 @@ struct ToVariantVisitor {
         return true;
     }
     bool operator()(const std::wstring& strValue) const {
-        BSTR strCopy = SysAllocStringLen(strValue.data(), static_cast<UINT>(strValue.size()));
-        if (strCopy == nullptr) return false;
+        com::UniqueText Copy = com::NewText(strValue);
+        if (Copy == nullptr) return false;
         Target.vt = VT_BSTR;
-        Target.bstrVal = strCopy;
+        Target.bstrVal = Copy.release();
         return true;
     }
     bool operator()(const AutomationObject& Object) const {
         Target.vt = VT_DISPATCH;
-        Target.pdispVal = Object ? Object->pDispatch : nullptr;
+        Target.pdispVal = Object ? Object->Dispatch.get() : nullptr;
         if (Target.pdispVal != nullptr) Target.pdispVal->AddRef();
         return true;
     }
@@ -81,7 +81,7 @@ AutomationValue FromVariant(const VARIANT& Variant) {
         case VT_I4:
             return int32_t{Variant.lVal};
         case VT_BSTR:
-            return std::wstring(Variant.bstrVal, SysStringLen(Variant.bstrVal));
+            return com::TextOf(Variant.bstrVal);
         case VT_DISPATCH:
             return FromObject(Variant.pdispVal);
         case VT_UNKNOWN:

@@ -8,36 +8,22 @@
 #include <oleauto.h>
 
 #include "platform/automation.h"
+#include "win32/com/owners.h"
 
 namespace taviro::platform {
 
 /// A live object: one reference, released with the last copy of the AutomationObject.
 struct AutomationServer {
-    explicit AutomationServer(IDispatch* pOwned) : pDispatch(pOwned) {}
-    AutomationServer(const AutomationServer&) = delete;
-    AutomationServer& operator=(const AutomationServer&) = delete;
-    ~AutomationServer() { pDispatch->Release(); }
+    explicit AutomationServer(IDispatch* pOwned) : Dispatch(pOwned) {}
 
-    IDispatch* const pDispatch;  ///< never null
+    const com::UniqueObject<IDispatch> Dispatch;  ///< never null
 };
 
 }  // namespace taviro::platform
 
 namespace taviro::platform::win32 {
 
-/// A variant that is cleared at its end.
-class Variant {
-  public:
-    Variant() { VariantInit(&m_Value); }
-    Variant(const Variant&) = delete;
-    Variant& operator=(const Variant&) = delete;
-    ~Variant() { static_cast<void>(VariantClear(&m_Value)); }  // frees whatever it holds
-
-    VARIANT* Get() { return &m_Value; }
-
-  private:
-    VARIANT m_Value{};
-};
+using com::Variant;
 
 /// Fills an empty variant. Returns false when memory runs out.
 bool ToVariant(const AutomationValue& Value, VARIANT& Variant);

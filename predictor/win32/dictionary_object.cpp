@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "predictor/win32/dictionary_object.h"
 
-#include <new>
-
 #include "predictor/win32/prefix_argument.h"
+#include "win32/com/owners.h"
 
 namespace taviro::predictor {
 
@@ -43,44 +42,12 @@ bool IsMissing(const VARIANT& Given) {
 }  // namespace
 
 DictionaryObject::DictionaryObject(Service& Shared, Lifetime& Server)
-    : m_Shared(Shared), m_Server(Server), m_Session(Shared) {
+    : LateBoundObject(1), m_Shared(Shared), m_Server(Server), m_Session(Shared) {
     m_Server.Hold();
 }
 
 DictionaryObject::~DictionaryObject() {
     m_Server.LetGo();
-}
-
-HRESULT DictionaryObject::QueryInterface(REFIID Wanted, void** ppFound) noexcept {
-    if (ppFound == nullptr) return E_POINTER;
-    const bool bKnown =
-        IsEqualIID(Wanted, __uuidof(IUnknown)) || IsEqualIID(Wanted, __uuidof(IDispatch));
-    *ppFound = bKnown ? this : nullptr;
-    if (!bKnown) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG DictionaryObject::AddRef() noexcept {
-    return ++m_nReferences;
-}
-
-ULONG DictionaryObject::Release() noexcept {
-    const ULONG nLeft = --m_nReferences;
-    if (nLeft == 0) delete this;
-    return nLeft;
-}
-
-HRESULT DictionaryObject::GetTypeInfoCount(UINT* pCount) noexcept {
-    if (pCount == nullptr) return E_POINTER;
-    *pCount = 0;
-    return S_OK;
-}
-
-HRESULT DictionaryObject::GetTypeInfo(UINT /*nIndex*/, LCID /*nLocale*/,
-                                      ITypeInfo** ppInfo) noexcept {
-    if (ppInfo != nullptr) *ppInfo = nullptr;
-    return E_NOTIMPL;
 }
 
 HRESULT DictionaryObject::GetIDsOfNames(REFIID /*Reserved*/, LPOLESTR* pNames, UINT nCount,
@@ -101,13 +68,7 @@ HRESULT DictionaryObject::Invoke(DISPID nMember, REFIID /*Reserved*/, LCID /*nLo
     UINT nFaulty = 0;
     HRESULT nResult = DISP_E_PARAMNOTFOUND;
     if (pParameters->cNamedArgs == 0 || pParameters->rgdispidNamedArgs[0] == PREFIX) {
-        try {
-            nResult = GetPrediction(*pParameters, pResult, nFaulty);
-        } catch (const std::bad_alloc&) {
-            nResult = E_OUTOFMEMORY;
-        } catch (...) {
-            nResult = E_FAIL;
-        }
+        nResult = com::Guarded([&] { return GetPrediction(*pParameters, pResult, nFaulty); });
     }
     if (pFaulty != nullptr && FAILED(nResult)) *pFaulty = nFaulty;
     return nResult;
@@ -122,16 +83,13 @@ HRESULT DictionaryObject::GetPrediction(DISPPARAMS& Parameters, VARIANT* pResult
     if (FAILED(nRead)) return nRead;
     const Answer Found = m_Session.Ask(strPrefix);
     if (m_Shared.IsUnsaved()) m_Server.RequestSave();
-    BSTR strList = SysAllocStringLen(Found.strList.data(), static_cast<UINT>(Found.strList.size()));
-    if (strList == nullptr) return E_OUTOFMEMORY;
+    com::UniqueText List = com::NewText(Found.strList);
+    if (List == nullptr) return E_OUTOFMEMORY;
     const HRESULT nWritten =
         Found.strPrefix == strPrefix ? S_OK : WritePrefix(Given, Found.strPrefix);
-    if (FAILED(nWritten) || pResult == nullptr) {
-        SysFreeString(strList);
-        return nWritten;
-    }
+    if (FAILED(nWritten) || pResult == nullptr) return nWritten;
     pResult->vt = VT_BSTR;
-    pResult->bstrVal = strList;
+    pResult->bstrVal = List.release();
     return S_OK;
 }
 

@@ -1,28 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "predictor/win32/prefix_argument.h"
 
+#include "win32/com/owners.h"
+
 namespace taviro::predictor {
 
 namespace {
 
-constexpr VARTYPE REFERENCE_TO_VARIANT = VT_BYREF | VT_VARIANT;
-constexpr VARTYPE REFERENCE_TO_TEXT = VT_BYREF | VT_BSTR;
-constexpr int DEEPEST_REFERENCE = 4;  // nobody nests deeper; a variant may not refer to itself
-
-/// Follows references from variant to variant to the one that holds, or takes, the value. Null when
-/// they lead nowhere.
-VARIANT* Innermost(VARIANT& Given) {
-    VARIANT* pFound = &Given;
-    for (int n = 0; n < DEEPEST_REFERENCE && pFound != nullptr; ++n) {
-        if (pFound->vt != REFERENCE_TO_VARIANT) return pFound;
-        pFound = pFound->pvarVal;
-    }
-    return nullptr;
-}
-
-std::wstring TextOf(BSTR strText) {
-    return {strText, SysStringLen(strText)};  // a null text is an empty one
-}
+using com::REFERENCE_TO_TEXT;
+using com::REFERENCE_TO_VARIANT;
+using com::TextOf;
 
 bool IsNumber(VARTYPE nKind) {
     switch (nKind & ~VT_BYREF) {
@@ -49,63 +36,53 @@ bool IsNumber(VARTYPE nKind) {
 }
 
 HRESULT ReadNumber(VARIANT& Given, std::wstring& strPrefix) {
-    VARIANT Text;
-    VariantInit(&Text);
+    com::Variant Text;
     const HRESULT nRead =
-        VariantChangeTypeEx(&Text, &Given, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, VT_BSTR);
-    if (FAILED(nRead)) return nRead;
-    try {
-        strPrefix = TextOf(Text.bstrVal);
-    } catch (...) {
-        SysFreeString(Text.bstrVal);
-        throw;
-    }
-    SysFreeString(Text.bstrVal);
-    return S_OK;
+        VariantChangeTypeEx(Text.Get(), &Given, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, VT_BSTR);
+    if (SUCCEEDED(nRead)) strPrefix = TextOf(Text->bstrVal);
+    return nRead;
 }
 
 }  // namespace
 
 HRESULT ReadPrefix(VARIANT& Given, std::wstring& strPrefix) {
     strPrefix.clear();
-    VARIANT* pFound = Innermost(Given);
-    if (pFound == nullptr) return DISP_E_TYPEMISMATCH;
-    switch (pFound->vt) {
+    VARIANT& Found = com::Innermost(Given);
+    switch (Found.vt) {
         case VT_BSTR:
-            strPrefix = TextOf(pFound->bstrVal);
+            strPrefix = TextOf(Found.bstrVal);
             return S_OK;
         case REFERENCE_TO_TEXT:
-            if (pFound->pbstrVal == nullptr) return DISP_E_TYPEMISMATCH;
-            strPrefix = TextOf(*pFound->pbstrVal);
+            if (Found.pbstrVal == nullptr) return DISP_E_TYPEMISMATCH;
+            strPrefix = TextOf(*Found.pbstrVal);
             return S_OK;
         case VT_EMPTY:
         case VT_NULL:
             return S_OK;
         default:
-            if (!IsNumber(pFound->vt)) return DISP_E_TYPEMISMATCH;
-            if ((pFound->vt & VT_BYREF) != 0 && pFound->byref == nullptr) {
+            if (!IsNumber(Found.vt)) return DISP_E_TYPEMISMATCH;
+            if ((Found.vt & VT_BYREF) != 0 && Found.byref == nullptr) {
                 return DISP_E_TYPEMISMATCH;
             }
-            return ReadNumber(*pFound, strPrefix);
+            return ReadNumber(Found, strPrefix);
     }
 }
 
 HRESULT WritePrefix(VARIANT& Given, const std::wstring& strPrefix) {
-    VARIANT* pFound = Innermost(Given);
-    if (pFound == nullptr) return S_OK;
-    const bool bText = pFound->vt == REFERENCE_TO_TEXT && pFound->pbstrVal != nullptr;
-    const bool bVariant = Given.vt == REFERENCE_TO_VARIANT && (pFound->vt & VT_BYREF) == 0;
+    VARIANT& Found = com::Innermost(Given);
+    const bool bText = Found.vt == REFERENCE_TO_TEXT && Found.pbstrVal != nullptr;
+    const bool bVariant = Given.vt == REFERENCE_TO_VARIANT && (Found.vt & VT_BYREF) == 0;
     if (!bText && !bVariant) return S_OK;
-    BSTR strNew = SysAllocStringLen(strPrefix.data(), static_cast<UINT>(strPrefix.size()));
-    if (strNew == nullptr) return E_OUTOFMEMORY;
+    com::UniqueText New = com::NewText(strPrefix);
+    if (New == nullptr) return E_OUTOFMEMORY;
     if (bText) {
-        SysFreeString(*pFound->pbstrVal);
-        *pFound->pbstrVal = strNew;
+        SysFreeString(*Found.pbstrVal);
+        *Found.pbstrVal = New.release();
         return S_OK;
     }
-    static_cast<void>(VariantClear(pFound));  // it holds a plain value, which can always go
-    pFound->vt = VT_BSTR;
-    pFound->bstrVal = strNew;
+    static_cast<void>(VariantClear(&Found));  // it holds a plain value, which can always go
+    Found.vt = VT_BSTR;
+    Found.bstrVal = New.release();
     return S_OK;
 }
 

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdlib>
-#include <new>
 #include <objbase.h>
 
 #include "predictor/service.h"
@@ -16,7 +15,9 @@
 #include "predictor/win32/places.h"
 #include "predictor/win32/store_owner.h"
 #include "win32/com/access.h"
+#include "win32/com/class_factory.h"
 #include "win32/com/console.h"
+#include "win32/com/owners.h"
 
 namespace taviro::predictor {
 
@@ -31,52 +32,10 @@ constexpr CLSID CLASS_ID = {
 constexpr DWORD LINGER_MS = 5000;
 constexpr DWORD FIRST_CLIENT_MS = 30000;
 
-/// Makes an object for each client.
-class Factory final : public IClassFactory {
-  public:
-    Factory(Service& Shared, Lifetime& Server) : m_Shared(Shared), m_Server(Server) {}
-    Factory(const Factory&) = delete;
-    Factory& operator=(const Factory&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) noexcept override {
-        if (ppFound == nullptr) return E_POINTER;
-        const bool bKnown =
-            IsEqualIID(Wanted, __uuidof(IUnknown)) || IsEqualIID(Wanted, __uuidof(IClassFactory));
-        *ppFound = bKnown ? this : nullptr;
-        return bKnown ? S_OK : E_NOINTERFACE;
-    }
-    // It lives as long as the server and counts nothing.
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* pOuter, REFIID Wanted,
-                                             void** ppMade) noexcept override {
-        if (ppMade == nullptr) return E_POINTER;
-        *ppMade = nullptr;
-        if (pOuter != nullptr) return CLASS_E_NOAGGREGATION;
-        try {
-            auto* pObject = new DictionaryObject(m_Shared, m_Server);
-            const HRESULT nFound = pObject->QueryInterface(Wanted, ppMade);
-            pObject->Release();
-            return nFound;
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        } catch (...) {
-            return E_FAIL;
-        }
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL bLock) noexcept override {
-        if (bLock != FALSE) {
-            m_Server.Hold();
-        } else {
-            m_Server.LetGo();
-        }
-        return S_OK;
-    }
-
-  private:
-    Service& m_Shared;
-    Lifetime& m_Server;
-};
+HRESULT MakeObject(Service& Shared, Lifetime& Server, REFIID Wanted, void** ppMade) {
+    const com::UniqueObject<DictionaryObject> Made(new DictionaryObject(Shared, Server));
+    return Made->QueryInterface(Wanted, ppMade);
+}
 
 void ComplainIfNew(const std::string& strError, std::string& strLast) {
     if (strError == strLast) return;
@@ -159,17 +118,17 @@ void MainLoop::Run() {
 }
 
 int Run(Service& Shared, Lifetime& Server, const ForgetSignals& Forgetting) {
-    Factory Maker(Shared, Server);
-    DWORD nOffer = 0;
-    const HRESULT nOffered =
-        CoRegisterClassObject(CLASS_ID, &Maker, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &nOffer);
+    com::ClassFactory Factory(
+        [&](REFIID Wanted, void** ppMade) { return MakeObject(Shared, Server, Wanted, ppMade); },
+        [&](bool bLock) { bLock ? Server.Hold() : Server.LetGo(); });
+    const HRESULT nOffered = Factory.Offer(CLASS_ID);
     if (FAILED(nOffered)) {
         Complain(L"The dictionary cannot be offered: " + com::ReasonOf(nOffered));
         return EXIT_FAILURE;
     }
     MainLoop Loop(Shared, Server, Forgetting);
     Loop.Run();
-    static_cast<void>(CoRevokeClassObject(nOffer));  // the number is ours
+    Factory.Withdraw();
     std::string strError;
     if (!Shared.Save(strError)) Complain(FromUtf8(strError));
     if (Forgetting.hWanted != nullptr &&

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/win32/variant.h"
+#include "win32/com/object.h"
 
 namespace taviro::platform {
 namespace {
@@ -18,36 +19,21 @@ struct Arrived {
     bool bNullText;
 };
 
-// The system's interfaces have no virtual destructor; nobody deletes through them.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 /// An object with one member, "Member" (number 7), that records its calls and changes what it gets
 /// by reference.
-class RecordingObject final : public IDispatch {
+class RecordingObject final : public com::LateBoundObject<> {
   public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID /*iid*/, void** ppObject) override {
-        *ppObject = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++nReferences; }
-    ULONG STDMETHODCALLTYPE Release() override { return --nReferences; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* pCount) override {
-        *pCount = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT /*n*/, LCID /*l*/, ITypeInfo** /*pp*/) override {
-        return E_NOTIMPL;
-    }
+    RecordingObject() : LateBoundObject(1) {}
+
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*iid*/, LPOLESTR* ppNames, UINT /*nNames*/,
-                                            LCID /*lcid*/, DISPID* pMembers) override {
+                                            LCID /*lcid*/, DISPID* pMembers) noexcept override {
         if (std::wstring(*ppNames) != L"Member") return DISP_E_UNKNOWNNAME;
         *pMembers = 7;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID nMember, REFIID /*iid*/, LCID /*lcid*/, WORD nKind,
                                      DISPPARAMS* pParameters, VARIANT* pResult, EXCEPINFO* pInfo,
-                                     UINT* /*pWrong*/) override {
+                                     UINT* /*pWrong*/) noexcept override {
         EXPECT_EQ(nMember, 7);
         nLastKind = nKind;
         nNamedArguments = pParameters->cNamedArgs;
@@ -61,12 +47,17 @@ class RecordingObject final : public IDispatch {
         return S_OK;
     }
 
+    /// How many references are held.
+    ULONG References() {
+        AddRef();
+        return Release();
+    }
+
     std::vector<Arrived> Calls;  ///< in the order of arrival: last argument first
     VARIANT Answer{};
     bool bFails = false;
     WORD nLastKind = 0;
     UINT nNamedArguments = 0;
-    ULONG nReferences = 1;
 
   private:
     void Take(VARIANT& Argument) {
@@ -82,8 +73,6 @@ class RecordingObject final : public IDispatch {
         }
     }
 };
-
-#pragma GCC diagnostic pop
 
 class AutomationTest : public testing::Test {
   protected:
@@ -149,7 +138,7 @@ TEST_F(AutomationTest, PutProperty_IsByReference_WhenTheValueIsAnObject) {
     ASSERT_TRUE(PutProperty(Object, L"Member", Object));
     EXPECT_EQ(Recorder.nLastKind, DISPATCH_PROPERTYPUTREF);
     EXPECT_EQ(Recorder.nNamedArguments, 1U);
-    EXPECT_EQ(Recorder.nReferences, 1U) << "the reference that was passed is released";
+    EXPECT_EQ(Recorder.References(), 1U) << "the reference that was passed is released";
     ASSERT_TRUE(PutProperty(Object, L"Member", int32_t{3}));
     EXPECT_EQ(Recorder.nLastKind, DISPATCH_PROPERTYPUT);
 }
@@ -157,9 +146,9 @@ TEST_F(AutomationTest, PutProperty_IsByReference_WhenTheValueIsAnObject) {
 TEST_F(AutomationTest, Object_IsReleased_WhenTheLastCopyGoes) {
     AutomationObject Copy = Object;
     Object.reset();
-    EXPECT_EQ(Recorder.nReferences, 1U);
+    EXPECT_EQ(Recorder.References(), 1U);
     Copy.reset();
-    EXPECT_EQ(Recorder.nReferences, 0U);
+    EXPECT_EQ(Recorder.References(), 0U);
 }
 
 TEST_F(AutomationTest, Result_BecomesANumber_WhenOfAnotherNumericKind) {

@@ -14,6 +14,7 @@
 #include "predictor/win32/keyboard.h"
 #include "predictor/win32/prefix_argument.h"
 #include "tests/win32/test_support.h"
+#include "win32/com/owners.h"
 
 namespace taviro::predictor {
 namespace {
@@ -22,12 +23,10 @@ constexpr DISPID GET_PREDICTION = 1;
 constexpr VARTYPE TEXT_REFERENCE = VT_BYREF | VT_BSTR;
 constexpr VARTYPE VARIANT_REFERENCE = VT_BYREF | VT_VARIANT;
 
-BSTR NewText(const std::wstring& strText) {
-    return SysAllocStringLen(strText.data(), static_cast<UINT>(strText.size()));
-}
+using com::TextOf;
 
-std::wstring TextOf(BSTR strText) {
-    return {strText, SysStringLen(strText)};
+BSTR NewText(const std::wstring& strText) {
+    return com::NewText(strText).release();
 }
 
 VARIANT TextVariant(const std::wstring& strText) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "tests/e2e/automation/transcript.h"
+#include "win32/com/object.h"
 
 namespace taviro::standin {
 
@@ -59,41 +60,23 @@ void TellException(EXCEPINFO* pException) {
 }
 
 /// What all the objects share: members found by name, each call recorded, failures on request.
-class Object : public IDispatch {
+class Object : public com::LateBoundObject<> {
   public:
     Object(std::wstring strName, std::span<const Member> Members)
-        : m_strName(std::move(strName)), m_Members(Members) {
+        : LateBoundObject(1), m_strName(std::move(strName)), m_Members(Members) {
         InterlockedIncrement(&nObjects);
     }
-    Object(const Object&) = delete;
-    Object& operator=(const Object&) = delete;
     virtual ~Object() { InterlockedDecrement(&nObjects); }
 
     const std::wstring& Name() const { return m_strName; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) override {
-        const bool bKnown = IsEqualIID(Wanted, IID_IUnknown) || IsEqualIID(Wanted, IID_IDispatch) ||
-                            IsEqualIID(Wanted, IID_STANDIN);
-        *ppFound = bKnown ? this : nullptr;
-        if (bKnown) AddRef();
-        return bKnown ? S_OK : E_NOINTERFACE;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) noexcept override {
+        return LateBoundObject::QueryInterface(
+            IsEqualIID(Wanted, IID_STANDIN) ? __uuidof(IDispatch) : Wanted, ppFound);
     }
-    ULONG STDMETHODCALLTYPE AddRef() override {
-        return static_cast<ULONG>(InterlockedIncrement(&m_nReferences));
-    }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const LONG nLeft = InterlockedDecrement(&m_nReferences);
-        if (nLeft == 0) delete this;
-        return static_cast<ULONG>(nLeft);
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* pCount) override {
-        *pCount = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
 
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* pNames, UINT nCount, LCID,
-                                            DISPID* pIds) override {
+                                            DISPID* pIds) noexcept override {
         if (ReadBehaviour().nKind == Behaviour::Gone) {
             Record(m_strName + L"." + pNames[0] + L" lost");
             return RPC_E_DISCONNECTED;
@@ -107,7 +90,8 @@ class Object : public IDispatch {
     }
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID nId, REFIID, LCID, WORD nKind, DISPPARAMS* pParameters,
-                                     VARIANT* pResult, EXCEPINFO* pException, UINT*) override {
+                                     VARIANT* pResult, EXCEPINFO* pException,
+                                     UINT*) noexcept override {
         if (nId < 1 || static_cast<size_t>(nId) > m_Members.size()) return DISP_E_MEMBERNOTFOUND;
         const auto nIndex = static_cast<size_t>(nId) - 1;
         const HRESULT nAnswer = Answer(nIndex, nKind, *pParameters, pResult, pException);
@@ -158,7 +142,8 @@ class Object : public IDispatch {
         return Do(nMember, nKind, Parameters, pResult);
     }
 
-    LONG m_nReferences = 1;
+    void OnLastRelease() noexcept override { delete this; }
+
     std::wstring m_strName;
     std::span<const Member> m_Members;
 };

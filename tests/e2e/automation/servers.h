@@ -9,9 +9,6 @@
 #include <span>
 #include <string>
 
-// The system's interfaces have no virtual destructor; objects end in their own Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 namespace taviro::standin {
 
 /// A class that can be created: its ProgID and what makes an object of it.

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "tests/e2e/automation/servers.h"
+#include "tests/e2e/probe/answer.h"
 
 namespace taviro::standin {
 
@@ -19,16 +20,6 @@ std::wstring SharedFile(const wchar_t* strName) {
     const DWORD nLength = GetEnvironmentVariableW(L"TAVIRO_AUTOMATION", strFolder, MAX_PATH);
     if (nLength == 0 || nLength >= MAX_PATH) return {};
     return std::wstring(strFolder) + L"\\" + strName;
-}
-
-std::string ToUtf8(const std::wstring& strText) {
-    const int nCharacters = static_cast<int>(strText.size());
-    const int nLength =
-        WideCharToMultiByte(CP_UTF8, 0, strText.data(), nCharacters, nullptr, 0, nullptr, nullptr);
-    std::string strResult(static_cast<size_t>(nLength), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, strText.data(), nCharacters, strResult.data(), nLength, nullptr,
-                        nullptr);
-    return strResult;
 }
 
 std::string Escaped(const std::string& strText) {
@@ -90,7 +81,7 @@ void Record(const std::wstring& strLine) {
     const HANDLE hFile = CreateFileW(SharedFile(L"calls.txt").c_str(), FILE_APPEND_DATA, SHARE_ALL,
                                      nullptr, OPEN_ALWAYS, 0, nullptr);
     if (hFile == INVALID_HANDLE_VALUE) return;
-    const std::string strBytes = Escaped(ToUtf8(strLine)) + "\n";
+    const std::string strBytes = Escaped(probe::ToUtf8(strLine)) + "\n";
     DWORD nWritten = 0;
     WriteFile(hFile, strBytes.data(), static_cast<DWORD>(strBytes.size()), &nWritten, nullptr);
     CloseHandle(hFile);

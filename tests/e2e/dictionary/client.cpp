@@ -5,23 +5,21 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <fcntl.h>
-#include <io.h>
 #include <ole2.h>
 #include <string>
 #include <vector>
 
 #include "tests/e2e/probe/answer.h"
+#include "win32/com/owners.h"
 
 namespace {
 
 using namespace taviro::probe;
-using Fields = std::vector<std::wstring>;
+namespace com = taviro::com;
 
 constexpr wchar_t NUL_SIGN = 0x2400;
 
-IDispatch* pDictionary = nullptr;
+com::UniqueObject<IDispatch> Dictionary;
 
 std::wstring CodeText(HRESULT nResult) {
     wchar_t strCode[16] = {};
@@ -29,15 +27,15 @@ std::wstring CodeText(HRESULT nResult) {
     return strCode;
 }
 
-std::wstring TextOf(BSTR strText) {
-    std::wstring strResult(strText, SysStringLen(strText));
+std::wstring ShownText(BSTR strText) {
+    std::wstring strResult = com::TextOf(strText);
     std::replace(strResult.begin(), strResult.end(), L'\0', NUL_SIGN);
     return strResult;
 }
 
-BSTR NewText(std::wstring strText) {
+BSTR MeantText(std::wstring strText) {
     std::replace(strText.begin(), strText.end(), NUL_SIGN, L'\0');
-    return SysAllocStringLen(strText.data(), static_cast<UINT>(strText.size()));
+    return com::NewText(strText).release();
 }
 
 HRESULT Create(const std::wstring& strName) {
@@ -47,7 +45,7 @@ HRESULT Create(const std::wstring& strName) {
     void* pMade = nullptr;
     const HRESULT nMade =
         CoCreateInstance(Class, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch, &pMade);
-    if (SUCCEEDED(nMade)) pDictionary = static_cast<IDispatch*>(pMade);
+    if (SUCCEEDED(nMade)) Dictionary.reset(static_cast<IDispatch*>(pMade));
     return nMade;
 }
 
@@ -58,7 +56,7 @@ struct Passed {
     BSTR strText;     ///< what a text by reference leads to
 
     Passed(const std::wstring& strForm, const std::wstring& strWanted)
-        : strText(NewText(strWanted)) {
+        : strText(MeantText(strWanted)) {
         VARIANT& Last = strForm.starts_with(L"&variant") ? Inner : Given;
         const bool bReference = strForm == L"&bstr" || strForm == L"&variant &bstr";
         Last.vt = bReference ? VT_BYREF | VT_BSTR : VT_BSTR;
@@ -83,24 +81,24 @@ struct Passed {
     }
 };
 
-HRESULT Ask(Passed& Prefix, WORD nKind, VARIANT& List) {
+HRESULT Ask(Passed& Prefix, WORD nKind, com::Variant& List) {
     wchar_t strName[] = L"getprediction";  // names have no case
     wchar_t* pName = strName;
     DISPID nMember = 0;
-    const HRESULT nFound = pDictionary->GetIDsOfNames(IID_NULL, &pName, 1, 0, &nMember);
+    const HRESULT nFound = Dictionary->GetIDsOfNames(IID_NULL, &pName, 1, 0, &nMember);
     if (FAILED(nFound)) return nFound;
     DISPPARAMS Parameters{&Prefix.Given, nullptr, 1, 0};
-    return pDictionary->Invoke(nMember, IID_NULL, 0, nKind, &Parameters, &List, nullptr, nullptr);
+    return Dictionary->Invoke(nMember, IID_NULL, 0, nKind, &Parameters, List.Get(), nullptr,
+                              nullptr);
 }
 
 // Code, list and the prefix afterwards.
 void AnswerPrediction(const std::wstring& strForm, const std::wstring& strText) {
     Passed Prefix(strForm, strText);
-    VARIANT List{};
+    com::Variant List;
     const HRESULT nResult = Ask(Prefix, DISPATCH_METHOD | DISPATCH_PROPERTYGET, List);
-    Answer({CodeText(nResult), List.vt == VT_BSTR ? TextOf(List.bstrVal) : L"(no text)",
-            TextOf(Prefix.Now())});
-    VariantClear(&List);
+    Answer({CodeText(nResult), List->vt == VT_BSTR ? ShownText(List->bstrVal) : L"(no text)",
+            ShownText(Prefix.Now())});
 }
 
 double Seconds() {
@@ -121,9 +119,8 @@ void AnswerStorm(const Fields& Given) {
         const std::wstring& strWord = Given[1];
         for (size_t n = 1; n <= strWord.size() && SUCCEEDED(nResult); ++n) {
             Passed Prefix(L"&bstr", strWord.substr(0, n));
-            VARIANT List{};
+            com::Variant List;
             nResult = Ask(Prefix, DISPATCH_METHOD, List);
-            VariantClear(&List);
             nCalls += SUCCEEDED(nResult) ? 1 : 0;
         }
     }
@@ -157,14 +154,13 @@ void AnswerStart(const Fields& Given) {
         nResult = Create(Given[2]);
     }
     const double dCreated = Seconds();
-    VARIANT List{};
+    com::Variant List;
     if (SUCCEEDED(nResult) && !Given[3].empty()) {
         Passed Prefix(L"&bstr", Given[3]);
         nResult = Ask(Prefix, DISPATCH_METHOD, List);
     }
     Answer({CodeText(nResult), std::to_wstring((dCreated - dStart) * 1000),
             std::to_wstring((Seconds() - dCreated) * 1000)});
-    VariantClear(&List);
 }
 
 std::wstring Run(const Fields& Given) {
@@ -172,11 +168,10 @@ std::wstring Run(const Fields& Given) {
         Answer({CodeText(Create(Given[1]))});
     } else if (Given[0] == L"start") {
         AnswerStart(Given);
-    } else if (pDictionary == nullptr) {
+    } else if (Dictionary == nullptr) {
         return L"there is no object";
     } else if (Given[0] == L"release") {
-        pDictionary->Release();
-        pDictionary = nullptr;
+        Dictionary.reset();
     } else if (Given[0] == L"ask") {
         AnswerPrediction(Given[1], Given[2]);
     } else if (Given[0] == L"storm") {
@@ -187,26 +182,12 @@ std::wstring Run(const Fields& Given) {
     return {};
 }
 
-bool ReadLine(std::string& strLine) {
-    strLine.clear();
-    int nByte = std::getchar();
-    while (nByte != EOF && nByte != '\n') {
-        strLine += static_cast<char>(nByte);
-        nByte = std::getchar();
-    }
-    return nByte != EOF;
-}
-
 }  // namespace
 
 int main() {
     if (FAILED(CoInitialize(nullptr))) return 1;
-    _setmode(_fileno(stdin), _O_BINARY);
-    _setmode(_fileno(stdout), _O_BINARY);
-    std::string strLine;
-    while (ReadLine(strLine))
-        EndAnswer(Run(SplitFields(strLine)));
-    if (pDictionary != nullptr) pDictionary->Release();
+    AnswerCommands(Run);
+    Dictionary.reset();
     CoUninitialize();
     return 0;
 }

@@ -11,9 +11,15 @@
 #include <shellapi.h>
 #include <string>
 
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#include "tests/e2e/probe/answer.h"
+#include "tests/e2e/windows/plain_window.h"
+#include "win32/com/class_factory.h"
+#include "win32/com/object.h"
+#include "win32/com/owners.h"
 
 namespace {
+
+namespace com = taviro::com;
 
 constexpr wchar_t NUL_SIGN = 0x2400;
 
@@ -26,50 +32,28 @@ struct Orders {
 Orders Given;
 
 void Record(BSTR strPrefix) {
-    std::wstring strLine(strPrefix, SysStringLen(strPrefix));
+    std::wstring strLine = com::TextOf(strPrefix);
     std::replace(strLine.begin(), strLine.end(), L'\0', NUL_SIGN);
-    strLine += L'\n';
-    char strBytes[1024] = {};
-    const int nBytes =
-        WideCharToMultiByte(CP_UTF8, 0, strLine.data(), static_cast<int>(strLine.size()), strBytes,
-                            sizeof(strBytes), nullptr, nullptr);
+    const std::string strBytes = taviro::probe::ToUtf8(strLine + L'\n');
     const HANDLE hFile =
         CreateFileW(Given.strCalls.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
                     nullptr, OPEN_ALWAYS, 0, nullptr);
     DWORD nWritten = 0;
-    WriteFile(hFile, strBytes, static_cast<DWORD>(nBytes), &nWritten, nullptr);
+    WriteFile(hFile, strBytes.data(), static_cast<DWORD>(strBytes.size()), &nWritten, nullptr);
     CloseHandle(hFile);
 }
 
-class Dictionary final : public IDispatch {
+class Dictionary final : public com::LateBoundObject<> {
   public:
-    Dictionary() = default;
-    Dictionary(const Dictionary&) = delete;
-    Dictionary& operator=(const Dictionary&) = delete;
+    Dictionary() : LateBoundObject(0) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) override {
-        const bool bKnown = IsEqualIID(Wanted, IID_IUnknown) || IsEqualIID(Wanted, IID_IDispatch);
-        *ppFound = bKnown ? this : nullptr;
-        if (bKnown) AddRef();
-        return bKnown ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override {
-        return static_cast<ULONG>(InterlockedIncrement(&m_nReferences));
-    }
-    // It ends with its last client.
-    ULONG STDMETHODCALLTYPE Release() override {
-        const LONG nLeft = InterlockedDecrement(&m_nReferences);
-        if (nLeft == 0) PostQuitMessage(0);
-        return static_cast<ULONG>(nLeft);
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* pCount) override { return *pCount = 0, S_OK; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* pId) override {
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
+                                            DISPID* pId) noexcept override {
         *pId = 1;
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* pParameters,
-                                     VARIANT* pResult, EXCEPINFO*, UINT*) override {
+                                     VARIANT* pResult, EXCEPINFO*, UINT*) noexcept override {
         const VARIANT& Prefix = pParameters->rgvarg[0];
         if (Prefix.vt != (VT_BYREF | VT_BSTR)) return DISP_E_TYPEMISMATCH;  // as Taviro passes it
         Record(*Prefix.pbstrVal);
@@ -81,30 +65,10 @@ class Dictionary final : public IDispatch {
     }
 
   private:
-    LONG m_nReferences = 0;
+    // It ends with its last client.
+    void OnLastRelease() noexcept override { PostQuitMessage(0); }
+
     long m_nCalls = 0;
-};
-
-Dictionary TheOne;
-
-class Factory final : public IClassFactory {
-  public:
-    Factory() = default;
-    Factory(const Factory&) = delete;
-    Factory& operator=(const Factory&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID Wanted, void** ppFound) override {
-        const bool bKnown =
-            IsEqualIID(Wanted, IID_IUnknown) || IsEqualIID(Wanted, IID_IClassFactory);
-        *ppFound = bKnown ? this : nullptr;
-        return bKnown ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID Wanted, void** ppMade) override {
-        return TheOne.QueryInterface(Wanted, ppMade);
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };
 
 }  // namespace
@@ -121,17 +85,11 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR pArguments, int) {
              .strList = pWords[2],
              .nDelay = std::wcstoul(pWords[3], nullptr, 10),
              .nDeath = std::wcstol(pWords[4], nullptr, 10)};
-    Factory Maker;
-    DWORD nOffer = 0;
-    if (FAILED(CoRegisterClassObject(Class, &Maker, CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
-                                     &nOffer))) {
-        return 1;
-    }
-    MSG Message{};
-    while (GetMessageW(&Message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&Message);
-        DispatchMessageW(&Message);
-    }
-    CoRevokeClassObject(nOffer);
+    Dictionary TheOne;
+    com::ClassFactory Factory(
+        [&](REFIID Wanted, void** ppMade) { return TheOne.QueryInterface(Wanted, ppMade); });
+    if (FAILED(Factory.Offer(Class))) return 1;
+    taviro::tests::RunMessages();
+    Factory.Withdraw();
     return 0;
 }

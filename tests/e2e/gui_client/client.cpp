@@ -3,23 +3,21 @@
 // does, one call each, and answers with the call's result code and result.
 #include <windows.h>
 
-#include <cstdio>
-#include <fcntl.h>
 #include <gui_interface.h>
-#include <io.h>
 #include <string>
 #include <vector>
 #include <winternl.h>
 
 #include "tests/e2e/gui_client/registry_keys.h"
 #include "tests/e2e/probe/answer.h"
+#include "win32/com/owners.h"
 
 namespace {
 
 using namespace taviro::probe;
-using Fields = std::vector<std::wstring>;
+namespace com = taviro::com;
 
-IGUI* pGui = nullptr;
+com::UniqueObject<IGUI> Gui;
 
 LONG ToNumber(const std::wstring& strText) {
     return static_cast<LONG>(std::wcstol(strText.c_str(), nullptr, 0));
@@ -28,15 +26,11 @@ LONG ToNumber(const std::wstring& strText) {
 /// A text as the interface takes it.
 class Text {
   public:
-    explicit Text(const std::wstring& strText)
-        : m_strText(SysAllocStringLen(strText.data(), static_cast<UINT>(strText.size()))) {}
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { SysFreeString(m_strText); }
-    operator BSTR() const { return m_strText; }
+    explicit Text(const std::wstring& strText) : m_Text(com::NewText(strText)) {}
+    operator BSTR() const { return m_Text.get(); }
 
   private:
-    BSTR m_strText;
+    com::UniqueText m_Text;
 };
 
 void AnswerResult(HRESULT nResult, const std::wstring& strResult = {}) {
@@ -56,13 +50,13 @@ HRESULT Create(const std::wstring& strName) {
     void* pMade = nullptr;
     const HRESULT nMade =
         CoCreateInstance(Class, nullptr, CLSCTX_LOCAL_SERVER, __uuidof(IGUI), &pMade);
-    if (SUCCEEDED(nMade)) pGui = static_cast<IGUI*>(pMade);
+    if (SUCCEEDED(nMade)) Gui.reset(static_cast<IGUI*>(pMade));
     return nMade;
 }
 
 void GetTitle(LONG hWindow) {
     BSTR strTitle = SysAllocString(L"earlier");
-    const HRESULT nResult = pGui->VBS_GetTitle(hWindow, &strTitle);
+    const HRESULT nResult = Gui->VBS_GetTitle(hWindow, &strTitle);
     AnswerResult(nResult, strTitle == nullptr ? L"(null)" : strTitle);
     SysFreeString(strTitle);
 }
@@ -74,21 +68,21 @@ struct PlainCall {
     HRESULT (*pMake)(const Fields& Given);
 };
 const PlainCall PLAIN_CALLS[] = {
-    {L"ShowDebugWin", [](const Fields&) { return pGui->ShowDebugWin(); }},
-    {L"MinDebugWin", [](const Fields&) { return pGui->MinDebugWin(); }},
-    {L"HideDebugWin", [](const Fields&) { return pGui->HideDebugWin(); }},
-    {L"SetCaption", [](const Fields& Given) { return pGui->SetCaption(Text(Given[1])); }},
-    {L"LogDebugWin", [](const Fields& Given) { return pGui->LogDebugWin(Text(Given[1])); }},
+    {L"ShowDebugWin", [](const Fields&) { return Gui->ShowDebugWin(); }},
+    {L"MinDebugWin", [](const Fields&) { return Gui->MinDebugWin(); }},
+    {L"HideDebugWin", [](const Fields&) { return Gui->HideDebugWin(); }},
+    {L"SetCaption", [](const Fields& Given) { return Gui->SetCaption(Text(Given[1])); }},
+    {L"LogDebugWin", [](const Fields& Given) { return Gui->LogDebugWin(Text(Given[1])); }},
     {L"VBS_UpdateWindow",
-     [](const Fields& Given) { return pGui->VBS_UpdateWindow(ToNumber(Given[1])); }},
+     [](const Fields& Given) { return Gui->VBS_UpdateWindow(ToNumber(Given[1])); }},
     {L"VBS_UpdateFrame",
      [](const Fields& Given) {
-         return pGui->VBS_UpdateFrame(ToNumber(Given[1]), ToNumber(Given[2]), ToNumber(Given[3]),
-                                      ToNumber(Given[4]));
+         return Gui->VBS_UpdateFrame(ToNumber(Given[1]), ToNumber(Given[2]), ToNumber(Given[3]),
+                                     ToNumber(Given[4]));
      }},
     {L"KeyPress",
-     [](const Fields& Given) { return pGui->KeyPress(ToNumber(Given[1]), ToNumber(Given[2])); }},
-    {L"Quit", [](const Fields&) { return pGui->Quit(); }},
+     [](const Fields& Given) { return Gui->KeyPress(ToNumber(Given[1]), ToNumber(Given[2])); }},
+    {L"Quit", [](const Fields&) { return Gui->Quit(); }},
 };
 struct NumberCall {
     const wchar_t* strName;
@@ -97,19 +91,19 @@ struct NumberCall {
 const NumberCall NUMBER_CALLS[] = {
     {L"ClickOnWindow",
      [](const Fields& Given, LONG* pResult) {
-         return pGui->ClickOnWindow(Text(Given[1]), Text(Given[2]), pResult);
+         return Gui->ClickOnWindow(Text(Given[1]), Text(Given[2]), pResult);
      }},
     {L"VBS_FindWindow",
      [](const Fields& Given, LONG* pResult) {
-         return pGui->VBS_FindWindow(Text(Given[1]), Text(Given[2]), pResult);
+         return Gui->VBS_FindWindow(Text(Given[1]), Text(Given[2]), pResult);
      }},
     {L"VBS_GetChildNum",
      [](const Fields& Given, LONG* pResult) {
-         return pGui->VBS_GetChildNum(ToNumber(Given[1]), pResult);
+         return Gui->VBS_GetChildNum(ToNumber(Given[1]), pResult);
      }},
     {L"VBS_GetChild",
      [](const Fields& Given, LONG* pResult) {
-         return pGui->VBS_GetChild(ToNumber(Given[1]), Text(Given[2]), pResult);
+         return Gui->VBS_GetChild(ToNumber(Given[1]), Text(Given[2]), pResult);
      }},
 };
 
@@ -141,7 +135,7 @@ void AnswerSpeed(LONG nCalls) {
     HRESULT nResult = S_OK;
     for (LONG i = 0; i < nCalls && SUCCEEDED(nResult); ++i) {
         LONG hFound = 0;
-        nResult = pGui->VBS_FindWindow(strNone, strNone, &hFound);
+        nResult = Gui->VBS_FindWindow(strNone, strNone, &hFound);
     }
     QueryPerformanceCounter(&nEnd);
     AnswerNumber(nResult, static_cast<LONG>(nCalls * nFrequency.QuadPart /
@@ -153,19 +147,17 @@ HRESULT CallLate(LONG hWindow) {
     wchar_t strName[] = L"VBS_GetTitle";
     wchar_t* pName = strName;
     DISPID nMember = 0;
-    const HRESULT nFound = pGui->GetIDsOfNames(IID_NULL, &pName, 1, 0, &nMember);
+    const HRESULT nFound = Gui->GetIDsOfNames(IID_NULL, &pName, 1, 0, &nMember);
     if (FAILED(nFound)) return nFound;
-    VARIANT Title{};
+    com::Variant Title;
     VARIANT Given[2]{};  // the last argument first
     Given[0].vt = VT_BYREF | VT_VARIANT;
-    Given[0].pvarVal = &Title;
+    Given[0].pvarVal = Title.Get();
     Given[1].vt = VT_I4;
     Given[1].lVal = hWindow;
     DISPPARAMS Parameters{Given, nullptr, 2, 0};
-    const HRESULT nCalled =
-        pGui->Invoke(nMember, IID_NULL, 0, DISPATCH_METHOD, &Parameters, nullptr, nullptr, nullptr);
-    VariantClear(&Title);
-    return nCalled;
+    return Gui->Invoke(nMember, IID_NULL, 0, DISPATCH_METHOD, &Parameters, nullptr, nullptr,
+                       nullptr);
 }
 
 // Many calls of all kinds that harm nothing, one after the other; the first failure's code. The
@@ -176,10 +168,10 @@ void AnswerStorm(LONG nRounds, LONG hWindow) {
     HRESULT nResult = S_OK;
     for (LONG i = 0; i < nRounds && SUCCEEDED(nResult); ++i) {
         LONG nNumber = 0;
-        nResult = pGui->SetCaption(Text(L"volání " + std::to_wstring(i)));
-        if (SUCCEEDED(nResult)) nResult = pGui->VBS_GetChild(hWindow, strClass, &nNumber);
-        if (SUCCEEDED(nResult)) nResult = pGui->VBS_GetChildNum(hWindow, &nNumber);
-        if (SUCCEEDED(nResult)) nResult = pGui->VBS_UpdateFrame(0, 0, 1, 1);
+        nResult = Gui->SetCaption(Text(L"volání " + std::to_wstring(i)));
+        if (SUCCEEDED(nResult)) nResult = Gui->VBS_GetChild(hWindow, strClass, &nNumber);
+        if (SUCCEEDED(nResult)) nResult = Gui->VBS_GetChildNum(hWindow, &nNumber);
+        if (SUCCEEDED(nResult)) nResult = Gui->VBS_UpdateFrame(0, 0, 1, 1);
         if (SUCCEEDED(nResult)) nResult = CallLate(hWindow);
     }
     AnswerResult(nResult);
@@ -209,11 +201,10 @@ std::wstring Run(const Fields& Given) {
         AnswerResult(HRESULT_FROM_WIN32(static_cast<DWORD>(MakeVolatileKey(Given[1]))));
     } else if (Given[0] == L"handles") {
         AnswerHandles(ToNumber(Given[1]));
-    } else if (pGui == nullptr) {
+    } else if (Gui == nullptr) {
         return L"there is no object";
     } else if (Given[0] == L"release") {
-        pGui->Release();
-        pGui = nullptr;
+        Gui.reset();
     } else if (Given[0] == L"speed") {
         AnswerSpeed(ToNumber(Given[1]));
     } else if (Given[0] == L"storm") {
@@ -226,25 +217,11 @@ std::wstring Run(const Fields& Given) {
     return {};
 }
 
-bool ReadLine(std::string& strLine) {
-    strLine.clear();
-    int nByte = std::getchar();
-    while (nByte != EOF && nByte != '\n') {
-        strLine += static_cast<char>(nByte);
-        nByte = std::getchar();
-    }
-    return nByte != EOF;
-}
-
 }  // namespace
 
 int main() {
     if (FAILED(CoInitialize(nullptr))) return 1;
-    _setmode(_fileno(stdin), _O_BINARY);
-    _setmode(_fileno(stdout), _O_BINARY);
-    std::string strLine;
-    while (ReadLine(strLine))
-        EndAnswer(Run(SplitFields(strLine)));
+    AnswerCommands(Run);
     CoUninitialize();
     return 0;
 }

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "tests/e2e/windows/plain_window.h"
+
 namespace {
 
 constexpr int LABEL_ID = 100;
@@ -45,11 +47,8 @@ LRESULT CALLBACK OnMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lP
         case WM_SETFOCUS:
             SetFocus(GetDlgItem(hWindow, FIELD_ID));
             return 0;
-        case WM_DESTROY:
-            PostQuitMessage(0);
-            return 0;
         default:
-            return DefWindowProcW(hWindow, nMessage, wParam, lParam);
+            return taviro::tests::OnOtherMessage(hWindow, nMessage, wParam, lParam);
     }
 }
 
@@ -65,15 +64,15 @@ void NoteKey(const MSG& Message, HWND hWindow) {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int) {
-    WNDCLASSW Class{};
-    Class.lpfnWndProc = OnMessage;
-    Class.hInstance = hInstance;
-    Class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    Class.lpszClassName = L"GuiTarget";
-    if (RegisterClassW(&Class) == 0) return 1;
-    const HWND hWindow =
-        CreateWindowExW(0, Class.lpszClassName, L"Cíl skriptu", WS_OVERLAPPEDWINDOW, 300, 300, 360,
-                        200, nullptr, nullptr, hInstance, nullptr);
+    const HWND hWindow = taviro::tests::MakeWindow({.strClass = L"GuiTarget",
+                                                    .strTitle = L"Cíl skriptu",
+                                                    .nLeft = 300,
+                                                    .nTop = 300,
+                                                    .nWidth = 360,
+                                                    .nHeight = 200,
+                                                    .pOnMessage = OnMessage,
+                                                    .nBackground = COLOR_BTNFACE});
+    if (hWindow == nullptr) return 1;
     for (const ChildLayout& Child : CHILDREN) {
         CreateWindowExW(0, Child.strClass, Child.strText, WS_CHILD | Child.nStyle, Child.nLeft,
                         Child.nTop, Child.nWidth, Child.nHeight, hWindow,
@@ -81,11 +80,6 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int) {
                         nullptr);
     }
     ShowWindow(hWindow, SW_SHOWNORMAL);
-    MSG Message{};
-    while (GetMessageW(&Message, nullptr, 0, 0) > 0) {
-        NoteKey(Message, hWindow);
-        TranslateMessage(&Message);
-        DispatchMessageW(&Message);
-    }
+    taviro::tests::RunMessages([=](const MSG& Message) { NoteKey(Message, hWindow); });
     return 0;
 }

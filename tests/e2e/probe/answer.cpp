@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <io.h>
 
 namespace taviro::probe {
 
@@ -50,6 +52,22 @@ void WriteLine(const std::string& strLine) {
     static_cast<void>(std::fputs((strLine + "\n").c_str(), stdout));
 }
 
+// Reads one line without its line feed. Returns false at the end of the input.
+bool ReadLine(std::string& strLine) {
+    strLine.clear();
+    int nByte = std::getchar();
+    while (nByte != EOF && nByte != '\n') {
+        strLine += static_cast<char>(nByte);
+        nByte = std::getchar();
+    }
+    return nByte != EOF;
+}
+
+void EndAnswer(const std::wstring& strError) {
+    WriteLine(strError.empty() ? std::string("ok") : "error " + Escaped(strError));
+    std::fflush(stdout);
+}
+
 }  // namespace
 
 std::wstring FromUtf8(std::string_view strText) {
@@ -70,27 +88,27 @@ std::string ToUtf8(std::wstring_view strText) {
     return strResult;
 }
 
-std::vector<std::wstring> SplitFields(std::string_view strLine) {
-    std::vector<std::string> Fields(1);
+Fields SplitFields(std::string_view strLine) {
+    std::vector<std::string> Parts(1);
     for (size_t i = 0; i < strLine.size(); ++i) {
         if (strLine[i] == '\t')
-            Fields.emplace_back();
+            Parts.emplace_back();
         else if (strLine[i] == '\\' && i + 1 < strLine.size())
-            Fields.back() += Unescaped(strLine[++i]);
+            Parts.back() += Unescaped(strLine[++i]);
         else
-            Fields.back() += strLine[i];
+            Parts.back() += strLine[i];
     }
-    std::vector<std::wstring> Result;
-    for (const std::string& strField : Fields)
-        Result.push_back(FromUtf8(strField));
+    Fields Result;
+    for (const std::string& strPart : Parts)
+        Result.push_back(FromUtf8(strPart));
     return Result;
 }
 
-void Answer(std::initializer_list<std::wstring> Fields) {
+void Answer(std::initializer_list<std::wstring> Given) {
     // The blank in front keeps an answer apart from the line that ends it.
     std::string strLine = " ";
     bool bFirst = true;
-    for (const std::wstring& strField : Fields) {
+    for (const std::wstring& strField : Given) {
         if (!bFirst) strLine += '\t';
         bFirst = false;
         strLine += Escaped(strField);
@@ -98,9 +116,12 @@ void Answer(std::initializer_list<std::wstring> Fields) {
     WriteLine(strLine);
 }
 
-void EndAnswer(const std::wstring& strError) {
-    WriteLine(strError.empty() ? std::string("ok") : "error " + Escaped(strError));
-    std::fflush(stdout);
+void AnswerCommands(const std::function<std::wstring(const Fields&)>& Run) {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+    std::string strLine;
+    while (ReadLine(strLine))
+        EndAnswer(Run(SplitFields(strLine)));
 }
 
 }  // namespace taviro::probe

@@ -3,6 +3,7 @@
 // and backslash inside a field are written as \t, \n, \r and \\. All text is UTF-8.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -13,13 +14,16 @@ namespace taviro::probe {
 std::wstring FromUtf8(std::string_view strText);
 std::string ToUtf8(std::wstring_view strText);
 
+using Fields = std::vector<std::wstring>;
+
 /// Splits a line of the request into its fields, undoing the escapes.
-std::vector<std::wstring> SplitFields(std::string_view strLine);
+Fields SplitFields(std::string_view strLine);
 
 /// Writes one line of the answer.
-void Answer(std::initializer_list<std::wstring> Fields);
+void Answer(std::initializer_list<std::wstring> Given);
 
-/// Ends the answer, with the reason when the command failed.
-void EndAnswer(const std::wstring& strError);
+/// Reads commands from the standard input, one a line, until it ends. Run answers each with lines
+/// and returns an empty text, or the reason why the command failed, which ends the answer.
+void AnswerCommands(const std::function<std::wstring(const Fields& Request)>& Run);
 
 }  // namespace taviro::probe

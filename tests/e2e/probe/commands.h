@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace taviro::probe {
+#include "tests/e2e/probe/answer.h"
 
-using Fields = std::vector<std::wstring>;
+namespace taviro::probe {
 
 /// One command: its name, how many fields follow the name, what it does.
 struct Command {

@@ -5,19 +5,7 @@
 
 #include <string>
 
-namespace {
-
-std::string ToUtf8(const std::wstring& strText) {
-    const int nCharacters = static_cast<int>(strText.size());
-    const int nLength =
-        WideCharToMultiByte(CP_UTF8, 0, strText.data(), nCharacters, nullptr, 0, nullptr, nullptr);
-    std::string strResult(static_cast<size_t>(nLength), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, strText.data(), nCharacters, strResult.data(), nLength, nullptr,
-                        nullptr);
-    return strResult;
-}
-
-}  // namespace
+#include "tests/e2e/probe/answer.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     wchar_t strFile[MAX_PATH] = {};
@@ -26,7 +14,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     wchar_t strProgram[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, strProgram, MAX_PATH);
     const std::string strLine =
-        ToUtf8(std::wstring(strProgram) + L"\t" + GetCommandLineW() + L"\n");
+        taviro::probe::ToUtf8(std::wstring(strProgram) + L"\t" + GetCommandLineW() + L"\n");
     const HANDLE hFile = CreateFileW(strFile, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                      nullptr, OPEN_ALWAYS, 0, nullptr);
     if (hFile == INVALID_HANDLE_VALUE) return 1;
