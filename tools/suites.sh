@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Sourced by ./test, which sets fuzz_seconds: which suites there are, and what each builds and runs.
+# Sourced by ./test, which sets run and fuzz_seconds: which suites there are, and what each builds and runs.
 # shellcheck disable=SC2154
 
 python=(/usr/bin/python3 -B) # the system's, which has the modules that set-up installs
@@ -9,11 +9,11 @@ modules32_stamp=/usr/lib/x86_64-linux-gnu/wine/i386-windows/.libwine-version
 # The suites of a run: what runs before every commit; what is worth waiting for besides; what takes
 # hours; or one alone. Those whose waits and times are the real ones come last. Fails for an unknown one.
 suites_of() { # default | full | nightly | NAME
-    local full=(unit scenario lint win64 win32 unit64 unit32 tidy fuzz e2e e2e32 bench)
+    local full=(unit scenario lint win64 win32 unit64 unit32 tidy fuzz mutants e2e e2e32 bench)
     case $1 in
         default) echo unit scenario lint win64 e2e ;;
         full) echo "${full[@]}" ;;
-        nightly) echo fuzz ;;
+        nightly) echo fuzz mutants ;;
         *) printf '%s\n' "${full[@]}" | grep -xF -- "$1" ;;
     esac
 }
@@ -109,6 +109,13 @@ suite_fuzz() {
     tools/build.sh fuzz || return
     printf '%s\0' build/fuzz/fuzz/fuzz_* |
         xargs -0 -n 1 -P 8 tools/fuzz_one.sh "$fuzz_seconds"
+}
+
+# A sample of the breaks that no test may overlook; all of them at night.
+suite_mutants() {
+    local which=--sample
+    if [ "$run" = nightly ]; then which=--all; fi
+    "${python[@]}" tools/mutants "$which" --count
 }
 
 # Three tests at a time, each on a display of its own: they mostly wait. Those that measure time run

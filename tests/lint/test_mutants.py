@@ -1,0 +1,202 @@
+# SPDX-License-Identifier: MIT
+"""The tool that breaks the code: what it finds, what it writes, and how it keeps its list."""
+
+import pathlib
+import subprocess
+import sys
+
+import pytest
+
+from tree import ROOT
+
+sys.path.insert(0, str(ROOT / "tools" / "mutants"))
+
+import breaks as breaking
+import generate
+import literals
+import places
+import running
+import schema
+import unnoticeable
+
+
+def find(tmp_path, text, name="core/sample.cpp"):
+    path = tmp_path / "sample.cpp"
+    path.write_text(text, encoding="utf-8")
+    return places.find(path, text.encode(), ["-std=c++20"], name)
+
+
+def changes(tmp_path, text, sort):
+    return [(item.original, item.told) for item in find(tmp_path, text)[0] if item.sort == sort]
+
+
+@pytest.mark.parametrize("name, text, sort, expected", [
+    ("less becomes less or equal", "bool f(int a, int b) { return a < b; }", "relation",
+     [("a < b", "a <= b")]),
+    ("equal becomes unequal", "bool f(int a, int b) { return a == b; }", "relation",
+     [("a == b", "a != b")]),
+    ("and becomes or", "bool f(bool a, bool b) { return a && b; }", "relation",
+     [("a && b", "a || b")]),
+    ("a class's own comparison", "struct S { bool operator==(int) const; }; "
+     "bool f(const S& s) { return s != 1; }", "relation", [("s != 1", "s == 1")]),
+    ("a number", "int f() { return 7; }", "constant", [("7", "8")]),
+    ("a truth", "bool f() { return true; }", "constant", [("true", "false")]),
+    ("a text", 'const wchar_t* f() { return L"\\nab"; }', "constant", [('L"\\nab"', 'L"\\nbb"')]),
+    ("an enumerator", "enum class E { A, B }; E f() { return E::A; }", "constant",
+     [("E::A", "E::B")]),
+    ("a field's first value", "struct S { int n = 3; };", "constant", [("3", "4")]),
+    ("no label, no size, no enumerator's value", "enum { A = 4 }; int n[5]; "
+     "void g(); void f(int a) { switch (a) { case 6: g(); } }", "constant", []),
+    ("a condition", "void f(bool a) { if (a) f(false); }", "negated", [("a", "!(a)")]),
+    ("a loop's condition", "void f(bool (*a)()) { for (; a();) {} }", "negated", [("a()", "!(a())")]),
+    ("not beside the relation that says the same", "void f(int a) { while (a == 1) {} }",
+     "negated", []),
+    ("not a variable that it declares", "int* f(); void g() { if (int* p = f()) g(); }",
+     "negated", []),
+    ("a call", "void f(); void g() { f(); }", "left out", [("f();", "")]),
+    ("a single statement behind if", "void f(); void g(bool a) { if (a) f(); else g(true); }",
+     "left out", [("f();", ""), ("g(true);", "")]),
+    ("no dropped name, no last break", "void f(int a) { (void)a; switch (a) { default: break; } }",
+     "left out", []),
+    ("two calls", "void f(); void g(); void h() { f(); g(); }", "exchanged",
+     [("f(); g();", "g(); f();")]),
+    ("what returns an empty value", "struct S {}; void f(); S g(bool a) { if (a) return {}; f(); "
+     "return {}; }", "exchanged", [("if (a) return {}; f();", "f(); if (a) return {};")]),
+    ("not two assignments that know nothing of each other",
+     "int a, b; void f() { a = 1; b = 2; }", "exchanged", []),
+    ("two assignments of which one reads the other", "int a, b; void f() { a = 1; b = a; }",
+     "exchanged", [("a = 1; b = a;", "b = a; a = 1;")]),
+    ("two arguments of a kind", "int f(int, int); int g(int a, int b) { return f(a, b); }",
+     "argument", [("f(a, b)", "f(b, a)")]),
+    ("not arguments of two kinds", "int f(int*, int); int g(int* a, int b) { return f(a, b); }",
+     "argument", []),
+], ids=lambda value: value if isinstance(value, str) and "(" not in value else None)
+def test_place_is_broken(tmp_path, name, text, sort, expected):
+    assert changes(tmp_path, text, sort) == expected, name
+
+
+SAMPLE = """\
+#include <cstdio>
+constexpr int SIZE = 2;
+constexpr int STEP = 5;
+constexpr int TWICE = 2 * STEP;
+constexpr wchar_t WORD[] = L"ab";
+constexpr int Doubled(int n) { return n * 2; }
+int Room[SIZE + Doubled(1)];
+int Sum(int a, int b) { if (a < b) { a += STEP; a *= 2; } return a - b; }
+int main() {
+    std::printf("%d %d %d %d", Sum(1, 1), Sum(1, 2), TWICE, Doubled(3));
+    std::printf(" %d %d", static_cast<int>(WORD[0]), static_cast<int>(sizeof Room / sizeof Room[0]));
+    std::puts("");
+}
+"""
+
+
+@pytest.fixture(scope="module")
+def sample(tmp_path_factory):
+    """Every break of the sample, compiled once; gives what the program prints with one of them."""
+    folder = tmp_path_factory.mktemp("sample")
+    breaks, finder = find(folder, SAMPLE)
+    needed = generate.constant_needs([{"needed": finder.needed, "uses": finder.uses}],
+                                     type("Refused", (), {"constants": set()}))
+    kept = [item for item in breaks if item.owner not in needed]
+    for number, item in enumerate(kept, 1):
+        item.number = number
+    written = schema.write(SAMPLE.encode(), kept,
+                           [item for item in finder.demotions if item.name not in needed])
+    (folder / "broken.cpp").write_bytes(written.data)
+    subprocess.run(["g++", "-std=c++20", "-w", f"-I{ROOT}", "-o", folder / "broken",
+                    folder / "broken.cpp"], check=True)
+
+    def printed(sort=None, original=None, told=None):
+        number = next((item.number for item in kept if (item.sort, item.original) == (sort, original)
+                       and told in (None, item.told)), 0)
+        assert number or not sort, f"{original} is not broken"
+        return subprocess.run([folder / "broken"], env={"TAVIRO_MUTANT": str(number)}, check=True,
+                              capture_output=True, text=True).stdout.strip()
+    printed.kept = kept
+    return printed
+
+
+@pytest.mark.parametrize("sort, original, expected", [
+    (None, None, "0 10 10 6 97 4"),
+    ("relation", "a < b", "11 10 10 6 97 4"),
+    ("constant", "5", "0 12 12 6 97 4"),          # a named constant, and what is made of it
+    ("constant", 'L"ab"', "0 10 10 6 98 4"),      # an array made of a text
+    ("left out", "a *= 2;", "0 4 10 6 97 4"),
+    ("exchanged", "a += STEP; a *= 2;", "0 5 10 6 97 4"),
+    ("argument", "Sum(1, 2)", "0 1 10 6 97 4"),
+    ("negated", "a < b", "11 -1 10 6 97 4"),
+])
+def test_broken_program_prints(sample, sort, original, expected):
+    assert sample(sort, original) == expected
+
+
+def test_constant_stays_whole_when_the_compiler_needs_it(sample):
+    assert not [item for item in sample.kept if item.line_text.startswith("constexpr int SIZE")]
+
+
+def test_constexpr_function_is_broken_only_while_it_runs(sample):
+    assert sample("constant", "2", "3").split()[-1] == "4"
+
+
+def test_name_of_a_break_stays_when_other_lines_change(tmp_path):
+    before = find(tmp_path, "int f() { return 7; }\n")[0]
+    after = find(tmp_path, "// a comment\nvoid g();\nint f() { return 7; }\n")[0]
+    assert [item.id for item in before] == [item.id for item in after]
+
+
+def test_equal_lines_have_names_of_their_own(tmp_path):
+    breaks = find(tmp_path, "int f() {\nreturn 7;\n}\nint g() {\nreturn 7;\n}\n")[0]
+    assert len({item.id for item in breaks}) == len(breaks) == 2
+
+
+def test_sample_is_a_share_of_the_names(tmp_path):
+    text = "".join(f"int f{n}() {{ return {n}; }}\n" for n in range(400))
+    breaks = find(tmp_path, text)[0]
+    chosen = breaking.sample(breaks, 0.25)
+    assert 60 < len(chosen) < 140
+    assert {item.id for item in chosen} <= {item.id for item in breaking.sample(breaks, 0.5)}
+
+
+@pytest.mark.parametrize("text, expected", [
+    ("5", "6"), ("9U", "10U"), ("0x10", "(0x10 + 1)"), ("1.5", "(1.5 + 1)"), ("0", "1")])
+def test_number_becomes_its_neighbour(text, expected):
+    assert literals.broken_number(text) == expected
+
+
+def test_record_tells_what_each_test_reaches():
+    reach = running.read_record("- 0 9\n+A.B 3 1 2\n+A.C 1 2\n!A.D 5 2\n")
+    assert reach.tests == {1: ["A.B"], 2: ["A.B", "A.C"]}
+    assert (reach.everywhere, reach.failing) == ({9}, ["A.D"])
+
+
+def test_cheapest_tests_come_first_and_slow_ones_last():
+    reach = running.read_record("- 0\n+A.Slow 900 1\n+A.B 3 1\n+A.C 1 1\n+A.Else 1 2\n")
+    item = type("Item", (), {"number": 1})
+    assert running.chosen_tests(item, reach, ()) == [["A.C", "A.B"], ["A.Slow"]]
+
+
+LISTED = "# why\ncore/a.cpp | constant | 0123abcd | nobody reads it\n"
+
+
+def test_listed_break_that_exists_and_survives_is_not_stale():
+    item = type("Item", (), {"file": "core/a.cpp", "sort": "constant"})
+    listed = unnoticeable.read(LISTED)
+    assert not unnoticeable.stale(listed, {"0123abcd": item}, {"core/a.cpp"}, set())
+
+
+@pytest.mark.parametrize("name, sort, noticed", [
+    ("ffffffff", "constant", set()), ("0123abcd", "relation", set()),
+    ("0123abcd", "constant", {"0123abcd"})], ids=["gone", "another sort", "noticed now"])
+def test_stale_entry_is_reported(name, sort, noticed):
+    item = type("Item", (), {"file": "core/a.cpp", "sort": sort})
+    complaints = unnoticeable.stale(unnoticeable.read(LISTED), {name: item}, {"core/a.cpp"}, noticed)
+    assert len(complaints) == 1 and "line 2" in complaints[0]
+
+
+@pytest.mark.parametrize("line", ["core/a.cpp | constant | 0123abcd |", "core/a.cpp constant x y",
+                                  "core/a.cpp | guess | 0123abcd | why"])
+def test_line_that_cannot_be_read_is_refused(line):
+    with pytest.raises(unnoticeable.BadList):
+        unnoticeable.read(line)

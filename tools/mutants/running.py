@@ -1,0 +1,131 @@
+# SPDX-License-Identifier: MIT
+"""Runs the tests: once to learn which breaks each of them reaches, then for each break those that
+reach it, the cheapest first, until one notices."""
+
+import concurrent.futures
+import dataclasses
+import os
+import resource
+import subprocess
+
+from building import PROGRAM, TREE
+from folders import BUILD, ROOT
+
+RECORD = BUILD / "reached.txt"
+FIRST_TESTS = 40          # what is tried before the many others
+SLOW_MS = 150             # tests that take longer come last
+MOST_MEMORY = 3 << 30     # bytes; a break may ask for ever more
+TOO_SLOW_MS = 6000        # what takes longer without optimisation measures time, not rules
+SPARE_SECONDS = 4         # beyond ten times what the tests took when nothing was broken
+NOTICED, SURVIVED, NOT_REACHED = "noticed", "survived", "not reached"
+
+
+@dataclasses.dataclass
+class Reach:
+    """Which tests reach which breaks, and what each test costs in ms."""
+    tests: dict       # break's number: names of tests
+    everywhere: set   # numbers that are asked for before any test starts
+    cost: dict
+    failing: list     # tests that fail with nothing broken, so that they tell nothing
+
+
+def _environment(**more):
+    return dict(os.environ, TAVIRO_SCENARIOS=str(ROOT / "tests" / "scenarios"), **more)
+
+
+def record():
+    """Runs all tests with nothing broken; nothing when the program is no newer than the record."""
+    if not RECORD.exists() or RECORD.stat().st_mtime < PROGRAM.stat().st_mtime:
+        fresh = RECORD.with_suffix(".new")
+        subprocess.run([str(PROGRAM)], cwd=TREE, check=False, stdout=subprocess.DEVNULL,
+                       env=_environment(TAVIRO_MUTANT_RECORD=str(fresh)))
+        os.replace(fresh, RECORD)
+    return read_record(RECORD.read_text(encoding="utf-8"))
+
+
+def read_record(text):
+    reach = Reach({}, set(), {}, [])
+    for line in text.splitlines():
+        name, cost, *numbers = line.split(" ")
+        if name == "-":
+            reach.everywhere = {int(number) for number in numbers}
+            continue
+        if name.startswith("!"):
+            reach.failing.append(name[1:])
+            continue
+        if int(cost) > TOO_SLOW_MS:
+            continue
+        reach.cost[name[1:]] = int(cost)
+        for number in numbers:
+            reach.tests.setdefault(int(number), []).append(name[1:])
+    return reach
+
+
+def chosen_tests(item, reach, neighbours):
+    """The tests that may notice a break, in rows that are run one after the other. What is computed
+    before any test starts may be noticed by all; those that reach the same file are likeliest."""
+    tests = list(reach.tests.get(item.number, ()))
+    rows = []
+    if item.number in reach.everywhere:
+        likely = set(neighbours) | set(tests)
+        rows = [sorted(likely, key=reach.cost.get), sorted(set(reach.cost) - likely, key=reach.cost.get)]
+    else:
+        tests.sort(key=reach.cost.get)
+        rows = [tests[:FIRST_TESTS], tests[FIRST_TESTS:]]
+    quick = [[name for name in row if reach.cost[name] < SLOW_MS] for row in rows]
+    slow = [name for row in rows for name in row if reach.cost[name] >= SLOW_MS]
+    return [row for row in [*quick, slow] if row]
+
+
+def _limits(seconds):
+    def set_limits():
+        resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds + 1))
+        resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
+        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    return set_limits
+
+
+def _passes(number, tests, milliseconds, scratch, output=subprocess.DEVNULL):
+    """Whether the tests pass with one break; a crash or a loop without end is noticed as well."""
+    flags = scratch / f"{number}.flags"
+    flags.write_text("--gtest_filter=" + ":".join(tests) + "\n", encoding="utf-8")
+    seconds = SPARE_SECONDS + milliseconds * 10 // 1000
+    try:
+        ran = subprocess.run([str(PROGRAM), f"--gtest_flagfile={flags}", "--gtest_fail_fast",
+                              "--gtest_brief=1"], cwd=TREE, check=False, stdout=output,
+                             stderr=subprocess.STDOUT, timeout=seconds * 10 + 30,
+                             preexec_fn=_limits(seconds), env=_environment(TAVIRO_MUTANT=str(number)))
+    except subprocess.TimeoutExpired:
+        return False
+    finally:
+        flags.unlink()
+    return ran.returncode == 0
+
+
+def run_one(item, reach, neighbours, scratch, output=subprocess.DEVNULL):
+    """What became of a break, and how many tests could have noticed."""
+    rows = chosen_tests(item, reach, neighbours)
+    count = sum(len(row) for row in rows)
+    for row in rows:
+        if not _passes(item.number, row, sum(map(reach.cost.get, row)), scratch, output):
+            return NOTICED, count
+    return (SURVIVED, count) if rows else (NOT_REACHED, 0)
+
+
+def run(breaks, reach, jobs, tell):
+    """(what became of it, number of tests) for each break's name; tell is called after each."""
+    scratch = BUILD / "scratch"
+    scratch.mkdir(parents=True, exist_ok=True)
+    of_file = {}
+    for number, tests in reach.tests.items():
+        if number not in reach.everywhere:
+            of_file.setdefault(number // 2048, set()).update(tests)
+    results = {}
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        waiting = {pool.submit(run_one, item, reach, of_file.get(item.number // 2048, ()), scratch): item
+                   for item in breaks}
+        for done in concurrent.futures.as_completed(waiting):
+            item = waiting[done]
+            results[item.id] = done.result()
+            tell(item, results[item.id])
+    return results
