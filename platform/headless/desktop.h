@@ -49,6 +49,7 @@ struct VirtualJoystick {
     uint32_t nY = 32767;
     uint32_t nButtons = 0;
     uint32_t nReads = 0;        ///< successful and failed position queries
+    uint32_t nLastReadAt = 0;   ///< when the last of them was
     JoyInfoRecord LastQuery{};  ///< the record as it was handed in
     uint32_t nLastCapsSize = 0;
 };

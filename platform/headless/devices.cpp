@@ -40,6 +40,7 @@ uint32_t JoyGetDevCaps(uint32_t /*nJoyId*/, JoyCapsRecord& Caps, uint32_t nSize)
 uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
     auto& Joystick = Desktop.Joystick;
     ++Joystick.nReads;
+    Joystick.nLastReadAt = Desktop.nNow;
     Joystick.LastQuery = Info;
     if (!Joystick.bPresent || Joystick.bReadFails) return NO_DEVICE;
     Info.dwXpos = Joystick.nX;

@@ -68,6 +68,39 @@ TEST_F(MainWindowEvents, ControlBox_TestsEachWordOnceInOrder_AndIsEmptied) {
     EXPECT_EQ(FrmMain->Label1.Caption.Get(), L"c");
 }
 
+TEST_F(MainWindowEvents, ControlBox_KnowsEachWord) {
+    const struct {
+        const wchar_t* szWord;
+        int32_t nColumn, nRow;
+        const wchar_t* szTyped;
+    } Rows[] = {{.szWord = L"up", .nColumn = 2, .nRow = 1, .szTyped = L""},
+                {.szWord = L"down", .nColumn = 2, .nRow = 3, .szTyped = L""},
+                {.szWord = L"left", .nColumn = 1, .nRow = 2, .szTyped = L""},
+                {.szWord = L"right", .nColumn = 3, .nRow = 2, .szTyped = L""},
+                {.szWord = L"enter", .nColumn = 2, .nRow = 2, .szTyped = L"e"},
+                {.szWord = L"other", .nColumn = 2, .nRow = 2, .szTyped = L""}};
+    for (const auto& Row : Rows) {
+        SCOPED_TRACE(platform::ToUtf8(Row.szWord));
+        Cursor.nColumn = Cursor.nRow = 2;
+        Desktop.Keyboard.strTyped.clear();
+        FrmMain->txtCmd.Text = std::wstring(L"x ") + Row.szWord + L" " + Row.szWord;
+        EXPECT_EQ(Cursor.nColumn, Row.nColumn);
+        EXPECT_EQ(Cursor.nRow, Row.nRow);
+        EXPECT_EQ(Desktop.Keyboard.strTyped, Row.szTyped);
+        EXPECT_EQ(FrmMain->txtCmd.Text.Get(), L"");
+    }
+}
+
+TEST_F(MainWindowEvents, ControlBox_GoesUpDownLeftRight_ThenEnters) {
+    Cursor.nColumn = Cursor.nRow = 2;
+    Desktop.TakeEffects();
+    FrmMain->txtCmd.Text = std::wstring(L"enter right left down up");
+    EXPECT_EQ(
+        Desktop.TakeEffects(),
+        (std::vector<std::string>{"caption Taviro - b", "caption Taviro - e", "caption Taviro - d",
+                                  "caption Taviro - e", "SendInput: vk 69 down, vk 69 up"}));
+}
+
 TEST_F(MainWindowEvents, ControlBox_RunsTheCell_OnEnter) {
     FrmMain->txtCmd.Text = std::wstring(L"enter");
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
@@ -81,7 +114,11 @@ TEST_F(MainWindowEvents, ControlBox_IgnoresCapitals) {
 }
 
 TEST_F(MainWindowEvents, Resize_StretchesTheClickSurface) {
+    FrmMain->Label2.Left = 7;
+    FrmMain->Label2.Top = 8;
     FrmMain->SetScale(321, 123);
+    EXPECT_EQ(FrmMain->Label2.Left, 0);
+    EXPECT_EQ(FrmMain->Label2.Top, 0);
     EXPECT_EQ(FrmMain->Label2.Width, 321);
     EXPECT_EQ(FrmMain->Label2.Height, 123);
 }

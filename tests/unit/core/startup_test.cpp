@@ -9,6 +9,11 @@
 
 #include "actions/prediction.h"
 #include "core/main_menu.h"
+#include "dialogs/about_form.h"
+#include "dialogs/app_setting_form.h"
+#include "dialogs/button_config_form.h"
+#include "dialogs/cell_editor_form.h"
+#include "dialogs/map_chooser_form.h"
 #include "dialogs/voice_form.h"
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
@@ -305,6 +310,41 @@ TEST_F(ShutdownTest, Unload_TakesEveryStepInOrder_WhenUserEndsProgram) {
                            "pending message",
                            "Timer1 off",
                            "ScanTimer off",
+                           "save " + SETTING_INI,
+                           "engine released",
+                           "keyboard hook removed",
+                           "dictionary released",
+                           "main window hidden"};
+    EXPECT_EQ(TakeOutline(), EXPECTED);
+}
+
+// The dialogs go one after the other, the about box before the reader, the others after the timers.
+TEST_F(ShutdownTest, Dialogs_GoInTheirOrder) {
+    StartAll();
+    const std::pair<const char*, forms::Form*> DIALOGS[] = {
+        {"about", frmAbout.get()},        {"button", frmButtonConfig.get()},
+        {"chooser", frmMap.get()},        {"settings", frmAppSetting.get()},
+        {"cell editor", frmConfig.get()}, {"voice", FrmVoice.get()}};
+    for (const auto& [szName, pForm] : DIALOGS) {
+        pForm->Load();
+        const auto Inner = pForm->OnUnload;
+        pForm->OnUnload = [Inner, strName = std::string(szName)] {
+            Desktop.Record(strName + " goes");
+            if (Inner) Inner();
+        };
+    }
+    Desktop.TakeEffects();
+    FrmMain->mnuExit.Click();
+    const Effects EXPECTED{"append to " + platform::ToUtf8(DATA_PATH) + "\\log.txt",
+                           "about goes",
+                           "reader released",
+                           "Timer1 off",
+                           "ScanTimer off",
+                           "button goes",
+                           "chooser goes",
+                           "settings goes",
+                           "cell editor goes",
+                           "voice goes",
                            "save " + SETTING_INI,
                            "engine released",
                            "keyboard hook removed",

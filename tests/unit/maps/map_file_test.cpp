@@ -293,5 +293,15 @@ TEST_F(MapFile, ReadMapText_SurvivesAnyBytes) {
     EXPECT_EQ(WriteMapText(CommonMap), strOnce);
 }
 
+// Blanks alone are no caption that the file could hold, but they do not end the map either.
+TEST_F(MapFile, BlankFirstCell_IsNotWritten_AndTheRowsBehindItAre) {
+    MapGrid Grid;
+    FillMap(Grid, {L"a", L"x c", L"d"});
+    Grid.Cell(1, 2)->Caption = L"  ";
+    EXPECT_EQ(WriteMapText(Grid), "[1,1]a,0\r\n[2,2]c,0\r\n[1,3]d,0\r\n");
+    Grid.Cell(1, 2)->Caption.clear();
+    EXPECT_EQ(WriteMapText(Grid), "[1,1]a,0\r\n");
+}
+
 }  // namespace
 }  // namespace taviro
