@@ -200,3 +200,16 @@ def test_stale_entry_is_reported(name, sort, noticed):
 def test_line_that_cannot_be_read_is_refused(line):
     with pytest.raises(unnoticeable.BadList):
         unnoticeable.read(line)
+
+
+def test_slow_tests_are_not_asked():
+    text = f"- 0\n+A.Slow {running.TOO_SLOW_MS + 1} 1\n+A.B 3 1\n"
+    assert running.read_record(text).tests == {1: ["A.B"]}
+    assert running.too_slow(text) == [text.splitlines()[1]]
+
+
+def test_memory_asked_for_ahead_is_not_broken(tmp_path):
+    text = "struct S { void reserve(int); void f(); }; void g(S& s) { s.reserve(3); s.f(); }"
+    breaks = find(tmp_path, text)[0]
+    assert [item.original for item in breaks if item.sort in ("left out", "exchanged") and
+            not generate.changes_nothing(item)] == ["s.f();"]

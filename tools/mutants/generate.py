@@ -6,6 +6,7 @@ import json
 import multiprocessing
 import pathlib
 import pickle
+import re
 
 import places
 from folders import BUILD, FOLDERS, ROOT, sources
@@ -95,8 +96,16 @@ def constant_needs(found, refused):
     return needed
 
 
+def changes_nothing(item):
+    """Memory that is asked for ahead is a matter of time alone."""
+    reserving = r"[\w.:>-]+reserve\("
+    return item.sort in ("left out", "exchanged") and any(
+        re.match(reserving, text) for text in (item.original, item.told))
+
+
 def taken(file, needed, refused):
     """The breaks and demotions of a file that are written."""
     breaks = [item for item in file["breaks"]
-              if item.owner not in needed and item.id not in refused.breaks]
+              if item.owner not in needed and item.id not in refused.breaks and
+              not changes_nothing(item)]
     return breaks, [item for item in file["demotions"] if item.name not in needed]

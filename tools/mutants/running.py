@@ -16,7 +16,7 @@ FIRST_TESTS = 40          # what is tried before the many others
 SLOW_MS = 150             # tests that take longer come last
 MOST_MEMORY = 3 << 30     # bytes; a break may ask for ever more
 TOO_SLOW_MS = 6000        # what takes longer without optimisation measures time, not rules
-SPARE_SECONDS = 4         # beyond ten times what the tests took when nothing was broken
+SPARE_SECONDS = 2         # beyond five times what the tests took when nothing was broken
 NOTICED, SURVIVED, NOT_REACHED = "noticed", "survived", "not reached"
 
 
@@ -33,12 +33,23 @@ def _environment(**more):
     return dict(os.environ, TAVIRO_SCENARIOS=str(ROOT / "tests" / "scenarios"), **more)
 
 
+def too_slow(text):
+    """The lines of a record about tests that are not asked."""
+    return [line for line in text.splitlines()
+            if line[0] in "+!" and int(line.split(" ", 2)[1]) > TOO_SLOW_MS]
+
+
 def record():
-    """Runs all tests with nothing broken; nothing when the program is no newer than the record."""
+    """Runs all tests with nothing broken; not again when the program is no newer than the record, and
+    without those that were too slow the last time."""
     if not RECORD.exists() or RECORD.stat().st_mtime < PROGRAM.stat().st_mtime:
+        slow = too_slow(RECORD.read_text(encoding="utf-8")) if RECORD.exists() else []
         fresh = RECORD.with_suffix(".new")
-        subprocess.run([str(PROGRAM)], cwd=TREE, check=False, stdout=subprocess.DEVNULL,
-                       env=_environment(TAVIRO_MUTANT_RECORD=str(fresh)))
+        passed_over = "--gtest_filter=*-" + ":".join(line.split(" ")[0][1:] for line in slow)
+        subprocess.run([str(PROGRAM), *([passed_over] if slow else [])], cwd=TREE, check=False,
+                       stdout=subprocess.DEVNULL, env=_environment(TAVIRO_MUTANT_RECORD=str(fresh)))
+        with fresh.open("a", encoding="utf-8") as file:
+            file.writelines(f"{line}\n" for line in slow)
         os.replace(fresh, RECORD)
     return read_record(RECORD.read_text(encoding="utf-8"))
 
@@ -89,11 +100,11 @@ def _passes(number, tests, milliseconds, scratch, output=subprocess.DEVNULL):
     """Whether the tests pass with one break; a crash or a loop without end is noticed as well."""
     flags = scratch / f"{number}.flags"
     flags.write_text("--gtest_filter=" + ":".join(tests) + "\n", encoding="utf-8")
-    seconds = SPARE_SECONDS + milliseconds * 10 // 1000
+    seconds = SPARE_SECONDS + milliseconds * 5 // 1000
     try:
         ran = subprocess.run([str(PROGRAM), f"--gtest_flagfile={flags}", "--gtest_fail_fast",
                               "--gtest_brief=1"], cwd=TREE, check=False, stdout=output,
-                             stderr=subprocess.STDOUT, timeout=seconds * 10 + 30,
+                             stderr=subprocess.STDOUT, timeout=seconds * 15 + 30,
                              preexec_fn=_limits(seconds), env=_environment(TAVIRO_MUTANT=str(number)))
     except subprocess.TimeoutExpired:
         return False
