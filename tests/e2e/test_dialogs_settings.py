@@ -35,6 +35,28 @@ def stored(program):
     return program.setting_file().read_bytes().decode("cp1250").split("\r\n")
 
 
+def set_button_to_ctrl_shift_q(desktop, program, dialog):
+    """After it was given up once, and although the stick is away at the end."""
+    inner = button_dialog(desktop, program).take_keyboard()
+    dialog.click("cmdCancel")  # held by the inner dialog
+    inner.click("OptionType", option=2)
+    inner.go_to("ComboKey", "alt+k")
+    inner.key("q")
+    inner.key("Escape")
+    inner.wait_for_end()
+    assert dialog.is_open()
+    inner = button_dialog(desktop, program).take_keyboard()
+    assert not any(inner.is_ticked("OptionType", option) for option in range(4))  # nothing stored
+    inner.click("OptionType", option=2)
+    inner.go_to("ComboKey", "alt+k")
+    inner.key("q", "alt+c", "alt+h")
+    wait_until(lambda: inner.is_ticked("chkCTRL") and inner.is_ticked("chkSHIFT"), "both ticked")
+    program.standin.set_present(False)  # taken away while its button is being set
+    inner.click("cmdOK")
+    inner.wait_for_end()
+    program.standin.set_present(True)
+
+
 def test_settings_and_a_buttons_action_work_and_survive_a_restart(desktop):
     program = desktop.program()
     program.use_map([(letter, ord(letter.upper())) for letter in "abuvwx"])
@@ -61,24 +83,7 @@ def test_settings_and_a_buttons_action_work_and_survive_a_restart(desktop):
     assert program.highlighted() == "a"
     program.standin.set_present(True)
 
-    inner = button_dialog(desktop, program).take_keyboard()
-    dialog.click("cmdCancel")  # held by the inner dialog
-    inner.click("OptionType", option=2)
-    inner.go_to("ComboKey", "alt+k")
-    inner.key("q")
-    inner.key("Escape")
-    inner.wait_for_end()
-    assert dialog.is_open()
-    inner = button_dialog(desktop, program).take_keyboard()
-    assert not any(inner.is_ticked("OptionType", option) for option in range(4))  # nothing stored
-    inner.click("OptionType", option=2)
-    inner.go_to("ComboKey", "alt+k")
-    inner.key("q", "alt+c", "alt+h")
-    wait_until(lambda: inner.is_ticked("chkCTRL") and inner.is_ticked("chkSHIFT"), "both ticked")
-    program.standin.set_present(False)  # taken away while its button is being set
-    inner.click("cmdOK")
-    inner.wait_for_end()
-    program.standin.set_present(True)
+    set_button_to_ctrl_shift_q(desktop, program, dialog)
     dialog.take_keyboard()
     dialog.key("Return")
     dialog.wait_for_end()

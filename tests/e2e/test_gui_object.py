@@ -91,66 +91,75 @@ def wait_for_process_end(client, process):
     wait_until(lambda: client.call("handles", process)[0] != DONE, "the program's end", 20)
 
 
+def finds_and_asks_windows(client, desktop, target):
+    handle = target.window.handle
+    assert client.result("VBS_FindWindow", TITLE, "") == str(handle)
+    assert client.result("VBS_FindWindow", "neni", "GuiTarget") == str(handle)
+    assert client.result("VBS_FindWindow", TITLE, "neni") == "0"
+    assert client.result("VBS_FindWindow", "", "") == "0"
+    assert client.result("VBS_GetTitle", handle) == TITLE
+    for length, given in ((249, 249), (250, 249), (300, 249)):
+        desktop.probe.set_text(handle, "ž" * length)
+        assert client.result("VBS_GetTitle", handle) == "ž" * given
+    desktop.probe.set_text(handle, TITLE)
+    assert client.result("VBS_GetTitle", 0x7FFF0) == ""
+    assert client.result("VBS_GetChildNum", handle) == "4"
+    assert client.result("VBS_GetChildNum", 0x7FFF0) == "0"
+    assert client.result("VBS_GetChild", handle, "eDIT") == str(target.child("Edit").handle)
+    assert client.result("VBS_GetChild", handle, "listbox") == \
+        str(target.child("ListBox").handle)
+    assert client.result("VBS_GetChild", handle, "Edi") == "0"
+    assert client.result("VBS_GetChild", 0, "Edit") == "0"
+
+
+def drives_the_target(client, desktop, target):
+    assert client.result("ClickOnWindow", TITLE, "neni") == "0"
+    assert client.result("ClickOnWindow", TITLE, "button") == "1"
+    target.wait_for_text("Button", "stisknuto")
+    client.result("KeyPress", 30, 0)
+    client.result("KeyPress", 31, 16)
+    target.wait_for_keys("d30", "u30", "dshift", "d31", "u31", "ushift")
+    assert desktop.probe.keys_down() == []
+
+    paints = target.paints()
+    client.result("VBS_UpdateWindow", target.window.handle)
+    wait_until(lambda: target.paints() > paints, "the window painted")
+    paints = target.paints()
+    client.result("VBS_UpdateFrame", target.window.left, target.window.top,
+                  target.window.right, target.window.bottom)
+    wait_until(lambda: target.paints() > paints, "the window painted with the desktop")
+
+
+def shows_and_hides_its_own_window(client, desktop, target, window):
+    client.result("SetCaption", "Řídí skript")
+    assert our_window(desktop).caption == "Řídí skript"
+    client.result("LogDebugWin", "nic")
+    client.result("ShowDebugWin")
+    shown = our_window(desktop)
+    assert (shown.left, shown.top) == (0, 0)
+    assert shown.extended_style & WS_EX_TOPMOST
+    assert target.has_focus()
+    client.result("MinDebugWin")
+    assert our_window(desktop).style & WS_MINIMIZE
+    client.result("HideDebugWin")
+    assert our_window(desktop) is None
+    client.result("ShowDebugWin")
+    shown = our_window(desktop)
+    assert (shown.handle, shown.left, shown.top) == (window.handle, 0, 0)
+    assert not shown.style & WS_MINIMIZE
+    assert target.has_focus()
+
+
 def test_typed_client_calls_every_method(desktop):
     program = desktop.program()
     program.use_settings(volume=66)
     register(program)
     window = program.start()
     with target_of(desktop) as target, contextlib.closing(Client(program.environment)) as client:
-        handle = target.window.handle
         assert client.create() == DONE
-
-        assert client.result("VBS_FindWindow", TITLE, "") == str(handle)
-        assert client.result("VBS_FindWindow", "neni", "GuiTarget") == str(handle)
-        assert client.result("VBS_FindWindow", TITLE, "neni") == "0"
-        assert client.result("VBS_FindWindow", "", "") == "0"
-        assert client.result("VBS_GetTitle", handle) == TITLE
-        for length, given in ((249, 249), (250, 249), (300, 249)):
-            desktop.probe.set_text(handle, "ž" * length)
-            assert client.result("VBS_GetTitle", handle) == "ž" * given
-        desktop.probe.set_text(handle, TITLE)
-        assert client.result("VBS_GetTitle", 0x7FFF0) == ""
-        assert client.result("VBS_GetChildNum", handle) == "4"
-        assert client.result("VBS_GetChildNum", 0x7FFF0) == "0"
-        assert client.result("VBS_GetChild", handle, "eDIT") == str(target.child("Edit").handle)
-        assert client.result("VBS_GetChild", handle, "listbox") == \
-            str(target.child("ListBox").handle)
-        assert client.result("VBS_GetChild", handle, "Edi") == "0"
-        assert client.result("VBS_GetChild", 0, "Edit") == "0"
-
-        assert client.result("ClickOnWindow", TITLE, "neni") == "0"
-        assert client.result("ClickOnWindow", TITLE, "button") == "1"
-        target.wait_for_text("Button", "stisknuto")
-        client.result("KeyPress", 30, 0)
-        client.result("KeyPress", 31, 16)
-        target.wait_for_keys("d30", "u30", "dshift", "d31", "u31", "ushift")
-        assert desktop.probe.keys_down() == []
-
-        paints = target.paints()
-        client.result("VBS_UpdateWindow", handle)
-        wait_until(lambda: target.paints() > paints, "the window painted")
-        paints = target.paints()
-        client.result("VBS_UpdateFrame", target.window.left, target.window.top,
-                      target.window.right, target.window.bottom)
-        wait_until(lambda: target.paints() > paints, "the window painted with the desktop")
-
-        client.result("SetCaption", "Řídí skript")
-        assert our_window(desktop).caption == "Řídí skript"
-        client.result("LogDebugWin", "nic")
-        client.result("ShowDebugWin")
-        shown = our_window(desktop)
-        assert (shown.left, shown.top) == (0, 0)
-        assert shown.extended_style & WS_EX_TOPMOST
-        assert target.has_focus()
-        client.result("MinDebugWin")
-        assert our_window(desktop).style & WS_MINIMIZE
-        client.result("HideDebugWin")
-        assert our_window(desktop) is None
-        client.result("ShowDebugWin")
-        shown = our_window(desktop)
-        assert (shown.handle, shown.left, shown.top) == (window.handle, 0, 0)
-        assert not shown.style & WS_MINIMIZE
-        assert target.has_focus()
+        finds_and_asks_windows(client, desktop, target)
+        drives_the_target(client, desktop, target)
+        shows_and_hides_its_own_window(client, desktop, target, window)
 
         assert program.setting_file().read_bytes().count(b"\n") < 10  # as the test wrote it
         client.result("Quit")

@@ -3,7 +3,7 @@
 
 import subprocess
 
-from tree import cpp_files, files, read
+from tree import cpp_files, files, is_shell
 
 
 def _complaints(command, root, paths):
@@ -22,6 +22,5 @@ def unformatted_files(root):
 
 
 def shell_faults(root):
-    scripts = [path for path in files(root)
-               if (read(root, path) or "").startswith(("#!/usr/bin/env bash", "#!/bin/sh"))]
-    return _complaints(["shellcheck", "-x"], root, scripts)
+    shell = [path for path in files(root) if is_shell(root, path)]
+    return _complaints(["shellcheck", "-x"], root, shell)

@@ -12,7 +12,7 @@ from tree import ROOT
 
 CHECKS = (meaning.meaning_elsewhere, meaning.second_writers,
           floors.upward_includes, floors.include_cycles, floors.foreign_headers,
-          floors.missing_folders, sizes.long_files,
+          floors.missing_folders, sizes.long_files, sizes.long_procedures,
           style.unformatted_files, style.shell_faults, words.unfinished_work,
           words.foreign_origins, words.missing_licence_lines)
 

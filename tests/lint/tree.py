@@ -21,6 +21,16 @@ def cpp_files(root):
     return [path for path in files(root) if path.suffix in CPP_SUFFIXES]
 
 
+def scripts(root):
+    """Python and shell."""
+    return [path for path in files(root) if path.suffix in SCRIPT_SUFFIXES
+            or not path.suffix and is_shell(root, path)]
+
+
+def is_shell(root, path):
+    return (read(root, path) or "").startswith(("#!/usr/bin/env bash", "#!/bin/sh"))
+
+
 def read(root, path):
     """The text of a file; None when it is no UTF-8 text."""
     try:
