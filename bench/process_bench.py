@@ -1,9 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Measures the whole program under Wine against an empty window built the same way, both in one
-run: from start to the first painted content, memory, and the processor time of an idle minute with
-the joystick polled. Prints each figure with its budget; the exit code is 0 when all are kept."""
+run: from start to the first painted content, the memory that it has written to, and the processor time
+of an idle minute with the joystick polled. Prints each figure with its budget; the exit code is 0 when all are kept."""
 
-import os
 import pathlib
 import statistics
 import subprocess
@@ -23,8 +22,9 @@ from wine import BUILD  # noqa: E402
 ROUNDS = 7
 IDLE_SECONDS = 60
 INSIDE = (900, 60, 1200, 200)  # a part of the screen that both windows' contents cover
-RATIO_BUDGET = 1.5
-IDLE_BUDGET = 0.01  # of one core
+RATIO_BUDGET = 1.3  # of the times
+MEMORY_BUDGET = 10 * 1024  # KiB
+IDLE_BUDGET = 0.003  # of one core
 
 
 def is_painted(display):
@@ -44,14 +44,15 @@ def pid_of(executable):
 
 
 def memory_kib(pid):
-    """Memory that is the process's own, shared pages in proportion."""
+    """Memory that is the process's own; unwritten pages of files are not, the system can drop them."""
     rollup = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text(encoding="ascii")
-    return next(int(line.split()[1]) for line in rollup.splitlines() if line.startswith("Pss:"))
+    return next(int(line.split()[1]) for line in rollup.splitlines() if line.startswith("Private_Dirty:"))
 
 
 def cpu_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text(encoding="ascii").rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+    """Of all threads. The process's own clock would count in steps of ten milliseconds."""
+    return sum(int(path.read_text(encoding="ascii").split()[0])
+               for path in pathlib.Path(f"/proc/{pid}/task").glob("*/schedstat")) / 1e9
 
 
 class EmptyWindow:
@@ -132,8 +133,8 @@ def main():
     kept = [
         report("start to first painted map, ratio", our_time / their_time, RATIO_BUDGET,
                f"{our_time:.3f} s / {their_time:.3f} s = {our_time / their_time:.2f}"),
-        report("memory, ratio", our_memory / their_memory, RATIO_BUDGET,
-               f"{our_memory} / {their_memory} KiB = {our_memory / their_memory:.2f}"),
+        report("private memory, KiB", our_memory, MEMORY_BUDGET,
+               f"{our_memory}, an empty window {their_memory}"),
         report("processor, share of a core, idle minute", share, IDLE_BUDGET,
                f"{share:.4f} with {reads} reads"),
         report("program file, bytes", size, 3 * 1024 * 1024, f"{size}"),

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// What a case may cost. The program fails when a budget is missed, and when its case did not run.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace taviro::bench {
+
+struct Budget {
+    std::string strCase;
+    double dMicroseconds;      ///< of processor time for one iteration, or the counter's value
+    std::string strCounter{};  ///< empty: the time of an iteration
+};
+
+/// All of them, in no order.
+inline std::vector<Budget> Budgets;
+
+/// A table of budgets beside the cases that it is about.
+struct BudgetTable {
+    BudgetTable(std::initializer_list<Budget> Rows) {
+        Budgets.insert(Budgets.end(), Rows.begin(), Rows.end());
+    }
+};
+
+}  // namespace taviro::bench
