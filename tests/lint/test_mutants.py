@@ -177,6 +177,14 @@ def test_cheapest_tests_come_first_and_slow_ones_last():
     assert running.chosen_tests(item, reach, ()) == [["A.C", "A.B"], ["A.Slow"]]
 
 
+@pytest.mark.parametrize("file, expected", [("core/a.cpp", [["A.B"]]),
+                                            ("core/a.h", [["A.B"], ["A.Else"]])])
+def test_what_is_computed_at_the_start_is_asked_of_those_that_may_read_it(file, expected):
+    reach = running.read_record("- 0 1\n+A.B 3 2\n+A.Else 1 5000\n")
+    item = type("Item", (), {"number": 1, "file": file})
+    assert running.chosen_tests(item, reach, {"A.B"}) == expected
+
+
 LISTED = "# why\ncore/a.cpp | constant | 0123abcd | nobody reads it\n"
 
 

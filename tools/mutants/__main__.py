@@ -101,7 +101,7 @@ class Progress:
 
     def tell(self, _item, _result):
         self.count += 1
-        if self.count % 100 == 0:
+        if self.count % 50 == 0:
             say(f"{self.count} of {self.total} after {time.monotonic() - self.started:.0f} s")
 
 
