@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """The tool that breaks the code: what it finds, what it writes, and how it keeps its list."""
 
-import pathlib
+import collections
 import subprocess
 import sys
 
@@ -175,6 +175,11 @@ def test_cheapest_tests_come_first_and_slow_ones_last():
     reach = running.read_record("- 0\n+A.Slow 900 1\n+A.B 3 1\n+A.C 1 1\n+A.Else 1 2\n")
     item = type("Item", (), {"number": 1})
     assert running.chosen_tests(item, reach, ()) == [["A.C", "A.B"], ["A.Slow"]]
+
+
+def test_tests_that_noticed_before_come_first():
+    noticers = collections.Counter({"A.C": 2, "A.Gone": 9, "": 3})
+    assert running.with_noticers([["A.B", "A.C"], ["A.D"]], noticers) == [["A.C"], ["A.B"], ["A.D"]]
 
 
 @pytest.mark.parametrize("file, expected", [("core/a.cpp", [["A.B"]]),

@@ -88,7 +88,8 @@ def show_one(name, compiled, reach):
         say(f"no break is called {name}")
         return 2
     scratch = BUILD / "scratch"
-    result = running.run_one(item, reach, (), scratch, output=None)
+    scratch.mkdir(parents=True, exist_ok=True)
+    result = running.run_one(item, reach, set(reach.cost), scratch, show=True)
     print(f"{report.survivor_line(item, result)}: {result[0]}")
     return 0
 

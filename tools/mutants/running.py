@@ -2,9 +2,11 @@
 """Runs the tests: once to learn which breaks each of them reaches, then for each break those that
 reach it, the cheapest first, until one notices."""
 
+import collections
 import concurrent.futures
 import dataclasses
 import os
+import re
 import resource
 import subprocess
 
@@ -13,6 +15,7 @@ from folders import BUILD, ROOT
 
 RECORD = BUILD / "reached.txt"
 FIRST_TESTS = 40          # what is tried before the many others
+MOST_NOTICERS = 12        # tests that noticed others of the file and are asked before all
 SLOW_MS = 150             # tests that take longer come last
 MOST_MEMORY = 3 << 30     # bytes; a break may ask for ever more
 TOO_SLOW_MS = 2000        # what takes longer without optimisation measures time, not rules
@@ -97,29 +100,47 @@ def _limits(seconds):
     return set_limits
 
 
-def _passes(number, tests, milliseconds, scratch, output=subprocess.DEVNULL):
-    """Whether the tests pass with one break; a crash or a loop without end is noticed as well."""
+def _failing_test(number, tests, milliseconds, scratch, show):
+    """The test that fails with one break, "" when the program ended otherwise (a crash, a loop without
+    end), None when all pass."""
     flags = scratch / f"{number}.flags"
     flags.write_text("--gtest_filter=" + ":".join(tests) + "\n", encoding="utf-8")
     seconds = SPARE_SECONDS + milliseconds * 5 // 1000
     try:
         ran = subprocess.run([str(PROGRAM), f"--gtest_flagfile={flags}", "--gtest_fail_fast",
-                              "--gtest_brief=1"], cwd=TREE, check=False, stdout=output,
+                              "--gtest_brief=1"], cwd=TREE, check=False, stdout=subprocess.PIPE,
                              stderr=subprocess.STDOUT, timeout=seconds * 15 + 30,
                              preexec_fn=_limits(seconds), env=_environment(TAVIRO_MUTANT=str(number)))
     except subprocess.TimeoutExpired:
-        return False
+        return ""
     finally:
         flags.unlink()
-    return ran.returncode == 0
+    if ran.returncode == 0:
+        return None
+    said = ran.stdout.decode("utf-8", "replace")
+    if show:
+        print(said)
+    named = re.search(r"^\[  FAILED  \] ([\w./]+)", said, re.MULTILINE)
+    return named[1] if named else ""
 
 
-def run_one(item, reach, neighbours, scratch, output=subprocess.DEVNULL):
+def with_noticers(rows, noticers):
+    """The rows with a first one of the tests that noticed most of the same file's breaks so far."""
+    present = {name for row in rows for name in row}
+    first = [name for name, _ in noticers.most_common() if name in present][:MOST_NOTICERS]
+    return [row for row in [first, *([name for name in row if name not in first] for row in rows)]
+            if row]
+
+
+def run_one(item, reach, neighbours, scratch, noticers=None, show=False):
     """What became of a break, and how many tests could have noticed."""
-    rows = chosen_tests(item, reach, neighbours)
+    noticers = collections.Counter() if noticers is None else noticers
+    rows = with_noticers(chosen_tests(item, reach, neighbours), noticers)
     count = sum(len(row) for row in rows)
     for row in rows:
-        if not _passes(item.number, row, sum(map(reach.cost.get, row)), scratch, output):
+        failing = _failing_test(item.number, row, sum(map(reach.cost.get, row)), scratch, show)
+        if failing is not None:
+            noticers[failing] += 1
             return NOTICED, count
     return (SURVIVED, count) if rows else (NOT_REACHED, 0)
 
@@ -132,9 +153,10 @@ def run(breaks, reach, jobs, tell):
     for number, tests in reach.tests.items():
         if number not in reach.everywhere:
             of_file.setdefault(number // 2048, set()).update(tests)
-    results = {}
+    results, noticers = {}, {item.file: collections.Counter() for item in breaks}
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        waiting = {pool.submit(run_one, item, reach, of_file.get(item.number // 2048, ()), scratch): item
+        waiting = {pool.submit(run_one, item, reach, of_file.get(item.number // 2048, ()), scratch,
+                               noticers[item.file]): item
                    for item in breaks}
         for done in concurrent.futures.as_completed(waiting):
             item = waiting[done]
