@@ -11,9 +11,12 @@
 #include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/dialogs.h"
+#include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/messages.h"
 #include "platform/shell.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 
 namespace {
 
@@ -23,7 +26,7 @@ int RunProgram() noexcept {
         taviro::BindMainForm();
         // Refused, the program goes without scripts.
         if (taviro::platform::ClaimSingleInstance()) {
-            static_cast<void>(taviro::automation::OpenGuiServer());
+            taviro::Unneeded(taviro::automation::OpenGuiServer());
         }
         taviro::Main();
         const int nExitCode = taviro::platform::RunMessageLoop();
@@ -32,6 +35,7 @@ int RunProgram() noexcept {
         taviro::platform::CloseMainWindow();
         return nExitCode;
     } catch (...) {
+        taviro::platform::ReportException("the program's start or end");
         return EXIT_FAILURE;
     }
 }
@@ -49,6 +53,6 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevious*/, PWSTR pCom
     if (IsRegistering(Order)) return taviro::automation::CarryOut(Order);
     // Without COM there are no automation objects, and the program goes without them. It is never
     // closed again: objects that global state holds are released after the end of this procedure.
-    static_cast<void>(CoInitialize(nullptr));
+    taviro::platform::win32::SucceededOrReport(CoInitialize(nullptr), "CoInitialize");
     return RunProgram();
 }

@@ -16,6 +16,7 @@
 #include "maps/app_positions.h"
 #include "maps/key_names.h"
 #include "maps/map_grid.h"
+#include "platform/failure.h"
 #include "settings/button_table.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
@@ -46,6 +47,7 @@ void ResetProgram() {
     SequenceTables = {};
     CommonMap.Clear();
     AppMap.Clear();
+    platform::Reports = {};
     BindMainForm();
 }
 

@@ -26,6 +26,7 @@
 #include "maps/map_file.h"
 #include "maps/map_window.h"
 #include "maps/shown_map.h"
+#include "platform/failure.h"
 #include "platform/messages.h"
 #include "platform/shell.h"
 #include "settings/setting.h"
@@ -117,6 +118,7 @@ void Form_Unload() {
 }
 
 void BindMainForm() {
+    platform::Reports.Tell = LogEvent;
     FrmMain->OnLoad = Form_Load;
     FrmMain->OnUnload = Form_Unload;
     FrmMain->Timer1.OnTimer = Timer1_Timer;

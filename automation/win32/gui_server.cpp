@@ -6,7 +6,10 @@
 #include <objbase.h>
 
 #include "automation/win32/gui_object.h"
+#include "platform/failure.h"
 #include "platform/messages.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "win32/com/access.h"
 #include "win32/com/class_factory.h"
 
@@ -33,8 +36,7 @@ void AwaitClients() {
     for (DWORD nPassed = 0; Server.Object.IsHeld() && nPassed < FAREWELL_MS;
          nPassed = GetTickCount() - nStart) {
         // A message, or the end of the time: the loop sees which.
-        static_cast<void>(
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, FAREWELL_MS - nPassed, QS_ALLINPUT));
+        Unneeded(MsgWaitForMultipleObjects(0, nullptr, FALSE, FAREWELL_MS - nPassed, QS_ALLINPUT));
         platform::RunPendingMessages();
     }
 }
@@ -42,8 +44,12 @@ void AwaitClients() {
 }  // namespace
 
 bool OpenGuiServer() {
+    com::OnException = [](HRESULT nResult) noexcept {
+        platform::ReportFailure("a call of Taviro.GUI", static_cast<uint32_t>(nResult));
+    };
     if (!com::RestrictAccess()) return false;
-    return SUCCEEDED(Server.Factory.Offer(__uuidof(::GUI)));
+    return platform::win32::SucceededOrReport(Server.Factory.Offer(__uuidof(::GUI)),
+                                              "CoRegisterClassObject");
 }
 
 void CloseGuiServer() {
@@ -51,7 +57,7 @@ void CloseGuiServer() {
     Server.Factory.Withdraw();
     AwaitClients();
     // Its result is always success.
-    static_cast<void>(CoDisconnectObject(&Server.Object, 0));
+    Unneeded(CoDisconnectObject(&Server.Object, 0));
 }
 
 }  // namespace taviro::automation

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/failure.h"
+
 namespace taviro::platform::headless {
 
 DesktopState::DesktopState()
@@ -26,6 +28,12 @@ std::vector<std::string> DesktopState::TakeEffects() {
     return Texts;
 }
 
+bool DesktopState::Refuses(const char* szCall, std::wstring_view strSubject, size_t* pDone) {
+    if (!Failures.Fails(szCall, strSubject, pDone)) return false;
+    ReportFailure(szCall, CODE_FAILED);
+    return true;
+}
+
 void DesktopState::At(uint32_t nTime, std::function<void()> Run) {
     const auto it = std::upper_bound(m_Events.begin(), m_Events.end(), nTime,
                                      [](uint32_t n, const auto& e) { return n < e.nTime; });
@@ -34,7 +42,7 @@ void DesktopState::At(uint32_t nTime, std::function<void()> Run) {
 
 void DesktopState::WatchTimer(forms::Timer& Watched) {
     std::erase_if(m_Timers, [&](const Due& Entry) { return Entry.pTimer == &Watched; });
-    if (!Watched.IsTicking()) return;
+    if (!Watched.IsTicking() || Refuses("SetTimer", Watched.strName)) return;
     m_Timers.push_back({nNow + static_cast<uint32_t>(Watched.Interval.Get()), &Watched});
 }
 

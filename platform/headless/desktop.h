@@ -14,6 +14,7 @@
 
 #include "forms/main_form.h"
 #include "platform/automation.h"
+#include "platform/headless/failure_orders.h"
 #include "platform/headless/memory_files.h"
 #include "platform/joystick.h"
 #include "platform/keyboard_hook.h"
@@ -44,7 +45,6 @@ struct Effect {
 /// The joystick in the user's hand.
 struct VirtualJoystick {
     bool bPresent = true;
-    bool bReadFails = false;
     uint32_t nX = 32767;
     uint32_t nY = 32767;
     uint32_t nButtons = 0;
@@ -60,10 +60,8 @@ struct VirtualKeyboard {
     bool bCapsLock = false;
     std::wstring strTyped;  ///< a text field with its caret at the end
     wchar_t nPendingDeadKey = 0;
-    bool bBlocked = false;  ///< SendInput inserts nothing
     KeyHookProcedure pHook = nullptr;
     uintptr_t hHook = 0;
-    bool bHookRefused = false;
     bool bPassedOn = false;  ///< the event being handled went on to the next hook
 };
 
@@ -95,6 +93,12 @@ struct DesktopState {
     void Record(std::string strText);
     /// The texts of all effects so far; forgets them.
     std::vector<std::string> TakeEffects();
+
+    // Failures.
+    FailureOrders Failures;
+    std::vector<std::wstring> DebuggerLines;  ///< what an attached debugger would have shown
+    /// Whether the call was ordered to fail. Then it is reported, as the Windows layer reports it.
+    bool Refuses(const char* szCall, std::wstring_view strSubject = {}, size_t* pDone = nullptr);
 
     // Clock, timers and events.
     uint32_t nNow = 1000;
@@ -137,8 +141,6 @@ struct DesktopState {
     std::vector<uintptr_t> FolderOwners;  ///< owner windows handed to the folder query
     std::deque<ItemIdList> FolderLists;   ///< handed out, and never freed by the program
     bool bOtherInstance = false;
-    bool bAttachFails = false;
-    bool bRegionFails = false;
     intptr_t nShellResult = 42;
     std::vector<VirtualWindow> Windows;
     WindowHandle hForeground = 0;
@@ -165,6 +167,8 @@ struct DesktopState {
     void DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bool bInjected);
     /// The view of the main form (used by OpenMainWindow): a change of a timer sets when it is due.
     void WatchTimer(forms::Timer& Watched);
+    /// The files that are being written; their handles count from 1 (used by CreateNewFile).
+    std::vector<std::wstring> WrittenFiles;
     /// The window is gone, and its timers with it (used by CloseMainWindow).
     void ForgetTimers();
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/clock.h"
+#include "platform/failure.h"
 #include "platform/headless/desktop.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
@@ -30,7 +31,7 @@ uint32_t SecondOfDay() {
 
 uint32_t JoyGetDevCaps(uint32_t /*nJoyId*/, JoyCapsRecord& Caps, uint32_t nSize) {
     Desktop.Joystick.nLastCapsSize = nSize;
-    if (!Desktop.Joystick.bPresent) return NO_DEVICE;
+    if (!Desktop.Joystick.bPresent || Desktop.Refuses(__func__)) return NO_DEVICE;
     Caps = JoyCapsRecord{};
     Caps.wXmax = Caps.wYmax = 65535;
     Caps.wNumButtons = 16;
@@ -42,7 +43,7 @@ uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
     ++Joystick.nReads;
     Joystick.nLastReadAt = Desktop.nNow;
     Joystick.LastQuery = Info;
-    if (!Joystick.bPresent || Joystick.bReadFails) return NO_DEVICE;
+    if (!Joystick.bPresent || Desktop.Refuses(__func__)) return NO_DEVICE;
     Info.dwXpos = Joystick.nX;
     Info.dwYpos = Joystick.nY;
     Info.dwButtons = Joystick.nButtons;
@@ -50,6 +51,7 @@ uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
 }
 
 bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
+    if (Desktop.Refuses(__func__, strFile)) return false;
     const bool bPlaying = Desktop.nNow < Desktop.nSoundEnds;
     const bool bQuery = (nFlags & SND_FLAG_NOSTOP) != 0;
     if (bQuery && (bPlaying || Desktop.bSoundFails)) {
@@ -70,22 +72,26 @@ void SystemBeep() {
 }
 
 bool GetPointer(ScreenPoint& Point) {
+    if (Desktop.Refuses(__func__)) return false;
     Point = Desktop.Pointer;
     return true;
 }
 
 bool SetPointer(ScreenPoint Point) {
+    if (Desktop.Refuses(__func__)) return false;
     Desktop.Record("pointer (" + std::to_string(Point.nX) + ", " + std::to_string(Point.nY) + ")");
     Desktop.Pointer = Point;
     return true;
 }
 
 bool GetMouseAcceleration(std::array<int32_t, 3>& Triple) {
+    if (Desktop.Refuses(__func__)) return false;
     Triple = Desktop.MouseAcceleration;
     return true;
 }
 
 bool SetMouseAcceleration(const std::array<int32_t, 3>& Triple) {
+    if (Desktop.Refuses(__func__)) return false;
     Desktop.Record("mouse acceleration " + std::to_string(Triple[0]) + " " +
                    std::to_string(Triple[1]) + " " + std::to_string(Triple[2]));
     Desktop.MouseAcceleration = Triple;
@@ -109,11 +115,16 @@ std::wstring TimeOfDayText() {
 }
 
 std::wstring DateTimeText() {
+    if (Desktop.Refuses(__func__)) return TimeOfDayText();
     const uint32_t n = SecondOfDay();
     char szText[32];
     (void)std::snprintf(szText, sizeof szText, "16.11.2026 %u:%02u:%02u", n / 3600 % 24,
                         n / 60 % 60, n % 60);
     return FromUtf8(szText);
+}
+
+void WriteToDebugger(const std::wstring& strLine) {
+    Desktop.DebuggerLines.push_back(strLine);
 }
 
 void RunPendingMessages() {

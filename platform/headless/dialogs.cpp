@@ -14,6 +14,7 @@ namespace {
 
 void ShowOrHide(forms::Form& Form, const std::string& strName) {
     if (!Form.Visible) return Desktop.Record(strName + " hidden");
+    if (Desktop.Refuses("CreateDialog", FromUtf8(strName))) return Form.Unload();
     Desktop.Record(strName + (Form.IsModal() ? " shown, modal" : " shown"));
     if (Form.OnLaidOut) Form.OnLaidOut();
     if (Form.OnActivate) Form.OnActivate();

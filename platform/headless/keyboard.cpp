@@ -118,36 +118,7 @@ std::string TextOf(const InputRecord& Record) {
            std::to_string(Mouse.dwFlags);
 }
 
-}  // namespace
-
-uint32_t SendInputRecords(std::span<const InputRecord> Records) {
-    std::string strText = "SendInput";
-    for (const InputRecord& Record : Records) {
-        strText += (strText.back() == 't' ? ": " : ", ") + TextOf(Record);
-    }
-    Desktop.Record(strText);
-    if (Desktop.Keyboard.bBlocked) return 0;
-    for (const InputRecord& Record : Records) {
-        Desktop.Sent.push_back(Record);
-        if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
-            Desktop.DeliverKey(pKey->wVk, pKey->wScan, pKey->dwFlags, true);
-        } else {
-            const auto& Mouse = std::get<MouseRecord>(Record);
-            Desktop.Pointer.nX += Mouse.nDx;
-            Desktop.Pointer.nY += Mouse.nDy;
-        }
-    }
-    return static_cast<uint32_t>(Records.size());
-}
-
-void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
-    Desktop.Record("keybd_event: vk " + std::to_string(nVk) + " scan " + std::to_string(nScan) +
-                   " flags " + std::to_string(dwFlags) +
-                   (dwExtraInfo == 0 ? "" : " extra " + std::to_string(dwExtraInfo)));
-    Desktop.DeliverKey(nVk, nScan, dwFlags, true);
-}
-
-int16_t VkKeyScanAnsi(uint8_t nCharacter) {
+int16_t FindKey(uint8_t nCharacter) {
     constexpr int16_t SHIFT_BIT = 0x100, ALTGR_BITS = 0x600;
     const std::string strByte(1, static_cast<char>(nCharacter));
     const wchar_t nWanted = FromAnsi(strByte).front();
@@ -161,8 +132,43 @@ int16_t VkKeyScanAnsi(uint8_t nCharacter) {
     return -1;
 }
 
+}  // namespace
+
+uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+    std::string strText = "SendInput";
+    for (const InputRecord& Record : Records) {
+        strText += (strText.back() == 't' ? ": " : ", ") + TextOf(Record);
+    }
+    Desktop.Record(strText);
+    size_t nTaken = Records.size();
+    if (Desktop.Refuses(__func__, {}, &nTaken)) nTaken = std::min(nTaken, Records.size());
+    for (const InputRecord& Record : Records.first(nTaken)) {
+        Desktop.Sent.push_back(Record);
+        if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
+            Desktop.DeliverKey(pKey->wVk, pKey->wScan, pKey->dwFlags, true);
+        } else {
+            const auto& Mouse = std::get<MouseRecord>(Record);
+            Desktop.Pointer.nX += Mouse.nDx;
+            Desktop.Pointer.nY += Mouse.nDy;
+        }
+    }
+    return static_cast<uint32_t>(nTaken);
+}
+
+void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
+    Desktop.Record("keybd_event: vk " + std::to_string(nVk) + " scan " + std::to_string(nScan) +
+                   " flags " + std::to_string(dwFlags) +
+                   (dwExtraInfo == 0 ? "" : " extra " + std::to_string(dwExtraInfo)));
+    if (Desktop.Refuses(__func__)) return;
+    Desktop.DeliverKey(nVk, nScan, dwFlags, true);
+}
+
+int16_t VkKeyScanAnsi(uint8_t nCharacter) {
+    return Desktop.Refuses(__func__) ? int16_t{-1} : FindKey(nCharacter);
+}
+
 uint32_t OemKeyScanCode(uint8_t nOemCharacter) {
-    const int16_t nKey = VkKeyScanAnsi(nOemCharacter);
+    const int16_t nKey = Desktop.Refuses(__func__) ? -1 : FindKey(nOemCharacter);
     if (nKey == -1) return 0xFFFFFFFF;
     const auto* pKey = headless::KeyOfVk(static_cast<uint32_t>(nKey & 0xFF));
     return static_cast<uint32_t>(pKey->nScan) | (static_cast<uint32_t>(nKey >> 8) << 16);
@@ -176,7 +182,7 @@ uint8_t CharToOemAnsi(uint8_t nCharacter) {
 uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType) {
     constexpr uint32_t TO_SCAN = 0, TO_CHARACTER = 2, DEAD_KEY_BIT = 0x80000000;
     const auto* pKey = headless::KeyOfVk(nCode);
-    if (pKey == nullptr) return 0;
+    if (pKey == nullptr || Desktop.Refuses(__func__)) return 0;
     if (nMapType == TO_SCAN) return pKey->nScan;
     if (nMapType != TO_CHARACTER) return 0;
     if (pKey->nPlain == headless::DEAD_ACUTE) return DEAD_KEY_BIT | headless::DEAD_ACUTE;
@@ -187,7 +193,7 @@ int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 25
                   uint16_t& nCharacter) {
     constexpr uint8_t DOWN = 0x80;
     const auto* pKey = headless::KeyOfVk(nVk);
-    if (pKey == nullptr) return 0;
+    if (pKey == nullptr || Desktop.Refuses(__func__)) return 0;
     const bool bShift = (KeyState[headless::SHIFT] & DOWN) != 0;
     const wchar_t nTyped = bShift ? pKey->nShift : pKey->nPlain;
     if (nTyped == 0) return 0;
@@ -197,7 +203,7 @@ int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 25
 }
 
 uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure) {
-    if (nHookType != HOOK_KEYBOARD_LL || Desktop.Keyboard.bHookRefused) return 0;
+    if (nHookType != HOOK_KEYBOARD_LL || Desktop.Refuses(__func__)) return 0;
     Desktop.Record("keyboard hook installed");
     Desktop.Keyboard.pHook = pProcedure;
     Desktop.Keyboard.hHook = 1;
@@ -205,7 +211,7 @@ uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure) {
 }
 
 bool RemoveHook(uintptr_t hHook) {
-    if (hHook == 0 || hHook != Desktop.Keyboard.hHook) return false;
+    if (hHook == 0 || hHook != Desktop.Keyboard.hHook || Desktop.Refuses(__func__)) return false;
     Desktop.Record("keyboard hook removed");
     Desktop.Keyboard.pHook = nullptr;
     Desktop.Keyboard.hHook = 0;

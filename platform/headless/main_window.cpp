@@ -38,6 +38,7 @@ void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect)
 }  // namespace
 
 bool OpenMainWindow(forms::MainForm& Form) {
+    if (Desktop.Refuses(__func__)) return false;
     Desktop.pMainForm = &Form;
     Form.OnShowChange = [&Form](forms::Control& Changed, forms::Aspect nAspect) {
         Show(Form, Changed, nAspect);

@@ -90,13 +90,18 @@ bool MemoryFiles::Write(std::wstring_view strPath, std::string_view strBytes) {
     Node& File = m_Nodes[ToLower(strPath)];
     if (File.strName.empty()) File.strName = NameOf(strPath);
     File.strBytes = strBytes;
+    File.nFlushed = 0;
     return true;
 }
 
 bool MemoryFiles::Append(std::wstring_view strPath, std::string_view strBytes) {
     std::string strWhole;
+    size_t nFlushed = 0;
+    if (const Node* pNode = Find(strPath)) nFlushed = pNode->nFlushed;
     if (FileExists(strPath) && !Read(strPath, strWhole)) return false;
-    return Write(strPath, strWhole.append(strBytes));
+    if (!Write(strPath, strWhole.append(strBytes))) return false;
+    Find(strPath)->nFlushed = nFlushed;
+    return true;
 }
 
 bool MemoryFiles::Move(std::wstring_view strFrom, std::wstring_view strTo) {
@@ -113,6 +118,13 @@ bool MemoryFiles::Remove(std::wstring_view strPath) {
     const Node* pNode = Find(strPath);
     if (pNode == nullptr || pNode->bFolder || pNode->bLocked) return false;
     m_Nodes.erase(ToLower(strPath));
+    return true;
+}
+
+bool MemoryFiles::Flush(std::wstring_view strPath) {
+    Node* pNode = Find(strPath);
+    if (pNode == nullptr) return false;
+    pNode->nFlushed = pNode->strBytes.size();
     return true;
 }
 
@@ -136,6 +148,7 @@ void MemoryFiles::Put(std::wstring_view strPath, std::string_view strBytes) {
     Node& File = m_Nodes[ToLower(strPath)] = Node{};
     File.strName = NameOf(strPath);
     File.strBytes = strBytes;
+    File.nFlushed = strBytes.size();
 }
 
 void MemoryFiles::Lock(std::wstring_view strPath, bool bLocked) {
@@ -144,6 +157,19 @@ void MemoryFiles::Lock(std::wstring_view strPath, bool bLocked) {
 
 void MemoryFiles::SetReadOnly(std::wstring_view strPath, bool bReadOnly) {
     if (Node* pNode = Find(strPath)) pNode->bReadOnly = bReadOnly;
+}
+
+bool MemoryFiles::IsReadOnly(std::wstring_view strPath) const {
+    const Node* pNode = Find(strPath);
+    return pNode != nullptr && pNode->bReadOnly;
+}
+
+void MemoryFiles::CutPower() {
+    for (auto& [strPath, File] : m_Nodes) {
+        const size_t nUnflushed = File.strBytes.size() - File.nFlushed;
+        File.strBytes.resize(File.nFlushed + nUnflushed / 2);
+        File.nFlushed = File.strBytes.size();
+    }
 }
 
 }  // namespace taviro::platform::headless

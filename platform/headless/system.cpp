@@ -2,6 +2,7 @@
 // Shell, windows and processes, measures and late-bound objects of the virtual desktop.
 #include <algorithm>
 
+#include "platform/failure.h"
 #include "platform/headless/desktop.h"
 #include "platform/main_window.h"
 #include "platform/metrics.h"
@@ -44,6 +45,7 @@ bool UseMember(const AutomationObject& Object, MemberUse nUse, const std::wstrin
 uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*& pList) {
     constexpr uint32_t INVALID_ARGUMENT = 0x80070057;
     Desktop.FolderOwners.push_back(hOwner);
+    if (Desktop.Refuses(__func__)) return CODE_FAILED;
     const auto it = Desktop.SpecialFolders.find(nFolderId);
     if (it == Desktop.SpecialFolders.end()) return INVALID_ARGUMENT;
     pList = &Desktop.FolderLists.emplace_back(ItemIdList{it->second});
@@ -51,7 +53,7 @@ uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*&
 }
 
 bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
-    if (pList == nullptr || pList->strPath.empty()) return false;
+    if (pList == nullptr || pList->strPath.empty() || Desktop.Refuses(__func__)) return false;
     if (pList->strPath.size() >= Buffer.size()) return false;
     const auto itEnd = std::copy(pList->strPath.begin(), pList->strPath.end(), Buffer.begin());
     *itEnd = L'\0';
@@ -64,32 +66,34 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
                    (strParameters.empty() ? "" : " with \"" + ToUtf8(strParameters) + "\"") +
                    (strVerb.empty() ? "" : " verb " + ToUtf8(strVerb)) +
                    (nShowCommand == 1 ? "" : " show " + std::to_string(nShowCommand)));
-    return Desktop.nShellResult;
+    constexpr intptr_t NO_MEMORY = 0;  // the least of the numbers that mean failure
+    return Desktop.Refuses(__func__, strFile) ? NO_MEMORY : Desktop.nShellResult;
 }
 
 std::wstring ProgramFolder() {
-    return Desktop.strProgramFolder;
+    return Desktop.Refuses(__func__) ? std::wstring{} : Desktop.strProgramFolder;
 }
 
 bool ClaimSingleInstance() {
-    return !Desktop.bOtherInstance;
+    return !Desktop.bOtherInstance && !Desktop.Refuses(__func__);
 }
 
 WindowHandle ForegroundActiveWindow() {
-    return Desktop.hForeground;
+    return Desktop.Refuses(__func__) ? 0 : Desktop.hForeground;
 }
 
 uint32_t WindowProcess(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
-    return pWindow == nullptr ? 0 : pWindow->nProcess;
+    return pWindow == nullptr || Desktop.Refuses(__func__) ? 0 : pWindow->nProcess;
 }
 
 uint32_t WindowThread(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
-    return pWindow == nullptr ? 0 : pWindow->nThread;
+    return pWindow == nullptr || Desktop.Refuses(__func__) ? 0 : pWindow->nThread;
 }
 
 WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle) {
+    if (Desktop.Refuses(__func__)) return 0;
     for (const auto& Window : Desktop.Windows) {
         if (Window.hParent != 0 || Window.bGone) continue;
         const bool bTitle = strTitle.empty() || ToLower(strTitle) == ToLower(Window.strTitle);
@@ -100,6 +104,7 @@ WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& str
 }
 
 bool WindowRect(WindowHandle hWindow, ScreenRect& Rect) {
+    if (Desktop.Refuses(__func__)) return false;
     if (hWindow != 0 && hWindow == MainWindowHandle()) {
         Rect = Desktop.MainRect;
         return true;
@@ -116,15 +121,15 @@ bool IsWindowHandle(WindowHandle hWindow) {
 
 std::wstring WindowClassName(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
-    return pWindow == nullptr ? L"" : pWindow->strClass;
+    return pWindow == nullptr || Desktop.Refuses(__func__) ? L"" : pWindow->strClass;
 }
 
 std::vector<ProcessEntry> SnapshotProcesses() {
-    return Desktop.Processes;
+    return Desktop.Refuses(__func__) ? std::vector<ProcessEntry>{} : Desktop.Processes;
 }
 
 bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
-    if (Desktop.bAttachFails) return false;
+    if (Desktop.Refuses(__func__)) return false;
     Desktop.Record((bAttach ? "attach thread " : "detach thread ") + std::to_string(nThread) +
                    (bAttach ? " to " : " from ") + std::to_string(nToThread));
     return true;
@@ -132,7 +137,7 @@ bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
 
 bool SetForeground(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
-    if (pWindow == nullptr) return false;
+    if (pWindow == nullptr || Desktop.Refuses(__func__)) return false;
     Desktop.Record("foreground \"" + ToUtf8(pWindow->strTitle) + "\"");
     Desktop.hForeground = hWindow;
     return true;
@@ -140,7 +145,7 @@ bool SetForeground(WindowHandle hWindow) {
 
 int32_t SystemMetric(Metric nMetric) {
     const auto it = Desktop.Metrics.find(nMetric);
-    return it == Desktop.Metrics.end() ? 0 : it->second;
+    return it == Desktop.Metrics.end() || Desktop.Refuses(__func__) ? 0 : it->second;
 }
 
 int32_t ScreenDpiX() {
@@ -152,6 +157,8 @@ int32_t ScreenDpiY() {
 }
 
 bool CreateMeasureContext(const LogicalFont& Font) {
+    DeleteMeasureContext();
+    if (Desktop.Refuses(__func__)) return false;
     Desktop.MeasureFont = Font;
     Desktop.bMeasuring = true;
     ++Desktop.nMeasureContexts;
@@ -164,7 +171,7 @@ bool HasMeasureContext() {
 
 // A plain model of a proportional font: each character half as wide as the font is high.
 TextSize MeasureInContext(const std::wstring& strText) {
-    if (!Desktop.bMeasuring) return {};
+    if (!Desktop.bMeasuring || Desktop.Refuses(__func__)) return {};
     const int32_t nHeight = std::abs(Desktop.MeasureFont.nHeight);
     const auto nCharacters = static_cast<int32_t>(strText.size());
     return {.nWidth = nCharacters * ((nHeight + 1) / 2), .nHeight = nHeight};
@@ -177,23 +184,26 @@ void DeleteMeasureContext() {
 bool CreateAutomationObject(const std::wstring& strProgId, AutomationObject& Object) {
     Object.reset();
     const auto it = Desktop.Classes.find(strProgId);
-    if (it == Desktop.Classes.end()) return false;
+    if (it == Desktop.Classes.end() || Desktop.Refuses(__func__, strProgId)) return false;
     Object = it->second();
     return Object != nullptr;
 }
 
 bool CallMethod(const AutomationObject& Object, const std::wstring& strMethod,
                 std::span<AutomationArgument> Arguments, AutomationValue& Result) {
+    if (Desktop.Refuses(__func__, strMethod)) return false;
     return headless::UseMember(Object, headless::MemberUse::Method, strMethod, Arguments, Result);
 }
 
 bool GetProperty(const AutomationObject& Object, const std::wstring& strProperty,
                  std::span<AutomationArgument> Arguments, AutomationValue& Result) {
+    if (Desktop.Refuses(__func__, strProperty)) return false;
     return headless::UseMember(Object, headless::MemberUse::Get, strProperty, Arguments, Result);
 }
 
 bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty,
                  const AutomationValue& Value) {
+    if (Desktop.Refuses(__func__, strProperty)) return false;
     AutomationArgument Argument{.Value = Value};
     AutomationValue Ignored;
     return headless::UseMember(Object, headless::MemberUse::Put, strProperty, {&Argument, 1},

@@ -50,6 +50,7 @@ bool VisitBelow(const ChildLists& Lists, WindowHandle hParent,
 }  // namespace
 
 WindowHandle FindWindowByTitle(const std::wstring& strTitle) {
+    if (Desktop.Refuses(__func__)) return 0;
     for (const VirtualWindow& Window : Desktop.Windows) {
         if (Window.hParent != 0 || Window.bGone) continue;
         if (ToLower(Window.strTitle) == ToLower(strTitle)) return Window.hWindow;
@@ -59,11 +60,12 @@ WindowHandle FindWindowByTitle(const std::wstring& strTitle) {
 
 std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength) {
     const VirtualWindow* pWindow = FindLiving(hWindow);
-    if (pWindow == nullptr) return L"";
+    if (pWindow == nullptr || Desktop.Refuses(__func__)) return L"";
     return pWindow->strTitle.substr(0, static_cast<size_t>(nBufferLength) - 1);
 }
 
 bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
+    if (Desktop.Refuses(__func__)) return false;
     const std::string strAfter =
         Position.hInsertAfter == INSERT_TOPMOST ? "topmost" : NameOf(Position.hInsertAfter);
     Desktop.Record("SetWindowPos " + NameOf(hWindow) + " " + strAfter + " at (" +
@@ -81,13 +83,13 @@ bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
 // The inner area of these windows begins at their corner.
 bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     ScreenRect Rect;
-    if (!WindowRect(hWindow, Rect)) return false;
+    if (!WindowRect(hWindow, Rect) || Desktop.Refuses(__func__)) return false;
     Point = {.nX = Point.nX - Rect.nLeft, .nY = Point.nY - Rect.nTop};
     return true;
 }
 
 RegionHandle CreateRectRegion(const ScreenRect& Rect) {
-    if (Desktop.bRegionFails) return 0;
+    if (Desktop.Refuses(__func__)) return 0;
     Desktop.Regions.push_back(Rect);
     return Desktop.Regions.size();
 }
@@ -98,6 +100,7 @@ void DeleteRegion(RegionHandle hRegion) {
 
 bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect, RegionHandle hRegion,
                       uint32_t nFlags) {
+    if (Desktop.Refuses(__func__)) return false;
     const std::string strRegion = hRegion == 0 ? "none" : TextOf(Desktop.Regions.at(hRegion - 1));
     Desktop.Record("RedrawWindow " + NameOf(hWindow) + " " + TextOf(Rect) + " region " + strRegion +
                    " flags " + std::to_string(nFlags));
@@ -107,12 +110,13 @@ bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect, RegionHandle
 bool AccessibleChildCount(WindowHandle hWindow, int32_t& nCount) {
     const VirtualWindow* pWindow = FindLiving(hWindow);
     if (pWindow == nullptr || pWindow->nAccessibleChildren < 0) return false;
+    if (Desktop.Refuses(__func__)) return false;
     nCount = pWindow->nAccessibleChildren;
     return true;
 }
 
 void VisitChildWindows(WindowHandle hParent, const std::function<bool(WindowHandle)>& Visit) {
-    if (FindLiving(hParent) == nullptr) return;
+    if (FindLiving(hParent) == nullptr || Desktop.Refuses(__func__)) return;
     ChildLists Lists;
     for (const VirtualWindow& Window : Desktop.Windows)
         Lists[Window.hParent].push_back(Window.hWindow);

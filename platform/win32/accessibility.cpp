@@ -5,6 +5,7 @@
 
 #include <oleacc.h>
 
+#include "platform/win32/failure.h"
 #include "platform/win32/numbers.h"
 #include "platform/window_handling.h"
 #include "win32/com/owners.h"
@@ -17,7 +18,8 @@ using ObjectOfWindow = decltype(&AccessibleObjectFromWindow);
 
 ObjectOfWindow FindObjectOfWindow() {
     const HMODULE hLibrary =
-        LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);  // stays loaded
+        win32::OrReport(LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32),
+                        "LoadLibrary(oleacc)");  // stays loaded
     if (hLibrary == nullptr) return nullptr;
     return reinterpret_cast<ObjectOfWindow>(
         reinterpret_cast<void*>(GetProcAddress(hLibrary, "AccessibleObjectFromWindow")));

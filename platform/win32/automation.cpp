@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/failure.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/variant.h"
 
 namespace taviro::platform {
@@ -31,7 +33,11 @@ struct ExceptionInfo {
 bool FindMember(IDispatch& Dispatch, const std::wstring& strMember, DISPID& nMember) {
     std::wstring strName = strMember;  // the call takes no pointer to constants
     LPOLESTR pName = strName.data();
-    return SUCCEEDED(Dispatch.GetIDsOfNames(IID_NULL, &pName, 1, LOCALE_USER_DEFAULT, &nMember));
+    const HRESULT nFound =
+        Dispatch.GetIDsOfNames(IID_NULL, &pName, 1, LOCALE_USER_DEFAULT, &nMember);
+    // That an object has no such member, or none to be called by name, is an answer.
+    if (nFound == DISP_E_UNKNOWNNAME || nFound == E_NOTIMPL) return false;
+    return win32::SucceededOrReport(nFound, "IDispatch::GetIDsOfNames");
 }
 
 /// The arguments of one call, in the reverse order that the system wants.
@@ -83,13 +89,18 @@ bool Invoke(const AutomationObject& Object, const std::wstring& strMember, WORD 
     DISPID nMember = DISPID_UNKNOWN;
     if (!Alive || !FindMember(*Alive->Dispatch, strMember, nMember)) return false;
     ArgumentList List(Arguments.size());
-    if (!List.Fill(Arguments)) return false;
+    if (!List.Fill(Arguments)) {
+        ReportFailure("SysAllocString", CODE_OUT_OF_MEMORY);
+        return false;
+    }
     DISPPARAMS Parameters = List.Parameters();
     Variant Returned;
     ExceptionInfo Exception;
     UINT nWrongArgument = 0;
-    if (FAILED(Alive->Dispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT, nKind, &Parameters,
-                                       Returned.Get(), &Exception.System, &nWrongArgument))) {
+    if (!win32::SucceededOrReport(
+            Alive->Dispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT, nKind, &Parameters,
+                                    Returned.Get(), &Exception.System, &nWrongArgument),
+            "IDispatch::Invoke")) {
         return false;
     }
     List.StoreBack(Arguments);
@@ -102,10 +113,12 @@ bool Invoke(const AutomationObject& Object, const std::wstring& strMember, WORD 
 bool CreateAutomationObject(const std::wstring& strProgId, AutomationObject& Object) {
     Object.reset();
     CLSID ClassId{};
-    if (FAILED(CLSIDFromProgID(strProgId.c_str(), &ClassId))) return false;
+    if (FAILED(CLSIDFromProgID(strProgId.c_str(), &ClassId))) return false;  // not installed
     void* pCreated = nullptr;
-    if (FAILED(CoCreateInstance(ClassId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                IID_IDispatch, &pCreated)) ||
+    if (!win32::SucceededOrReport(
+            CoCreateInstance(ClassId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                             IID_IDispatch, &pCreated),
+            "CoCreateInstance") ||
         pCreated == nullptr) {
         return false;
     }
@@ -141,10 +154,11 @@ bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty
     const bool bObject = std::holds_alternative<AutomationObject>(Value);
     ExceptionInfo Exception;
     UINT nWrongArgument = 0;
-    return SUCCEEDED(
+    return win32::SucceededOrReport(
         Alive->Dispatch->Invoke(nMember, IID_NULL, LOCALE_USER_DEFAULT,
                                 bObject ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT,
-                                &Parameters, nullptr, &Exception.System, &nWrongArgument));
+                                &Parameters, nullptr, &Exception.System, &nWrongArgument),
+        "IDispatch::Invoke(put)");
 }
 
 }  // namespace taviro::platform

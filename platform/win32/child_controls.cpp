@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "platform/failure.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/screen.h"
 #include "platform/win32/window_text.h"
 
@@ -18,8 +21,9 @@ WNDPROC pSystemListProcedure = nullptr;
 
 HWND MakeChild(HWND hParent, const wchar_t* pClass, DWORD nStyle, int nId) {
     const auto hId = reinterpret_cast<HMENU>(static_cast<INT_PTR>(nId));  // a child's number
-    return CreateWindowExW(WS_EX_CLIENTEDGE, pClass, L"", WS_CHILD | nStyle, 0, 0, 0, 0, hParent,
-                           hId, GetModuleHandleW(nullptr), nullptr);
+    return OrReport(CreateWindowExW(WS_EX_CLIENTEDGE, pClass, L"", WS_CHILD | nStyle, 0, 0, 0, 0,
+                                    hParent, hId, GetModuleHandleW(nullptr), nullptr),
+                    "CreateWindowEx(child)");
 }
 
 /// Selects the clicked entry without taking the focus, which the system's own procedure would do.
@@ -67,10 +71,11 @@ void ChildControls::Push(const forms::Control& Changed) {
 void ChildControls::PushFrame(HWND hChild, const forms::Control& Changed) const {
     const UINT nShow = Changed.Visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
     // A refused move leaves the control where it was; its content is still right.
-    static_cast<void>(SetWindowPos(hChild, HWND_TOP, Changed.Left, Changed.Top, Changed.Width,
-                                   Changed.Height, SWP_NOACTIVATE | nShow));
+    OrReport(SetWindowPos(hChild, HWND_TOP, Changed.Left, Changed.Top, Changed.Width,
+                          Changed.Height, SWP_NOACTIVATE | nShow),
+             "SetWindowPos(child)");
     const BOOL bEnabled = Changed.Enabled ? TRUE : FALSE;
-    static_cast<void>(EnableWindow(hChild, bEnabled));  // returns the earlier state
+    Unneeded(EnableWindow(hChild, bEnabled));  // returns the earlier state
 }
 
 void ChildControls::PushList() {
@@ -83,7 +88,9 @@ void ChildControls::PushList() {
     }
     for (size_t i = m_ShownItems.size(); i < Items.size(); ++i) {
         // An entry that the control has no memory for is missing at the end, nothing else shifts.
-        SendMessageW(m_hList, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Items[i].c_str()));
+        const LRESULT nAdded =
+            SendMessageW(m_hList, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Items[i].c_str()));
+        if (nAdded < 0) ReportFailure("entry of the choice list", CODE_OUT_OF_MEMORY);
     }
     m_ShownItems = Items;
     const int32_t nSelected = m_Form.List1.ListIndex;
@@ -96,7 +103,7 @@ void ChildControls::PushList() {
 void ChildControls::PushText() const {
     // Writing notifies us, and we find the model's text unchanged then: no endless circle.
     if (WindowText(m_hEdit) == m_Form.txtCmd.Text.Get()) return;
-    static_cast<void>(SetWindowTextW(m_hEdit, m_Form.txtCmd.Text.Get().c_str()));
+    OrReport(SetWindowTextW(m_hEdit, m_Form.txtCmd.Text.Get().c_str()), "SetWindowText(txtCmd)");
 }
 
 void ChildControls::OnNotification(HWND hChild, WORD nCode) {

@@ -5,6 +5,8 @@
 
 #include <iterator>
 
+#include "platform/win32/failure.h"
+
 namespace taviro::platform {
 
 namespace {
@@ -46,11 +48,15 @@ std::wstring DateTimeText() {
     GetLocalTime(&Now);
     wchar_t strDate[80] = {};
     wchar_t strTime[80] = {};
-    const int nDate = GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &Now, nullptr,
-                                      strDate, static_cast<int>(std::size(strDate)), nullptr);
-    const int nTime = GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &Now, nullptr, strTime,
-                                      static_cast<int>(std::size(strTime)));
-    if (nDate == 0 || nTime == 0) return TimeOfDayText();  // a broken format of the user's
+    const bool bDate = win32::OrReport(
+        GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &Now, nullptr, strDate,
+                        static_cast<int>(std::size(strDate)), nullptr) != 0,
+        "GetDateFormatEx");
+    const bool bTime =
+        win32::OrReport(GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &Now, nullptr, strTime,
+                                        static_cast<int>(std::size(strTime))) != 0,
+                        "GetTimeFormatEx");
+    if (!bDate || !bTime) return TimeOfDayText();  // a broken format of the user's
     return std::wstring(strDate) + L" " + strTime;
 }
 

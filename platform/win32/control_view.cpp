@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "platform/failure.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/window_text.h"
 
 namespace taviro::platform::win32 {
@@ -38,10 +41,12 @@ void PushItems(HWND hList, const forms::ListBox& List) {
     SendMessageW(hList, Messages.nReset, 0, 0);
     for (const std::wstring& strItem : List.Items.Get()) {
         // An entry that the control has no memory for is missing at the end, nothing else shifts.
-        SendMessageW(hList, Messages.nAdd, 0, reinterpret_cast<LPARAM>(strItem.c_str()));
+        const LRESULT nAdded =
+            SendMessageW(hList, Messages.nAdd, 0, reinterpret_cast<LPARAM>(strItem.c_str()));
+        if (nAdded < 0) ReportFailure("entry of a list", CODE_OUT_OF_MEMORY);
     }
     SendMessageW(hList, WM_SETREDRAW, TRUE, 0);
-    static_cast<void>(InvalidateRect(hList, nullptr, TRUE));
+    OrReport(InvalidateRect(hList, nullptr, TRUE), "InvalidateRect(list)");
     PushSelection(hList, List);
 }
 
@@ -52,13 +57,14 @@ void PushText(HWND hEdit, const std::wstring& strText) {
     DWORD nTo = 0;
     SendMessageW(hEdit, EM_GETSEL, reinterpret_cast<WPARAM>(&nFrom),
                  reinterpret_cast<LPARAM>(&nTo));
-    static_cast<void>(SetWindowTextW(hEdit, strText.c_str()));
+    OrReport(SetWindowTextW(hEdit, strText.c_str()), "SetWindowText(text box)");
     SendMessageW(hEdit, EM_SETSEL, nTo,
                  static_cast<LPARAM>(nTo));  // the caret stays where the user types
 }
 
 void PushCaption(HWND hControl, const std::wstring& strCaption) {
-    if (!strCaption.empty()) static_cast<void>(SetWindowTextW(hControl, strCaption.c_str()));
+    if (strCaption.empty()) return;
+    OrReport(SetWindowTextW(hControl, strCaption.c_str()), "SetWindowText(control)");
 }
 
 void PushBar(HWND hBar, const forms::ScrollBar& Bar) {
@@ -75,7 +81,7 @@ void PushBar(HWND hBar, const forms::ScrollBar& Bar) {
 void PushGroup(HWND hDialog, const forms::OptionGroup& Group) {
     for (int i = 0; i < Group.nItems; ++i) {
         const UINT nCheck = i == Group.Selected ? BST_CHECKED : BST_UNCHECKED;
-        static_cast<void>(CheckDlgButton(hDialog, Group.nId + i, nCheck));
+        OrReport(CheckDlgButton(hDialog, Group.nId + i, nCheck), "CheckDlgButton(option)");
     }
     // Taking a mark away takes the option out of Tab's way too; without any mark the group would be
     // out of the keyboard's reach.
@@ -104,13 +110,13 @@ void MoveFocusAway(HWND hDialog, HWND hControl) {
 void PushEnabled(HWND hDialog, const forms::Control& Changed) {
     ForWindows(hDialog, Changed, [&](HWND hControl) {
         if (!Changed.Enabled) MoveFocusAway(hDialog, hControl);
-        static_cast<void>(EnableWindow(hControl, Changed.Enabled ? TRUE : FALSE));
+        Unneeded(EnableWindow(hControl, Changed.Enabled ? TRUE : FALSE));
     });
 }
 
 void PushVisible(HWND hDialog, const forms::Control& Changed) {
     ForWindows(hDialog, Changed, [&](HWND hControl) {
-        static_cast<void>(ShowWindow(hControl, Changed.Visible ? SW_SHOWNA : SW_HIDE));
+        Unneeded(ShowWindow(hControl, Changed.Visible ? SW_SHOWNA : SW_HIDE));
     });
 }
 
@@ -127,8 +133,8 @@ void PushContent(HWND hDialog, const forms::Control& Changed, bool bItems) {
     } else if (const auto* pBox = dynamic_cast<const forms::TextBox*>(&Changed)) {
         PushText(hControl, pBox->Text);
     } else if (const auto* pCheck = dynamic_cast<const forms::CheckBox*>(&Changed)) {
-        static_cast<void>(
-            CheckDlgButton(hDialog, Changed.nId, pCheck->Value ? BST_CHECKED : BST_UNCHECKED));
+        OrReport(CheckDlgButton(hDialog, Changed.nId, pCheck->Value ? BST_CHECKED : BST_UNCHECKED),
+                 "CheckDlgButton(check box)");
     } else if (const auto* pGroup = dynamic_cast<const forms::OptionGroup*>(&Changed)) {
         PushGroup(hDialog, *pGroup);
     } else if (const auto* pList = dynamic_cast<const forms::ListBox*>(&Changed)) {
@@ -173,7 +179,8 @@ void PushChange(HWND hDialog, const forms::Control& Changed, Aspect nAspect) {
 void PullGeometry(HWND hDialog, forms::Control& Placed) {
     const HWND hControl = GetDlgItem(hDialog, Placed.nId);
     RECT Place{};
-    if (hControl == nullptr || GetWindowRect(hControl, &Place) == FALSE) return;
+    if (hControl == nullptr || !OrReport(GetWindowRect(hControl, &Place), "GetWindowRect(control)"))
+        return;
     MapWindowPoints(nullptr, hDialog, reinterpret_cast<POINT*>(&Place), 2);
     Placed.Left = Place.left;
     Placed.Top = Place.top;
@@ -230,7 +237,9 @@ void OnScroll(HWND hDialog, forms::ScrollBar& Bar, WORD nRequest) {
             nPosition = Bar.nMax;
             break;
         case SB_THUMBPOSITION:  // where the thumb was dropped; on its way it says nothing
-            if (GetScrollInfo(GetDlgItem(hDialog, Bar.nId), SB_CTL, &Info) == FALSE) return;
+            if (!OrReport(GetScrollInfo(GetDlgItem(hDialog, Bar.nId), SB_CTL, &Info),
+                          "GetScrollInfo"))
+                return;
             nPosition = Info.nTrackPos;
             break;
         default:

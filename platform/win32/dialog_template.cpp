@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 
+#include "platform/win32/failure.h"
 #include "platform/win32/screen.h"
 
 namespace taviro::platform::win32 {
@@ -65,7 +66,7 @@ Words WithFont(const Words& Layout, const LOGFONTW& Font) {
 }  // namespace
 
 std::vector<uint32_t> LoadDialogTemplate(const wchar_t* szName) {
-    const HRSRC hFound = FindResourceW(nullptr, szName, RT_DIALOG);
+    const HRSRC hFound = OrReport(FindResourceW(nullptr, szName, RT_DIALOG), "FindResource");
     const HGLOBAL hLoaded = hFound == nullptr ? nullptr : LoadResource(nullptr, hFound);
     const void* pBytes = hLoaded == nullptr ? nullptr : LockResource(hLoaded);
     if (pBytes == nullptr) return {};
@@ -74,7 +75,8 @@ std::vector<uint32_t> LoadDialogTemplate(const wchar_t* szName) {
     NONCLIENTMETRICSW Metrics{};
     Metrics.cbSize = sizeof(Metrics);
     // Without an answer the layout keeps the font that it was drawn with.
-    if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(Metrics), &Metrics, 0) != FALSE) {
+    if (OrReport(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(Metrics), &Metrics, 0),
+                 "SystemParametersInfo(SPI_GETNONCLIENTMETRICS)")) {
         Layout = WithFont(Layout, Metrics.lfMessageFont);
     }
     std::vector<uint32_t> Aligned((Layout.size() + 1) / 2);

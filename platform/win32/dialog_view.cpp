@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/dialog_view.h"
 
+#include "platform/failure.h"
 #include "platform/metrics.h"
+#include "platform/unneeded.h"
 #include "platform/win32/control_view.h"
 #include "platform/win32/dialog_template.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/window_placement.h"
 
 namespace taviro::platform::win32 {
@@ -19,7 +22,7 @@ bool FocusDefaultButton(HWND hDialog) {
     const bool bReadOnly = (GetWindowLongPtrW(hFirst, GWL_STYLE) & ES_READONLY) != 0;
     if ((nKind & DLGC_HASSETSEL) == 0 || !bReadOnly || HIWORD(nDefault) != DC_HASDEFID)
         return false;
-    static_cast<void>(SetFocus(GetDlgItem(hDialog, LOWORD(nDefault))));  // had no focus before
+    Unneeded(SetFocus(GetDlgItem(hDialog, LOWORD(nDefault))));  // had no focus before
     return true;
 }
 
@@ -34,12 +37,11 @@ bool DialogView::Create(HWND hOwner) {
     const HWND hMade = CreateDialogIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<LPCDLGTEMPLATEW>(Layout.data()), hOwner,
         OnMessage, reinterpret_cast<LPARAM>(this));
-    return hMade != nullptr;
+    return OrReport(hMade, "CreateDialogIndirectParam") != nullptr;
 }
 
 void DialogView::Destroy() {
-    // Refused only when the window is gone already.
-    if (m_hWindow != nullptr) static_cast<void>(DestroyWindow(m_hWindow));
+    if (m_hWindow != nullptr) OrReport(DestroyWindow(m_hWindow), "DestroyWindow(dialog)");
 }
 
 void DialogView::Push(forms::Control& Changed, forms::Aspect nAspect) {
@@ -53,18 +55,19 @@ void DialogView::Push(forms::Control& Changed, forms::Aspect nAspect) {
 void DialogView::PushFrame(forms::Aspect nAspect) const {
     if (m_hWindow == nullptr) return;
     if (nAspect == forms::Aspect::Text && !m_Form.Caption.Get().empty()) {
-        static_cast<void>(SetWindowTextW(m_hWindow, m_Form.Caption.Get().c_str()));
+        OrReport(SetWindowTextW(m_hWindow, m_Form.Caption.Get().c_str()), "SetWindowText(dialog)");
     }
     if (nAspect != forms::Aspect::Geometry) return;
     RECT Place{};
-    if (GetWindowRect(m_hWindow, &Place) == FALSE) return;
+    if (!OrReport(GetWindowRect(m_hWindow, &Place), "GetWindowRect(dialog)")) return;
     const int32_t nHeight = m_Form.Height / TwipsPerPixelY();
     if (nHeight > 0) Place.bottom = Place.top + nHeight;
     const bool bPlaced = m_Form.Left != forms::UNPLACED && m_Form.Top != forms::UNPLACED;
     const UINT nMove = bPlaced ? 0 : SWP_NOMOVE;
-    static_cast<void>(SetWindowPos(
-        m_hWindow, nullptr, m_Form.Left / TwipsPerPixelX(), m_Form.Top / TwipsPerPixelY(),
-        Place.right - Place.left, Place.bottom - Place.top, nMove | SWP_NOZORDER | SWP_NOACTIVATE));
+    OrReport(SetWindowPos(m_hWindow, nullptr, m_Form.Left / TwipsPerPixelX(),
+                          m_Form.Top / TwipsPerPixelY(), Place.right - Place.left,
+                          Place.bottom - Place.top, nMove | SWP_NOZORDER | SWP_NOACTIVATE),
+             "SetWindowPos(dialog)");
 }
 
 void DialogView::OnInit() {
@@ -141,7 +144,7 @@ INT_PTR CALLBACK DialogView::OnMessage(HWND hDialog, UINT nMessage, WPARAM wPara
         if (nMessage == WM_INITDIALOG) {
             auto* pView = reinterpret_cast<DialogView*>(lParam);
             pView->m_hWindow = hDialog;
-            static_cast<void>(SetWindowLongPtrW(hDialog, DWLP_USER, lParam));  // was 0
+            Unneeded(SetWindowLongPtrW(hDialog, DWLP_USER, lParam));  // was 0
             pView->OnInit();
             return FocusDefaultButton(hDialog) ? FALSE : TRUE;
         }
@@ -149,6 +152,7 @@ INT_PTR CALLBACK DialogView::OnMessage(HWND hDialog, UINT nMessage, WPARAM wPara
         if (pView == nullptr || pView->m_hWindow != hDialog) return FALSE;
         return pView->Handle(nMessage, wParam, lParam) ? TRUE : FALSE;
     } catch (...) {
+        ReportException("message of a dialog");
         return FALSE;  // one step of the program failed; the dialog goes on
     }
 }

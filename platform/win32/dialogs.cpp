@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "platform/main_window.h"
+#include "platform/unneeded.h"
 #include "platform/win32/dialog_view.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/numbers.h"
 
@@ -49,7 +51,7 @@ void HoldOthers(const DialogView& View) {
     ModalDialog Holding{.pView = &View, .Disabled = {}};
     const auto Hold = [&](HWND hWindow) {
         if (hWindow == nullptr || hWindow == View.Window() || !IsWindowEnabled(hWindow)) return;
-        static_cast<void>(EnableWindow(hWindow, FALSE));  // returns the earlier state
+        Unneeded(EnableWindow(hWindow, FALSE));  // returns the earlier state
         Holding.Disabled.push_back(hWindow);
     };
     Hold(MainWindow());
@@ -64,7 +66,7 @@ void FreeOthers(const DialogView& View) {
                                  [&](const ModalDialog& Entry) { return Entry.pView == &View; });
     if (it == Dialogs.Modal.end()) return;
     for (HWND hWindow : it->Disabled)
-        static_cast<void>(EnableWindow(hWindow, TRUE));  // fails when it is gone: nothing to free
+        Unneeded(EnableWindow(hWindow, TRUE));  // fails when it is gone: nothing to free
     Dialogs.Modal.erase(it);
 }
 
@@ -76,7 +78,7 @@ void ReturnFocus() {
     if (bAnyShown || Dialogs.hDriven == nullptr) return;
     const HWND hFront = GetForegroundWindow();
     if (hFront == nullptr || IsOurs(hFront)) {
-        static_cast<void>(SetForegroundWindow(Dialogs.hDriven));  // it may have closed meanwhile
+        Unneeded(SetForegroundWindow(Dialogs.hDriven));  // it may have closed meanwhile
     }
     Dialogs.hDriven = nullptr;
 }
@@ -89,15 +91,15 @@ void Show(DialogView& View) {
         return;
     }
     if (View.Model().IsModal()) HoldOthers(View);
-    static_cast<void>(ShowWindow(View.Window(), SW_SHOW));  // the earlier state
-    static_cast<void>(SetForegroundWindow(View.Window()));  // refused: a click brings it up
+    Unneeded(ShowWindow(View.Window(), SW_SHOW));  // the earlier state
+    Unneeded(SetForegroundWindow(View.Window()));  // refused: a click brings it up
 }
 
 void Hide(DialogView& View) {
     FreeOthers(View);
     const bool bHadFocus = View.Window() != nullptr && GetForegroundWindow() == View.Window();
     if (View.Model().IsLoaded()) {
-        static_cast<void>(ShowWindow(View.Window(), SW_HIDE));
+        Unneeded(ShowWindow(View.Window(), SW_HIDE));
     } else {
         View.Destroy();
     }
@@ -134,8 +136,9 @@ void DetachDialogs() {
 
 void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) {
     // The answer can only be OK.
-    static_cast<void>(MessageBoxW(OwnerOfNext(), strText.c_str(), strTitle.c_str(),
-                                  MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND));
+    win32::OrReport(MessageBoxW(OwnerOfNext(), strText.c_str(), strTitle.c_str(),
+                                MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND) != 0,
+                    "MessageBox");
 }
 
 }  // namespace taviro::platform

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "platform/failure.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/numbers.h"
 
 namespace taviro::platform {
@@ -34,6 +36,7 @@ LRESULT CALLBACK OnKeyEvent(int nCode, WPARAM wParam, LPARAM lParam) noexcept {
     try {
         nResult = Hook.pProcedure(nCode, wParam, ToRecord(lParam));
     } catch (...) {
+        ReportException("keyboard hook");
         nResult = CallNextHookEx(nullptr, nCode, wParam, lParam);  // the key is not lost
     }
     Hook.nEvent = nOuterEvent;
@@ -48,11 +51,13 @@ HHOOK ToHook(uintptr_t hHook) {
 
 uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure) {
     Hook.pProcedure = pProcedure;
-    return win32::ToNumber(SetWindowsHookExW(nHookType, OnKeyEvent, GetModuleHandleW(nullptr), 0));
+    return win32::ToNumber(
+        win32::OrReport(SetWindowsHookExW(nHookType, OnKeyEvent, GetModuleHandleW(nullptr), 0),
+                        "SetWindowsHookEx"));
 }
 
 bool RemoveHook(uintptr_t hHook) {
-    return UnhookWindowsHookEx(ToHook(hHook)) != FALSE;
+    return win32::OrReport(UnhookWindowsHookEx(ToHook(hHook)), "UnhookWindowsHookEx");
 }
 
 intptr_t CallNextHook(uintptr_t hHook, int32_t nCode, uintptr_t wParam,

@@ -8,6 +8,8 @@
 
 #include "platform/main_window.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/numbers.h"
 
 namespace taviro::platform {
@@ -50,7 +52,7 @@ int16_t FindKeyOfSmallLetter(wchar_t nLetter) {
     constexpr UINT FIRST_VK = 8;
     constexpr UINT LAST_VK = 254;
     wchar_t nUpper = nLetter;
-    static_cast<void>(CharUpperBuffW(&nUpper, 1));  // one character, always
+    Unneeded(CharUpperBuffW(&nUpper, 1));  // one character, always
     if (nUpper == nLetter) return NO_KEY;
     for (UINT nVk = FIRST_VK; nVk <= LAST_VK; ++nVk) {
         const UINT nCharacter = MapVirtualKeyW(nVk, MAPVK_VK_TO_CHAR);
@@ -68,7 +70,9 @@ uint32_t SendInputRecords(std::span<const InputRecord> Records) {
         Inputs.push_back(std::visit([](const auto& Kind) { return ToInput(Kind); }, Record));
     }
     if (Inputs.empty()) return 0;
-    return SendInput(static_cast<UINT>(Inputs.size()), Inputs.data(), sizeof(INPUT));
+    const UINT nTaken = SendInput(static_cast<UINT>(Inputs.size()), Inputs.data(), sizeof(INPUT));
+    win32::OrReport(nTaken == Inputs.size(), "SendInput");
+    return nTaken;
 }
 
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {

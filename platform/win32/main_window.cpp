@@ -6,8 +6,11 @@
 #include <array>
 #include <memory>
 
+#include "platform/failure.h"
 #include "platform/messages.h"
+#include "platform/unneeded.h"
 #include "platform/win32/child_controls.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/map_painter.h"
 #include "platform/win32/menu_view.h"
 #include "platform/win32/numbers.h"
@@ -20,6 +23,7 @@ namespace taviro::platform {
 namespace {
 
 using forms::Aspect;
+using win32::OrReport;
 
 constexpr const wchar_t* CLASS_NAME = L"TaviroMain";
 constexpr DWORD STYLE =
@@ -72,7 +76,9 @@ void FitNow() {
 void FitSoon() {
     if (View->bFitPending) return;  // asked for already
     View->bFitPending = true;
-    if (PostMessageW(View->hWindow, MESSAGE_SIZE_CHANGED, 0, 0) == FALSE) FitNow();
+    if (!OrReport(PostMessageW(View->hWindow, MESSAGE_SIZE_CHANGED, 0, 0), "PostMessage(size)")) {
+        FitNow();
+    }
 }
 
 /// The layout, which goes on counting with the new size, sets width and height one after the other:
@@ -94,8 +100,7 @@ bool IsMinimised() {
 /// Without the focus, which belongs to the program that is being driven.
 void ShowInItsState() {
     // Returns the earlier visibility.
-    static_cast<void>(
-        ShowWindow(View->hWindow, IsMinimised() ? SW_SHOWMINNOACTIVE : SW_SHOWNOACTIVATE));
+    Unneeded(ShowWindow(View->hWindow, IsMinimised() ? SW_SHOWMINNOACTIVE : SW_SHOWNOACTIVATE));
 }
 
 /// A hidden window takes its state when it is shown.
@@ -103,9 +108,8 @@ void PushState() {
     if (View->Form.Visible && IsMinimised() != (IsIconic(View->hWindow) != FALSE)) ShowInItsState();
 }
 
-/// Refused only when it is gone already.
 void RemoveWindow() {
-    static_cast<void>(DestroyWindow(View->hWindow));
+    OrReport(DestroyWindow(View->hWindow), "DestroyWindow");
 }
 
 void PushVisibility() {
@@ -116,7 +120,7 @@ void PushVisibility() {
         ShowInItsState();
         return;
     }
-    static_cast<void>(ShowWindow(View->hWindow, SW_HIDE));
+    Unneeded(ShowWindow(View->hWindow, SW_HIDE));
     if (!View->Form.IsLoaded()) RemoveWindow();  // hidden because it is unloaded
 }
 
@@ -127,15 +131,16 @@ void PushFrame(Aspect nAspect) {
     if (nAspect == Aspect::Unloaded) RemoveWindow();
     // A refused title leaves the earlier one.
     if (nAspect == Aspect::Text) {
-        static_cast<void>(SetWindowTextW(View->hWindow, View->Form.Caption.Get().c_str()));
+        OrReport(SetWindowTextW(View->hWindow, View->Form.Caption.Get().c_str()), "SetWindowText");
     }
 }
 
 void RepaintLater(const forms::Label& Changed) {
     if (!View->Painter.Note(Changed)) return;  // asked for already
-    if (PostMessageW(View->hWindow, MESSAGE_LABELS_CHANGED, 0, 0) == FALSE) {
-        static_cast<void>(View->Painter.TakeStale());
-        static_cast<void>(InvalidateRect(View->hWindow, nullptr, FALSE));
+    if (!OrReport(PostMessageW(View->hWindow, MESSAGE_LABELS_CHANGED, 0, 0),
+                  "PostMessage(labels)")) {
+        Unneeded(View->Painter.TakeStale());
+        OrReport(InvalidateRect(View->hWindow, nullptr, FALSE), "InvalidateRect");
     }
 }
 
@@ -148,8 +153,8 @@ void OnShowChange(forms::Control& Changed, Aspect nAspect) {
     }
     if (const auto* pEntry = dynamic_cast<const forms::MenuEntry*>(&Changed)) {
         View->Menu.Push(*pEntry);
-        static_cast<void>(
-            DrawMenuBar(View->hWindow));  // only the bar itself is ever on screen here
+        // Only the bar itself is ever on screen here.
+        OrReport(DrawMenuBar(View->hWindow), "DrawMenuBar");
         return;
     }
     for (win32::TimerView& Timer : View->Timers) {
@@ -163,14 +168,14 @@ void OnShowChange(forms::Control& Changed, Aspect nAspect) {
 void OnPaint() {
     PAINTSTRUCT Paint{};
     const HDC hDc = BeginPaint(View->hWindow, &Paint);
-    if (hDc == nullptr) return;
+    if (OrReport(hDc, "BeginPaint") == nullptr) return;
     View->Painter.Paint(hDc, Paint.rcPaint, View->Form);
-    static_cast<void>(EndPaint(View->hWindow, &Paint));  // always succeeds
+    Unneeded(EndPaint(View->hWindow, &Paint));  // always succeeds
 }
 
 void OnLabelsChanged() {
     for (const RECT& Stale : View->Painter.TakeStale()) {
-        static_cast<void>(InvalidateRect(View->hWindow, &Stale, FALSE));
+        OrReport(InvalidateRect(View->hWindow, &Stale, FALSE), "InvalidateRect");
     }
 }
 
@@ -221,7 +226,7 @@ void OnTimer(WPARAM nId) {
 void OnClose() {
     // Unloading destroys the window. A second request while it runs changes nothing.
     if (View->Form.IsLoaded()) return View->Form.Unload();
-    static_cast<void>(DestroyWindow(View->hWindow));
+    RemoveWindow();
 }
 
 void OnDestroy() {
@@ -241,7 +246,7 @@ bool HandleMouse(UINT nMessage, LPARAM lParam, LRESULT& nResult) {
         case WM_MOUSEACTIVATE:
             nResult = MA_NOACTIVATE;  // the application being driven keeps the focus
             // Menu and title bar take it as in any window. Refused, they work with the mouse.
-            if (!IsPressOnMap(lParam)) static_cast<void>(SetForegroundWindow(View->hWindow));
+            if (!IsPressOnMap(lParam)) Unneeded(SetForegroundWindow(View->hWindow));
             return true;
         case WM_LBUTTONUP:
             OnMouseUp(forms::MouseButton::Left);
@@ -306,6 +311,7 @@ LRESULT CALLBACK OnMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lP
         const bool bOurs = View && hWindow == View->hWindow;
         if (bOurs && HandleMessage(nMessage, wParam, lParam, nResult)) return nResult;
     } catch (...) {
+        ReportException("message of the main window");
         return 0;  // one step of the program failed; the window goes on
     }
     return DefWindowProcW(hWindow, nMessage, wParam, lParam);
@@ -321,17 +327,19 @@ bool RegisterMainClass() {
     if (Class.hIcon == nullptr) Class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     Class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     Class.lpszClassName = CLASS_NAME;
-    return RegisterClassExW(&Class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+    if (RegisterClassExW(&Class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS) return true;
+    return OrReport(false, "RegisterClassEx");
 }
 
 bool MakeWindow() {
     const HMENU hMenu = View->Menu.Build(View->Form.MenuBar);
     if (hMenu == nullptr) return false;
-    View->hWindow =
+    View->hWindow = OrReport(
         CreateWindowExW(EXTENDED_STYLE, CLASS_NAME, View->Form.Caption.Get().c_str(), STYLE, 0, 0,
-                        0, 0, nullptr, hMenu, GetModuleHandleW(nullptr), nullptr);
+                        0, 0, nullptr, hMenu, GetModuleHandleW(nullptr), nullptr),
+        "CreateWindowEx");
     if (View->hWindow == nullptr) {
-        static_cast<void>(DestroyMenu(hMenu));  // no window took it
+        Unneeded(DestroyMenu(hMenu));  // no window took it
         return false;
     }
     return View->Children.Create(View->hWindow);
@@ -359,9 +367,9 @@ void CloseMainWindow() {
     if (!View || View->hWindow == nullptr) return;
     View->bClosing = true;
     View->Form.OnShowChange = nullptr;
-    // Cannot be refused: the window is there and ours. What showed it stays until the next window,
-    // because a handler that closes it is still on its way back through there.
-    static_cast<void>(DestroyWindow(View->hWindow));
+    // What showed it stays until the next window, because a handler that closes it is still on its
+    // way back through there.
+    RemoveWindow();
 }
 
 WindowHandle MainWindowHandle() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/map_painter.h"
 
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/screen.h"
 
 namespace taviro::platform::win32 {
@@ -23,8 +25,8 @@ COLORREF ColourOr(uint32_t nColour, int nSystemColour) {
 
 void Fill(HDC hTarget, const RECT& Area, COLORREF nColour) {
     // The stock brush takes any colour, so nothing is made and deleted for each cell.
-    static_cast<void>(SetDCBrushColor(hTarget, nColour));
-    static_cast<void>(FillRect(hTarget, &Area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH))));
+    Unneeded(SetDCBrushColor(hTarget, nColour));
+    OrReport(FillRect(hTarget, &Area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH))), "FillRect");
 }
 
 }  // namespace
@@ -54,25 +56,27 @@ void MapPainter::Paint(HDC hWindowDc, const RECT& Clip, forms::MainForm& Form) {
     const int nWidth = Clip.right - Clip.left;
     const int nHeight = Clip.bottom - Clip.top;
     if (nWidth <= 0 || nHeight <= 0) return;
-    const UniqueDc hBuffer(CreateCompatibleDC(hWindowDc));
-    const UniqueBitmap hBitmap(CreateCompatibleBitmap(hWindowDc, nWidth, nHeight));
+    const UniqueDc hBuffer(OrReport(CreateCompatibleDC(hWindowDc), "CreateCompatibleDC"));
+    const UniqueBitmap hBitmap(
+        OrReport(CreateCompatibleBitmap(hWindowDc, nWidth, nHeight), "CreateCompatibleBitmap"));
     if (!hBuffer || !hBitmap) {  // short of memory: rather a flicker than an empty window
         PaintAll(hWindowDc, hWindowDc, Clip, Form);
         return;
     }
     const HGDIOBJ hOldBitmap = SelectObject(hBuffer.get(), hBitmap.get());
-    // Drawing results have no taker here: what cannot be drawn now is drawn at the next repaint.
-    static_cast<void>(SetViewportOrgEx(hBuffer.get(), -Clip.left, -Clip.top, nullptr));
+    // What cannot be drawn now is drawn at the next repaint.
+    OrReport(SetViewportOrgEx(hBuffer.get(), -Clip.left, -Clip.top, nullptr), "SetViewportOrgEx");
     PaintAll(hBuffer.get(), hWindowDc, Clip, Form);
-    static_cast<void>(BitBlt(hWindowDc, Clip.left, Clip.top, nWidth, nHeight, hBuffer.get(),
-                             Clip.left, Clip.top, SRCCOPY));
-    static_cast<void>(SelectObject(hBuffer.get(), hOldBitmap));
+    OrReport(BitBlt(hWindowDc, Clip.left, Clip.top, nWidth, nHeight, hBuffer.get(), Clip.left,
+                    Clip.top, SRCCOPY),
+             "BitBlt");
+    Unneeded(SelectObject(hBuffer.get(), hOldBitmap));
 }
 
 void MapPainter::PaintAll(HDC hTarget, HDC hWindowDc, const RECT& Clip, forms::MainForm& Form) {
     Fill(hTarget, Clip, GetSysColor(COLOR_BTNFACE));
     const HGDIOBJ hOldFont = GetCurrentObject(hTarget, OBJ_FONT);
-    static_cast<void>(SetBkMode(hTarget, TRANSPARENT));
+    Unneeded(SetBkMode(hTarget, TRANSPARENT));
     const auto PaintIfStale = [&](const forms::Label& Shown) {
         const RECT Area = RectangleOf(Shown);
         if (IsRectEmpty(&Area) == FALSE && RectVisible(hWindowDc, &Area) != FALSE) {
@@ -83,7 +87,7 @@ void MapPainter::PaintAll(HDC hTarget, HDC hWindowDc, const RECT& Clip, forms::M
         if (const forms::Label* pCell = Form.CellLabel(i)) PaintIfStale(*pCell);
     }
     PaintIfStale(Form.Label1);
-    static_cast<void>(SelectObject(hTarget, hOldFont));
+    Unneeded(SelectObject(hTarget, hOldFont));
 }
 
 void MapPainter::PaintLabel(HDC hTarget, const forms::Label& Shown) {
@@ -91,16 +95,17 @@ void MapPainter::PaintLabel(HDC hTarget, const forms::Label& Shown) {
     Fill(hTarget, Area, ColourOr(Shown.BackColour, COLOR_BTNFACE));
     const std::wstring& strCaption = Shown.Caption;
     if (strCaption.empty()) return;
-    static_cast<void>(SetTextColor(hTarget, ColourOr(Shown.TextColour, COLOR_BTNTEXT)));
-    static_cast<void>(SelectObject(hTarget, FontOf(Shown)));
+    Unneeded(SetTextColor(hTarget, ColourOr(Shown.TextColour, COLOR_BTNTEXT)));
+    Unneeded(SelectObject(hTarget, FontOf(Shown)));
     UINT nFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     if (Shown.TextAlignment == forms::Alignment::Centre) {
         nFormat |= DT_CENTER;
     } else {
         Area.left += LEFT_INSET;
     }
-    static_cast<void>(DrawTextW(hTarget, strCaption.c_str(), static_cast<int>(strCaption.size()),
-                                &Area, nFormat));
+    OrReport(DrawTextW(hTarget, strCaption.c_str(), static_cast<int>(strCaption.size()), &Area,
+                       nFormat) != 0,
+             "DrawText");
 }
 
 HFONT MapPainter::FontOf(const forms::Label& Shown) {

@@ -3,6 +3,9 @@
 
 #include <string>
 
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
+
 namespace taviro::platform::win32 {
 
 namespace {
@@ -11,10 +14,10 @@ constexpr UINT FIRST_COMMAND = 1000;  // above the numbers of child controls
 
 HMENU MenuView::Build(std::span<forms::MenuEntry* const> Bar) {
     m_Places.clear();
-    const HMENU hBar = CreateMenu();
+    const HMENU hBar = OrReport(CreateMenu(), "CreateMenu");
     if (hBar == nullptr) return nullptr;
     if (!Add(hBar, Bar)) {
-        static_cast<void>(DestroyMenu(hBar));  // frees the submenus that it got so far
+        Unneeded(DestroyMenu(hBar));  // frees the submenus that it got so far
         return nullptr;
     }
     return hBar;
@@ -28,12 +31,13 @@ bool MenuView::Add(HMENU hMenu, std::span<forms::MenuEntry* const> Entries) {
         UINT_PTR nItem = nCommand;
         UINT nFlags = MF_STRING;
         if (!pEntry->Entries.empty()) {
-            const HMENU hSubmenu = CreatePopupMenu();
+            const HMENU hSubmenu = OrReport(CreatePopupMenu(), "CreatePopupMenu");
             if (hSubmenu == nullptr) return false;
             nItem = reinterpret_cast<UINT_PTR>(hSubmenu);
             nFlags |= MF_POPUP;
         }
-        if (AppendMenuW(hMenu, nFlags, nItem, strCaption.c_str()) == FALSE) return false;
+        if (!OrReport(AppendMenuW(hMenu, nFlags, nItem, strCaption.c_str()), "AppendMenu"))
+            return false;
         m_Places.push_back({pEntry, hMenu, nPosition, nCommand});
         PushPlace(m_Places.back());
         if ((nFlags & MF_POPUP) != 0 &&
@@ -60,7 +64,7 @@ void MenuView::PushPlace(const Place& Where) {
     if (!Where.pEntry->Enabled) Item.fState |= MFS_GRAYED;
     if (Where.pEntry->Checked) Item.fState |= MFS_CHECKED;
     // A refusal leaves the entry as it looked before; choosing it still does what the model says.
-    static_cast<void>(SetMenuItemInfoW(Where.hMenu, Where.nPosition, TRUE, &Item));
+    OrReport(SetMenuItemInfoW(Where.hMenu, Where.nPosition, TRUE, &Item), "SetMenuItemInfo");
 }
 
 forms::MenuEntry* MenuView::EntryOf(WORD nCommand) const {

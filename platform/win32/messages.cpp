@@ -6,6 +6,8 @@
 #include <cstdlib>
 
 #include "platform/main_window.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/numbers.h"
 
@@ -51,8 +53,8 @@ bool IsForDialog(MSG& Message) {
 void Dispatch(MSG& Message) {
     const DispatchMark Mark(Message.hwnd);
     if (IsForDialog(Message)) return;
-    static_cast<void>(TranslateMessage(&Message));  // tells only whether it was a key
-    static_cast<void>(DispatchMessageW(&Message));  // the receiver's result has no taker
+    Unneeded(TranslateMessage(&Message));  // tells only whether it was a key
+    Unneeded(DispatchMessageW(&Message));  // the receiver's result has no taker
 }
 
 }  // namespace
@@ -83,6 +85,7 @@ void win32::RunMessagesWhile(const std::function<bool()>& Condition) {
     while (Condition()) {
         const BOOL nResult = GetMessageW(&Message, nullptr, 0, 0);
         if (nResult == 0) PostQuitMessage(static_cast<int>(Message.wParam));  // the outer loop's
+        win32::OrReport(nResult >= 0, "GetMessage");
         if (nResult <= 0) return;
         Dispatch(Message);
     }
@@ -93,7 +96,7 @@ int RunMessageLoop() {
     while (true) {
         const BOOL nResult = GetMessageW(&Message, nullptr, 0, 0);
         if (nResult == 0) return static_cast<int>(Message.wParam);
-        if (nResult < 0) return EXIT_FAILURE;
+        if (!win32::OrReport(nResult > 0, "GetMessage")) return EXIT_FAILURE;
         Dispatch(Message);
     }
 }

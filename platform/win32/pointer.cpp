@@ -3,29 +3,35 @@
 
 #include <windows.h>
 
+#include "platform/win32/failure.h"
+
 namespace taviro::platform {
 
 bool GetPointer(ScreenPoint& Point) {
     POINT System{};
-    if (GetCursorPos(&System) == FALSE) return false;
+    if (!win32::OrReport(GetCursorPos(&System), "GetCursorPos")) return false;
     Point = {.nX = System.x, .nY = System.y};
     return true;
 }
 
 bool SetPointer(ScreenPoint Point) {
-    return SetCursorPos(Point.nX, Point.nY) != FALSE;
+    return win32::OrReport(SetCursorPos(Point.nX, Point.nY), "SetCursorPos");
 }
 
 bool GetMouseAcceleration(std::array<int32_t, 3>& Triple) {
     std::array<int32_t, 3> System{};
-    if (SystemParametersInfoA(SPI_GETMOUSE, 0, System.data(), 0) == FALSE) return false;
+    if (!win32::OrReport(SystemParametersInfoA(SPI_GETMOUSE, 0, System.data(), 0),
+                         "SystemParametersInfo(SPI_GETMOUSE)")) {
+        return false;
+    }
     Triple = System;
     return true;
 }
 
 bool SetMouseAcceleration(const std::array<int32_t, 3>& Triple) {
     std::array<int32_t, 3> System = Triple;  // the call takes no pointer to constants
-    return SystemParametersInfoA(SPI_SETMOUSE, 0, System.data(), 0) != FALSE;
+    return win32::OrReport(SystemParametersInfoA(SPI_SETMOUSE, 0, System.data(), 0),
+                           "SystemParametersInfo(SPI_SETMOUSE)");
 }
 
 }  // namespace taviro::platform

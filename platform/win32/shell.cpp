@@ -8,6 +8,8 @@
 #include <shlobj.h>
 #include <utility>
 
+#include "platform/failure.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/numbers.h"
 #include "win32/com/program_path.h"
@@ -19,6 +21,8 @@ win32::UniqueHandle hSingleInstance;  // the claim, held until the program ends
 
 // No file has a longer name, quotes included; some shells copy one into a buffer without a check.
 constexpr size_t LONGEST_FILE_NAME = MAX_PATH + 2;
+
+constexpr intptr_t LAST_SHELL_FAILURE = 32;  // above it the shell's number means success
 }  // namespace
 
 /// The shell's own record stands at the address; this type never exists by itself.
@@ -29,6 +33,7 @@ struct ItemIdList {
 uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*& pList) {
     PIDLIST_ABSOLUTE pFound = nullptr;
     const HRESULT nResult = SHGetSpecialFolderLocation(win32::ToHwnd(hOwner), nFolderId, &pFound);
+    win32::SucceededOrReport(nResult, "SHGetSpecialFolderLocation");
     if (nResult == S_OK) pList = reinterpret_cast<ItemIdList*>(pFound);
     return static_cast<uint32_t>(nResult);
 }
@@ -36,7 +41,9 @@ uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*&
 bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
     if (pList == nullptr || Buffer.size() < MAX_PATH) return false;
     // The wide call: the user's name in the path may hold letters that the code page lacks.
-    return SHGetPathFromIDListW(reinterpret_cast<PCIDLIST_ABSOLUTE>(pList), Buffer.data()) != FALSE;
+    return win32::OrReport(
+        SHGetPathFromIDListW(reinterpret_cast<PCIDLIST_ABSOLUTE>(pList), Buffer.data()),
+        "SHGetPathFromIDList");
 }
 
 intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
@@ -45,7 +52,11 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
     if (strFile.empty() || strFile.size() > LONGEST_FILE_NAME) return SE_ERR_FNF;
     const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strFile.c_str(),
                                             strParameters.c_str(), L"", nShowCommand);
-    return reinterpret_cast<intptr_t>(hResult);
+    const auto nResult = reinterpret_cast<intptr_t>(hResult);
+    if (nResult <= LAST_SHELL_FAILURE) {
+        ReportFailure("ShellExecute", static_cast<uint32_t>(nResult));
+    }
+    return nResult;
 }
 
 std::wstring ProgramFolder() {
@@ -61,6 +72,7 @@ bool ClaimSingleInstance() {
     // An instance with higher rights holds it out of reach. Any other refusal of the mutex must not
     // keep the user from the program.
     if (!hMutex && nError == ERROR_ACCESS_DENIED) return false;
+    if (!hMutex) ReportFailure("CreateMutex", nError);
     hSingleInstance = std::move(hMutex);
     return true;
 }

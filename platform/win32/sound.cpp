@@ -6,6 +6,9 @@
 #include <mmsystem.h>
 #include <optional>
 
+#include "platform/failure.h"
+#include "platform/win32/failure.h"
+
 namespace taviro::platform {
 
 namespace {
@@ -31,7 +34,7 @@ std::optional<std::string> ExactCodePageText(const std::wstring& strText) {
 
 std::wstring ShortPath(const std::wstring& strPath) {
     const DWORD nLength = GetShortPathNameW(strPath.c_str(), nullptr, 0);
-    if (nLength == 0) return {};
+    if (!win32::OrReport(nLength != 0, "GetShortPathName")) return {};
     std::wstring strShort(nLength, L'\0');
     const DWORD nWritten = GetShortPathNameW(strPath.c_str(), strShort.data(), nLength);
     strShort.resize(nWritten < nLength ? nWritten : 0);
@@ -47,12 +50,16 @@ bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
         if (strShort.empty()) return false;
         strName = ExactCodePageText(strShort);
     }
-    return strName && sndPlaySoundA(strName->c_str(), nFlags) != FALSE;
+    if (!strName) return false;
+    const bool bPlayed = sndPlaySoundA(strName->c_str(), nFlags) != FALSE;
+    // That the last sound still plays is an answer. The system tells no reason.
+    if (!bPlayed && (nFlags & SND_FLAG_NOSTOP) == 0) ReportFailure("sndPlaySound", CODE_FAILED);
+    return bPlayed;
 }
 
 void SystemBeep() {
     // A system without a sound device stays silent; nothing better can be done about it.
-    static_cast<void>(MessageBeep(MB_OK));
+    win32::OrReport(MessageBeep(MB_OK), "MessageBeep");
 }
 
 }  // namespace taviro::platform

@@ -6,6 +6,8 @@
 #include <algorithm>
 
 #include "platform/text.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/handles.h"
 
 namespace taviro::platform {
@@ -40,13 +42,16 @@ bool CreateMeasureContext(const LogicalFont& Font) {
     DeleteMeasureContext();
     const LOGFONTW System = ToSystemFont(Font);
     MeasureContext Made;
-    Made.hDc.reset(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
+    Made.hDc.reset(win32::OrReport(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr), "CreateDC"));
     if (!Made.hDc) return false;
     Made.hBitmap.reset(CreateCompatibleBitmap(Made.hDc.get(), 1, 1));
-    Made.hFont.reset(CreateFontIndirectW(&System));
-    if (!Made.hFont || SelectObject(Made.hDc.get(), Made.hFont.get()) == nullptr) return false;
+    Made.hFont.reset(win32::OrReport(CreateFontIndirectW(&System), "CreateFontIndirect"));
+    if (!Made.hFont || win32::OrReport(SelectObject(Made.hDc.get(), Made.hFont.get()),
+                                       "SelectObject(font)") == nullptr) {
+        return false;
+    }
     // A screen context takes no bitmap; the font alone decides the measures, so a refusal is fine.
-    static_cast<void>(SelectObject(Made.hDc.get(), Made.hBitmap.get()));
+    Unneeded(SelectObject(Made.hDc.get(), Made.hBitmap.get()));
     Measure.hDc = std::move(Made.hDc);
     Measure.hBitmap = std::move(Made.hBitmap);
     Measure.hFont = std::move(Made.hFont);
@@ -62,8 +67,9 @@ TextSize MeasureInContext(const std::wstring& strText) {
     // Through Windows-1250 and back: what the code page lacks is measured as it will be stored.
     const std::wstring strAnsi = FromAnsi(ToAnsi(strText));
     SIZE Size{};
-    if (GetTextExtentPoint32W(Measure.hDc.get(), strAnsi.c_str(), static_cast<int>(strAnsi.size()),
-                              &Size) == FALSE) {
+    if (!win32::OrReport(GetTextExtentPoint32W(Measure.hDc.get(), strAnsi.c_str(),
+                                               static_cast<int>(strAnsi.size()), &Size),
+                         "GetTextExtentPoint32")) {
         return {};
     }
     return {.nWidth = Size.cx, .nHeight = Size.cy};

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/timer_view.h"
 
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
+
 namespace taviro::platform::win32 {
 
 void TimerView::Push(HWND hWindow) {
@@ -20,13 +23,15 @@ void TimerView::OnTimer(HWND hWindow) {
 
 void TimerView::Start(HWND hWindow) {
     // The system is out of timers when this fails; the next change of the model tries again.
-    m_bStarted = SetTimer(hWindow, m_nId, static_cast<UINT>(m_Model.Interval.Get()), nullptr) != 0;
+    m_bStarted =
+        OrReport(SetTimer(hWindow, m_nId, static_cast<UINT>(m_Model.Interval.Get()), nullptr) != 0,
+                 "SetTimer");
 }
 
 void TimerView::Stop(HWND hWindow) {
     if (!m_bStarted) return;
     m_bStarted = false;
-    static_cast<void>(KillTimer(hWindow, m_nId));  // gone already with a closed window
+    Unneeded(KillTimer(hWindow, m_nId));  // gone already with a closed window
 }
 
 }  // namespace taviro::platform::win32

@@ -5,6 +5,9 @@
 
 #include <memory>
 
+#include "platform/failure.h"
+#include "platform/unneeded.h"
+#include "platform/win32/failure.h"
 #include "platform/win32/numbers.h"
 
 namespace taviro::platform {
@@ -33,6 +36,7 @@ BOOL CALLBACK OnChild(HWND hChild, LPARAM lParam) noexcept {
     try {
         return Visit(ToNumber(hChild)) ? TRUE : FALSE;
     } catch (...) {
+        ReportException("EnumChildWindows");
         return FALSE;
     }
 }
@@ -51,35 +55,39 @@ std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength) {
 }
 
 bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
-    return SetWindowPos(ToHwnd(hWindow), ToHwnd(Position.hInsertAfter), Position.nLeft,
-                        Position.nTop, Position.nWidth, Position.nHeight, Position.nFlags) != FALSE;
+    return win32::OrReport(
+        SetWindowPos(ToHwnd(hWindow), ToHwnd(Position.hInsertAfter), Position.nLeft, Position.nTop,
+                     Position.nWidth, Position.nHeight, Position.nFlags),
+        "SetWindowPos");
 }
 
 bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     POINT System{.x = Point.nX, .y = Point.nY};
-    if (ScreenToClient(ToHwnd(hWindow), &System) == FALSE) return false;
+    if (!win32::OrReport(ScreenToClient(ToHwnd(hWindow), &System), "ScreenToClient")) return false;
     Point = {.nX = System.x, .nY = System.y};
     return true;
 }
 
 RegionHandle CreateRectRegion(const ScreenRect& Rect) {
-    return ToNumber(CreateRectRgn(Rect.nLeft, Rect.nTop, Rect.nRight, Rect.nBottom));
+    return ToNumber(win32::OrReport(CreateRectRgn(Rect.nLeft, Rect.nTop, Rect.nRight, Rect.nBottom),
+                                    "CreateRectRgn"));
 }
 
 void DeleteRegion(RegionHandle hRegion) {
-    static_cast<void>(DeleteObject(ToRegion(hRegion)));  // fails only for what is no region
+    Unneeded(DeleteObject(ToRegion(hRegion)));  // fails only for what is no region
 }
 
 bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect, RegionHandle hRegion,
                       uint32_t nFlags) {
     const RECT System = ToRect(Rect);
-    return RedrawWindow(ToHwnd(hWindow), &System, ToRegion(hRegion), nFlags) != FALSE;
+    return win32::OrReport(RedrawWindow(ToHwnd(hWindow), &System, ToRegion(hRegion), nFlags),
+                           "RedrawWindow");
 }
 
 void VisitChildWindows(WindowHandle hParent, const std::function<bool(WindowHandle)>& Visit) {
     if (hParent == 0) return;  // the system would go through all windows of the desktop
     // Its result means nothing.
-    static_cast<void>(EnumChildWindows(ToHwnd(hParent), OnChild, reinterpret_cast<LPARAM>(&Visit)));
+    Unneeded(EnumChildWindows(ToHwnd(hParent), OnChild, reinterpret_cast<LPARAM>(&Visit)));
 }
 
 }  // namespace taviro::platform

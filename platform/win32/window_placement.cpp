@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/metrics.h"
+#include "platform/win32/failure.h"
 
 namespace taviro::platform::win32 {
 
@@ -24,7 +25,8 @@ LONG HeightOf(const RECT& Area) {
 RECT WorkArea(HWND hWindow) {
     MONITORINFO Info{};
     Info.cbSize = sizeof(Info);
-    if (GetMonitorInfoW(MonitorFromWindow(hWindow, MONITOR_DEFAULTTONEAREST), &Info) == FALSE) {
+    if (!OrReport(GetMonitorInfoW(MonitorFromWindow(hWindow, MONITOR_DEFAULTTONEAREST), &Info),
+                  "GetMonitorInfo")) {
         return {.left = 0,
                 .top = 0,
                 .right = GetSystemMetrics(SM_CXSCREEN),
@@ -35,7 +37,7 @@ RECT WorkArea(HWND hWindow) {
 
 /// Moves the window. A refusal leaves it where it was, which is where the user can see it.
 void MoveTo(HWND hWindow, LONG nLeft, LONG nTop) {
-    static_cast<void>(SetWindowPos(hWindow, nullptr, nLeft, nTop, 0, 0, MOVE_ONLY));
+    OrReport(SetWindowPos(hWindow, nullptr, nLeft, nTop, 0, 0, MOVE_ONLY), "SetWindowPos(move)");
 }
 
 /// What the form's height holds besides the inner height: its layout adds the same.
@@ -67,10 +69,10 @@ LONG Shifted(LONG nStart, LONG nLength, LONG nFirst, LONG nEnd) {
 /// would undo a later one. A refusal leaves the window as it was, which is reported then.
 void SetPlace(HWND hWindow, const RECT& Outer, SIZE Size) {
     const RECT Work = WorkArea(hWindow);
-    static_cast<void>(SetWindowPos(hWindow, nullptr,
-                                   Shifted(Outer.left, Size.cx, Work.left, Work.right),
-                                   Shifted(Outer.top, Size.cy, Work.top, Work.bottom), Size.cx,
-                                   Size.cy, SWP_NOZORDER | SWP_NOACTIVATE));
+    OrReport(SetWindowPos(hWindow, nullptr, Shifted(Outer.left, Size.cx, Work.left, Work.right),
+                          Shifted(Outer.top, Size.cy, Work.top, Work.bottom), Size.cx, Size.cy,
+                          SWP_NOZORDER | SWP_NOACTIVATE),
+             "SetWindowPos(size)");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <tlhelp32.h>
 
+#include "platform/win32/failure.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/numbers.h"
 
@@ -44,7 +45,7 @@ WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& str
 
 bool WindowRect(WindowHandle hWindow, ScreenRect& Rect) {
     RECT Found{};
-    if (GetWindowRect(win32::ToHwnd(hWindow), &Found) == FALSE) return false;
+    if (!win32::OrReport(GetWindowRect(ToHwnd(hWindow), &Found), "GetWindowRect")) return false;
     Rect = {.nLeft = Found.left, .nTop = Found.top, .nRight = Found.right, .nBottom = Found.bottom};
     return true;
 }
@@ -57,13 +58,14 @@ std::wstring WindowClassName(WindowHandle hWindow) {
     wchar_t strName[257] = {};  // a class name has at most 256 characters
     const int nLength =
         GetClassNameW(ToHwnd(hWindow), strName, static_cast<int>(std::size(strName)));
+    win32::OrReport(nLength != 0, "GetClassName");
     return {strName, static_cast<size_t>(nLength)};
 }
 
 std::vector<ProcessEntry> SnapshotProcesses() {
     const win32::UniqueHandle hSnapshot =
         win32::OwnUnlessInvalid(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    if (!hSnapshot) return {};
+    if (!win32::OrReport(hSnapshot != nullptr, "CreateToolhelp32Snapshot")) return {};
     std::vector<ProcessEntry> Entries;
     PROCESSENTRY32W Entry{};
     Entry.dwSize = sizeof(Entry);
@@ -75,11 +77,12 @@ std::vector<ProcessEntry> SnapshotProcesses() {
 }
 
 bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
-    return AttachThreadInput(nThread, nToThread, bAttach ? TRUE : FALSE) != FALSE;
+    return win32::OrReport(AttachThreadInput(nThread, nToThread, bAttach ? TRUE : FALSE),
+                           "AttachThreadInput");
 }
 
 bool SetForeground(WindowHandle hWindow) {
-    return SetForegroundWindow(ToHwnd(hWindow)) != FALSE;
+    return win32::OrReport(SetForegroundWindow(ToHwnd(hWindow)), "SetForegroundWindow");
 }
 
 }  // namespace taviro::platform

@@ -70,6 +70,7 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevious*/, PWSTR pCom
     try {
         return CarryOut(ParseOrder(pCommandLine), pCommandLine);
     } catch (...) {
+        OutputDebugStringW(L"presager: An exception ended the program.\r\n");
         return EXIT_FAILURE;
     }
 }

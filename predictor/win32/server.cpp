@@ -17,6 +17,7 @@
 #include "win32/com/access.h"
 #include "win32/com/class_factory.h"
 #include "win32/com/console.h"
+#include "win32/com/object.h"
 #include "win32/com/owners.h"
 
 namespace taviro::predictor {
@@ -139,10 +140,19 @@ int Run(Service& Shared, Lifetime& Server, const ForgetSignals& Forgetting) {
     return EXIT_SUCCESS;
 }
 
+void ComplainOfException(HRESULT nResult) noexcept {
+    try {
+        Complain(L"An exception ended a call: " + com::ReasonOf(nResult));
+    } catch (...) {
+        return;  // no memory even to say so
+    }
+}
+
 }  // namespace
 
 // What calls use is never deleted: the last of them may come while the process ends.
 int Serve() {
+    com::OnException = ComplainOfException;
     Lifetime& Server = *new Lifetime;
     if (!Server.IsReady() || FAILED(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) ||
         !com::RestrictAccess()) {

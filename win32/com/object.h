@@ -14,16 +14,23 @@
 
 namespace taviro::com {
 
+/// Told the result of each call that an exception ended, on the call's thread. The program sets it
+/// before it offers objects.
+inline void (*OnException)(HRESULT nResult) noexcept = nullptr;
+
 /// Makes the call; memory that runs out and other exceptions become its result.
 template <class Call>
 HRESULT Guarded(const Call& Made) noexcept {
+    HRESULT nResult = E_FAIL;
     try {
         return Made();
     } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
+        nResult = E_OUTOFMEMORY;
     } catch (...) {
-        return E_FAIL;
+        nResult = E_FAIL;
     }
+    if (OnException != nullptr) OnException(nResult);
+    return nResult;
 }
 
 /// An object that has Interface and the Further ones, which it derives from. With no reference at

@@ -192,7 +192,7 @@ TEST_F(ForegroundWatch, ForceForeground_JoinsTheInputQueuesMeanwhile) {
 
 TEST_F(ForegroundWatch, ForceForeground_DoesNothing_WhenTheQueuesCannotBeJoined) {
     Desktop.hForeground = 21;
-    Desktop.bAttachFails = true;
+    Desktop.Failures.Always("AttachInput");
     ForceForeground(11);
     EXPECT_EQ(Desktop.TakeEffects(), Effects{});
     EXPECT_EQ(GetActiveWindowHandle(), 21U);

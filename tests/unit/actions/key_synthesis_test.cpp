@@ -58,7 +58,7 @@ TEST_F(KeySynthesis, Primitives_SendTheirRecordsInOneCall) {
 }
 
 TEST_F(KeySynthesis, Primitives_ReturnZero_WhenInputIsBlocked) {
-    Desktop.Keyboard.bBlocked = true;
+    Desktop.Failures.Always("SendInputRecords");
     EXPECT_EQ(SendVirtualKey(65), 0U);
     EXPECT_EQ(KeyTapScan(30), 0U);
     EXPECT_EQ(KeyDownVk(16), 0U);

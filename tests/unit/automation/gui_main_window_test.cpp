@@ -50,7 +50,7 @@ TEST_F(GuiMainWindow, ShowDebugWin_RestoresBeforePlacing_WhenMinimised) {
 
 TEST_F(GuiMainWindow, ShowDebugWin_LeavesTheFocus_WhenNoWindowIsActiveOrItCannotBeHadBack) {
     Desktop.hForeground = 0;
-    Desktop.bAttachFails = true;
+    Desktop.Failures.Always("AttachInput");
     EXPECT_EQ(Gui.ShowDebugWin(), CallOutcome::Done);
     EXPECT_EQ(Desktop.TakeEffects(), Effects{Placing()});
 }

@@ -109,7 +109,7 @@ TEST_F(GuiWindows, UpdateFrame_RepaintsAPartOfTheDesktop) {
 }
 
 TEST_F(GuiWindows, Updates_PaintNothing_WhenNoRegionCanBeMade) {
-    Desktop.bRegionFails = true;
+    Desktop.Failures.Always("CreateRectRegion");
     EXPECT_EQ(Gui.VBS_UpdateFrame(1, 2, 3, 4), CallOutcome::Done);
     EXPECT_EQ(Gui.VBS_UpdateWindow(EDITOR), CallOutcome::Done);
     EXPECT_EQ(Desktop.TakeEffects(), Effects{});

@@ -391,7 +391,7 @@ TEST_F(PollLoop, DeadDevice_RepeatsItsLastSample) {
     TiltRight();
     Ticks(1);
     CentreStick();
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Always("JoyGetPosEx");
     Ticks(3);
     EXPECT_EQ(Cursor.nColumn, 3) << "the stick still counts as tilted, and repeats";
 }

@@ -178,13 +178,14 @@ TEST_F(StartupTest, Joystick_DrivesMap_WhenItIsAttached) {
 struct FailureCase {
     const char* szName;
     void (*Break)();
+    bool bHooked = true;
 };
 
 // Whatever is missing, the program starts and its window comes up.
 const FailureCase FAILURES[] = {
     {"NoReader", [] { Desktop.Classes.erase(L"Parlex.app"); }},
     {"NoEngine", [] { Desktop.Classes.erase(L"SAPI.SpVoice"); }},
-    {"NoHook", [] { Desktop.Keyboard.bHookRefused = true; }},
+    {"NoHook", [] { Desktop.Failures.Always("InstallHook"); }, false},
     {"NoJoystick", [] { Desktop.Joystick.bPresent = false; }},
     {"DeadJoystick", [] { Desktop.Joystick.nX = Desktop.Joystick.nY = 0; }},
     {"NoDataFolder", [] { Desktop.SpecialFolders.clear(); }},
@@ -208,7 +209,7 @@ TEST_P(StartupFailure, LeavesARunningProgramThatEndsCleanly) {
     EXPECT_TRUE(FrmMain->Visible);
     EXPECT_FALSE(KeyTable[0].Name.empty()) << "the steps after the failure were taken";
     EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(IsHooked(), !Desktop.Keyboard.bHookRefused);
+    EXPECT_EQ(IsHooked(), GetParam().bHooked);
     EXPECT_EQ(FrmMain->Timer1.Enabled, Program.bJoystickPresent);
     TiltRight();
     Ticks(3);

@@ -108,11 +108,11 @@ TEST_F(ButtonCaptureTest, Dialog_OpensAgain_WhenTheButtonIsStillHeld) {
 
 TEST_F(ButtonCaptureTest, NoButtonStaysNone_WhenJoystickIsUnpluggedMeanwhile) {
     NextTick();
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Always("JoyGetPosEx");
     PressButton(3);
     Desktop.RunFor(2000);
     EXPECT_TRUE(Opened.empty());
-    Desktop.Joystick.bReadFails = false;  // and plugged in again
+    Desktop.Failures.Clear();  // and plugged in again
     NextTick();
     EXPECT_EQ(Opened.size(), 1U);
 }

@@ -128,7 +128,7 @@ TEST_F(JoystickReaderTest, JoyRead_KeepsLastSample_WhenReadFails) {
     Desktop.Joystick.nY = 5;
     Desktop.Joystick.nButtons = 0x0102;
     JoyRead();
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Always("JoyGetPosEx");
     Desktop.Joystick.nX = 1;
     Desktop.Joystick.nY = 2;
     Desktop.Joystick.nButtons = 0;
@@ -139,11 +139,11 @@ TEST_F(JoystickReaderTest, JoyRead_KeepsLastSample_WhenReadFails) {
 }
 
 TEST_F(JoystickReaderTest, JoyInit_GoesByLastSample_WhenReadFails) {
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Always("JoyGetPosEx");
     EXPECT_FALSE(JoyInit(0)) << "nothing was ever sampled";
-    Desktop.Joystick.bReadFails = false;
+    Desktop.Failures.Clear();
     ASSERT_TRUE(JoyInit(0));
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Always("JoyGetPosEx");
     EXPECT_TRUE(JoyInit(0));
 }
 

@@ -50,7 +50,7 @@ TEST_F(KeyboardHookTest, InstallKeyboardHook_KeepsHandle_WhenSystemGivesOne) {
 
 TEST_F(KeyboardHookTest, InstallKeyboardHook_LeavesKeyboardUnused_WhenSystemRefuses) {
     RemoveKeyboardHook();
-    Desktop.Keyboard.bHookRefused = true;
+    Desktop.Failures.Always("InstallHook");
     InstallKeyboardHook();
     EXPECT_FALSE(IsHooked());
     Desktop.TakeEffects();

@@ -303,5 +303,36 @@ TEST_F(MapFile, BlankFirstCell_IsNotWritten_AndTheRowsBehindItAre) {
     EXPECT_EQ(WriteMapText(Grid), "[1,1]a,0\r\n");
 }
 
+// Only the move aside fails: writing over the file would work.
+TEST_F(MapFile, SaveCell_LeavesAFileThatIsNoMap_WhenItCannotBeSetAside) {
+    PutData(L"data.ini", L"no map at all");
+    EXPECT_TRUE(LoadMap(L""));
+    Desktop.Failures.Next("MoveFileTo");
+    SaveCell(1, 1, {L"x", 9, L""});
+    EXPECT_EQ(DataText(L"data.ini"), L"no map at all");
+    SaveCell(1, 1, {L"y", 9, L""});
+    EXPECT_EQ(DataText(L"data.ini"), L"[1,1]y,9\r\n");
+    EXPECT_EQ(DataText(L"data.ini.bak"), L"no map at all");
+}
+
+TEST_F(MapFile, SaveCell_KeepsAMapThatCouldNotBeReadAside) {
+    PutData(L"data.ini", L"[1,1]a,1\r\n[2,1]b,2\r\n");
+    Desktop.Failures.Next("ReadFileBytes");
+    EXPECT_FALSE(LoadMap(L""));
+    SaveCell(1, 1, {L"x", 9, L""});
+    EXPECT_EQ(DataText(L"data.ini.bak"), L"[1,1]a,1\r\n[2,1]b,2\r\n");
+}
+
+TEST_F(MapFile, SaveCell_KeepsTheOldFile_WhicheverStepOfTheSaveFails) {
+    for (const char* szStep : {"CreateNewFile", "WriteToFile", "FlushFile", "RenameFile"}) {
+        PutData(L"data.ini", L"[1,1]a,1\r\n");
+        LoadMap(L"");
+        Desktop.Failures.Next(szStep);
+        SaveCell(1, 1, {L"b", 2, L""});
+        EXPECT_EQ(DataText(L"data.ini"), L"[1,1]a,1\r\n") << szStep;
+        EXPECT_EQ(Desktop.Files.List(DATA_PATH + L"\\*").size(), 1U) << szStep;
+    }
+}
+
 }  // namespace
 }  // namespace taviro

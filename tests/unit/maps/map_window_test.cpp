@@ -347,5 +347,17 @@ TEST(KeyNames, Table_HoldsEveryKeyInItsPlace) {
     }
 }
 
+TEST_F(MapWindow, Captions_AreCentredInTheirPlaces_WhenTheMeasuringContextIsRefused) {
+    FillMap(CommonMap, {L"12345678901234567890 b"});
+    ShowMap(true);
+    EXPECT_EQ(LabelAt(1, 1).TextAlignment, forms::Alignment::Left) << "as long as it is measured";
+    const int32_t nLeft = LabelAt(2, 1).Left;
+    Desktop.Failures.Always("CreateMeasureContext");
+    ShowMap(true);
+    EXPECT_EQ(LabelAt(1, 1).TextAlignment, forms::Alignment::Centre);
+    EXPECT_EQ(LabelAt(1, 1).Caption.Get(), L"12345678901234567890");
+    EXPECT_EQ(LabelAt(2, 1).Left, nLeft);
+}
+
 }  // namespace
 }  // namespace taviro

@@ -39,9 +39,8 @@ TEST_F(HeadlessServicesTest, Joystick_KeepsRecord_WhenItIsUnpluggedOrFails) {
     EXPECT_EQ(Info.dwYpos, 32767U);
     EXPECT_EQ(Info.dwButtons, 3U);
     Desktop.Joystick.nX = 9;
-    Desktop.Joystick.bReadFails = true;
+    Desktop.Failures.Next("JoyGetPosEx");
     EXPECT_NE(JoyGetPosEx(0, Info), 0U);
-    Desktop.Joystick.bReadFails = false;
     Desktop.Joystick.bPresent = false;
     EXPECT_NE(JoyGetPosEx(0, Info), 0U);
     EXPECT_EQ(Info.dwXpos, 5U);
@@ -94,7 +93,7 @@ TEST_F(HeadlessServicesTest, Foreground_ChangesAndIsNoted_WhenTheWindowExists) {
     EXPECT_EQ(ForegroundActiveWindow(), 10U);
     EXPECT_EQ(Desktop.TakeEffects(),
               (Effects{"attach thread 1 to 2", "foreground \"A\"", "detach thread 1 from 2"}));
-    Desktop.bAttachFails = true;
+    Desktop.Failures.Next("AttachInput");
     EXPECT_FALSE(AttachInput(1, 2, true));
     EXPECT_EQ(Desktop.TakeEffects(), Effects{});
 }
@@ -102,7 +101,7 @@ TEST_F(HeadlessServicesTest, Foreground_ChangesAndIsNoted_WhenTheWindowExists) {
 TEST_F(HeadlessServicesTest, Shell_NotesLaunchAndReturnsSetResult_WhenCalled) {
     Desktop.nShellResult = 2;
     EXPECT_EQ(ShellExecuteOnDesktop(L"", L"notepad", L"", 1), 2);
-    ShellExecuteOnDesktop(L"Open", L"C:\\a.htm", L"-x", 3);
+    EXPECT_EQ(ShellExecuteOnDesktop(L"Open", L"C:\\a.htm", L"-x", 3), 2);
     EXPECT_EQ(Desktop.TakeEffects(),
               (Effects{"launch \"notepad\"", "launch \"C:\\a.htm\" with \"-x\" verb Open show 3"}));
     EXPECT_TRUE(ClaimSingleInstance());
@@ -185,7 +184,7 @@ TEST_F(HeadlessServicesTest, Object_IsTalkedToByName_WhenItsClassIsRegistered) {
 TEST_F(HeadlessServicesTest, MainWindow_NotesCaptionAndShowing_AndKeepsInnerSizeInStep) {
     forms::MainForm Form;
     EXPECT_EQ(MainWindowHandle(), 0U);
-    OpenMainWindow(Form);
+    EXPECT_TRUE(OpenMainWindow(Form));
     EXPECT_NE(MainWindowHandle(), 0U);
     int nResizes = 0;
     Form.OnResize = [&] { ++nResizes; };

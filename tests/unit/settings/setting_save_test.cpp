@@ -254,5 +254,25 @@ TEST_F(SettingSave, BinaryJunk_SurvivesASave) {
     EXPECT_EQ(Stored("Voice", "Volume"), "50");
 }
 
+// Only reading fails: writing over the file would work.
+TEST_F(SettingSave, FileThatCannotBeRead_IsNotOverwritten) {
+    const std::string strOwn = "[Info]\r\nRowWrap=0\r\n";
+    InitFrom(strOwn);
+    objSetting.Volume(60);
+    Desktop.Failures.Next("ReadFileBytes");
+    EXPECT_EQ(Saved(), strOwn);
+    EXPECT_NE(Saved(), strOwn) << "readable again, it takes the change";
+    EXPECT_EQ(Stored("Voice", "Volume"), "60");
+}
+
+TEST_F(SettingSave, FileUnreadAtInit_KeepsItsValues) {
+    const std::string strOwn = "[Info]\r\nRowWrap=0\r\n[Voice]\r\nVolume=80\r\n";
+    Put(strOwn);
+    Desktop.Failures.Next("ReadFileBytes");
+    Init();
+    EXPECT_EQ(objSetting.Volume(), 50);
+    EXPECT_EQ(Saved(), strOwn);
+}
+
 }  // namespace
 }  // namespace taviro
