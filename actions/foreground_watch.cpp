@@ -5,6 +5,7 @@
 
 #include "maps/shown_map.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 
 namespace taviro {
@@ -59,8 +60,8 @@ void ForceForeground(platform::WindowHandle hWindow) {
     const uint32_t nFrontThread = platform::WindowThread(GetActiveWindowHandle());
     // The system hands the foreground over only to a thread that shares its input queue.
     if (!platform::AttachInput(nThread, nFrontThread, true)) return;
-    (void)platform::SetForeground(hWindow);  // refused: the queues are parted all the same
-    (void)platform::AttachInput(nThread, nFrontThread, false);
+    Unneeded(platform::SetForeground(hWindow));  // refused: the queues are parted all the same
+    Unneeded(platform::AttachInput(nThread, nFrontThread, false));
 }
 
 }  // namespace taviro

@@ -2,6 +2,7 @@
 #include "actions/launching.h"
 
 #include "platform/shell.h"
+#include "platform/unneeded.h"
 
 namespace taviro {
 
@@ -15,8 +16,8 @@ std::wstring ResolvePath(const std::wstring& strText) {
 }
 
 void Launch(const std::wstring& strProgram, const std::wstring& strArguments) {
-    (void)platform::ShellExecuteOnDesktop(DEFAULT_VERB, ResolvePath(strProgram), strArguments,
-                                          NORMAL_WINDOW);
+    Unneeded(platform::ShellExecuteOnDesktop(DEFAULT_VERB, ResolvePath(strProgram), strArguments,
+                                             NORMAL_WINDOW));
 }
 
 }  // namespace taviro

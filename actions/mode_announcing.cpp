@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
+#include "platform/unneeded.h"
 #include "state/cursor_state.h"
 
 namespace taviro {
@@ -41,7 +42,7 @@ bool PlayToEnd(const std::wstring& strName) {
 
 void PlayOrSpeak(const std::wstring& strSoundName, const std::wstring& strSpoken) {
     if (!HasSound(strSoundName)) return SpeakIt(strSpoken);
-    (void)platform::SndPlaySound(SoundPath(strSoundName), platform::SND_FLAG_ASYNC);
+    Unneeded(platform::SndPlaySound(SoundPath(strSoundName), platform::SND_FLAG_ASYNC));
 }
 
 }  // namespace

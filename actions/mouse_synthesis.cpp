@@ -7,6 +7,7 @@
 #include "platform/keys.h"
 #include "platform/metrics.h"
 #include "platform/pointer.h"
+#include "platform/unneeded.h"
 
 namespace taviro {
 
@@ -20,14 +21,14 @@ class AccelerationPause {
   public:
     AccelerationPause() {
         // Unknown, the triple stays 0 and the setting is left alone.
-        (void)platform::GetMouseAcceleration(m_Saved);
+        Unneeded(platform::GetMouseAcceleration(m_Saved));
         // Refused, the click may miss; there is nothing better to try.
-        if (IsOn()) (void)platform::SetMouseAcceleration({0, 0, 0});
+        if (IsOn()) Unneeded(platform::SetMouseAcceleration({0, 0, 0}));
     }
     AccelerationPause(const AccelerationPause&) = delete;
     AccelerationPause& operator=(const AccelerationPause&) = delete;
     ~AccelerationPause() {
-        if (IsOn()) (void)platform::SetMouseAcceleration(m_Saved);
+        if (IsOn()) Unneeded(platform::SetMouseAcceleration(m_Saved));
     }
 
   private:
@@ -66,7 +67,8 @@ void MouseClickAt(int32_t nX, int32_t nY, bool bRightButton) {
             .nDx = nDx, .nDy = nDy, .nMouseData = nMouseData, .dwFlags = platform::MOUSE_FLAG_MOVE},
         MouseRecord{.nMouseData = nMouseData, .dwFlags = nDown},
         MouseRecord{.nMouseData = nMouseData, .dwFlags = nUp}};
-    platform::SendInputRecords(Records);
+    // What another program keeps from the system cannot be sent again: the pointer has moved.
+    Unneeded(platform::SendInputRecords(Records));
 }
 
 }  // namespace taviro

@@ -8,6 +8,7 @@
 #include "actions/choice_list.h"
 #include "platform/keys.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/mode_state.h"
 #include "vocabulary/action_code.h"
 
@@ -57,7 +58,7 @@ bool EndsWord(wchar_t nCharacter, int32_t nKey) {
 std::wstring Completions() {
     if (Prediction.objDictionary == nullptr) {
         // Not installed: asked again with the next key, so that it can be added in a run.
-        (void)platform::CreateAutomationObject(L"Presager.Dict", Prediction.objDictionary);
+        Unneeded(platform::CreateAutomationObject(L"Presager.Dict", Prediction.objDictionary));
     }
     if (Prediction.objDictionary == nullptr) return {};
     platform::AutomationArgument Prefix{.Value = Prediction.strPrefix, .bByReference = true};

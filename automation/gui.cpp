@@ -9,6 +9,7 @@
 #include "platform/main_window.h"
 #include "platform/messages.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "platform/window_handling.h"
 
 namespace taviro {
@@ -73,7 +74,7 @@ WindowHandle FindChild(WindowHandle hParent, const std::wstring& strName) {
 void Redraw(WindowHandle hWindow, const ScreenRect& Rect) {
     const platform::RegionHandle hRegion = platform::CreateRectRegion(Rect);
     if (hRegion == 0) return;  // without a region the system would repaint something else
-    (void)platform::RedrawWindowPart(hWindow, Rect, hRegion, REDRAW_ALL);
+    Unneeded(platform::RedrawWindowPart(hWindow, Rect, hRegion, REDRAW_ALL));
     platform::DeleteRegion(hRegion);
 }
 
@@ -85,13 +86,13 @@ CallOutcome GUI::ShowDebugWin() const {
     const WindowHandle hActive = GetActiveWindowHandle();
     FrmMain->Load();
     FrmMain->WindowState = FormState::Normal;  // a minimised window could not be placed
-    (void)platform::SetWindowPosition(platform::MainWindowHandle(),
-                                      {.hInsertAfter = platform::INSERT_TOPMOST,
-                                       .nLeft = 0,
-                                       .nTop = 0,
-                                       .nWidth = FrmMain->nScaleWidth + EXTRA_WIDTH,
-                                       .nHeight = FrmMain->nScaleHeight + EXTRA_HEIGHT,
-                                       .nFlags = platform::POSITION_FLAG_NOACTIVATE});
+    Unneeded(platform::SetWindowPosition(platform::MainWindowHandle(),
+                                         {.hInsertAfter = platform::INSERT_TOPMOST,
+                                          .nLeft = 0,
+                                          .nTop = 0,
+                                          .nWidth = FrmMain->nScaleWidth + EXTRA_WIDTH,
+                                          .nHeight = FrmMain->nScaleHeight + EXTRA_HEIGHT,
+                                          .nFlags = platform::POSITION_FLAG_NOACTIVATE}));
     FrmMain->Visible = true;
     ForceForeground(hActive);
     return nOutcome;
@@ -133,12 +134,12 @@ CallOutcome GUI::ClickOnWindow(const std::wstring& strTitle, const std::wstring&
     if (hTop == 0) return nOutcome;
     ScreenRect Rect;
     if (platform::WindowRect(hTop, Rect)) {
-        (void)platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop});
+        Unneeded(platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop}));
     }
     const WindowHandle hChild = FindChild(hTop, strChildName);
     // A child that has gone meanwhile has no place to click on.
     if (hChild == 0 || !platform::WindowRect(hChild, Rect)) return nOutcome;
-    (void)platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop});
+    Unneeded(platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop}));
     MouseClickAt(Rect.nLeft + CLICK_OFFSET, Rect.nTop + CLICK_OFFSET, false);
     nResult = 1;
     return nOutcome;
@@ -170,8 +171,8 @@ CallOutcome GUI::VBS_UpdateWindow(int32_t hWindow) const {
     if (!platform::WindowRect(ToHandle(hWindow), Rect)) return nOutcome;
     ScreenPoint First{.nX = Rect.nLeft, .nY = Rect.nTop};
     ScreenPoint Last{.nX = Rect.nRight, .nY = Rect.nBottom};
-    (void)platform::ScreenToClientPoint(ToHandle(hWindow), First);
-    (void)platform::ScreenToClientPoint(ToHandle(hWindow), Last);
+    Unneeded(platform::ScreenToClientPoint(ToHandle(hWindow), First));
+    Unneeded(platform::ScreenToClientPoint(ToHandle(hWindow), Last));
     Redraw(ToHandle(hWindow),
            {.nLeft = First.nX, .nTop = First.nY, .nRight = Last.nX, .nBottom = Last.nY});
     return nOutcome;
@@ -191,7 +192,7 @@ CallOutcome GUI::VBS_GetChildNum(int32_t hWindow, int32_t& nResult) const {
     const CallOutcome nOutcome = Admit();
     // Without an answer the result stays 0.
     if (nOutcome == CallOutcome::Done) {
-        (void)platform::AccessibleChildCount(ToHandle(hWindow), nResult);
+        Unneeded(platform::AccessibleChildCount(ToHandle(hWindow), nResult));
     }
     return nOutcome;
 }

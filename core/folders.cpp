@@ -5,6 +5,7 @@
 
 #include "platform/files.h"
 #include "platform/shell.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 
 namespace taviro {
@@ -35,10 +36,10 @@ void PrepareDataFolder() {
     for (const wchar_t* szLevel : LEVELS) {
         Program.strDataPath += szLevel;
         if (platform::FolderExists(Program.strDataPath)) continue;
-        (void)platform::CreateFolder(Program.strDataPath);  // a map in memory works without it
+        Unneeded(platform::CreateFolder(Program.strDataPath));  // a map in memory works without it
     }
     if (platform::FileExists(Program.strDataPath + L"\\data.ini")) return;
-    (void)platform::CopyFolderFiles(platform::ProgramFolder() + L"\\data", Program.strDataPath);
+    Unneeded(platform::CopyFolderFiles(platform::ProgramFolder() + L"\\data", Program.strDataPath));
 }
 
 }  // namespace taviro

@@ -11,6 +11,7 @@
 #include "feedback/event_log.h"
 #include "forms/main_form.h"
 #include "platform/shell.h"
+#include "platform/unneeded.h"
 
 namespace taviro {
 
@@ -28,8 +29,8 @@ void UnloadForm(forms::Form& Form) {
 
 void OpenHelp() {
     // What the system cannot open it tells the user itself.
-    (void)platform::ShellExecuteOnDesktop(
-        L"Open", platform::ProgramFolder() + L"\\help\\taviro.htm", L"", SHOW_NORMAL);
+    Unneeded(platform::ShellExecuteOnDesktop(
+        L"Open", platform::ProgramFolder() + L"\\help\\taviro.htm", L"", SHOW_NORMAL));
 }
 
 void SendTestKey() {

@@ -11,6 +11,7 @@
 #include "platform/main_window.h"
 #include "platform/metrics.h"
 #include "platform/pointer.h"
+#include "platform/unneeded.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
 #include "vocabulary/key_code.h"
@@ -33,8 +34,8 @@ void Label2_MouseUp(forms::MouseButton nButton) {
     platform::ScreenRect Window;
     platform::ScreenPoint Pointer;
     // Without an answer the place counts from the screen's corner.
-    (void)platform::WindowRect(platform::MainWindowHandle(), Window);
-    (void)platform::GetPointer(Pointer);
+    Unneeded(platform::WindowRect(platform::MainWindowHandle(), Window));
+    Unneeded(platform::GetPointer(Pointer));
     const int32_t nX = Pointer.nX - Window.nLeft - SystemMetric(Metric::BorderWidth) -
                        SystemMetric(Metric::FrameWidth);
     // The frame's width here too, not its height: the two are the same on every known system.

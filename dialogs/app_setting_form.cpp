@@ -11,6 +11,7 @@
 #include "platform/dialogs.h"
 #include "platform/joystick.h"
 #include "platform/number_text.h"
+#include "platform/unneeded.h"
 #include "settings/setting.h"
 #include "state/program_state.h"
 
@@ -186,7 +187,8 @@ void AppSettingForm::Timer1_Timer() {
     if (txtActionButton.Text.Get().empty())
         return platform::ShowInformation(PRESS_FIRST, L"Taviro");
     int32_t nButton = 0;
-    platform::RoundToInt32(platform::LeadingNumber(txtActionButton.Text.Get()), nButton);
+    // A digit was just written there.
+    Unneeded(platform::RoundToInt32(platform::LeadingNumber(txtActionButton.Text.Get()), nButton));
     frmButtonConfig->SetButton(nButton);
     frmButtonConfig->ShowModal();
 }

@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "platform/sound.h"
+#include "platform/unneeded.h"
 
 namespace taviro {
 
@@ -38,7 +39,7 @@ bool HasSound(const std::wstring& strName) {
 void Announce(const std::wstring& strText) {
     if (HasSound(strText)) {
         // A sound that does not play is not replaced by speech: the file is there, so it is wanted.
-        (void)platform::SndPlaySound(SoundPath(strText), platform::SND_FLAG_ASYNC);
+        Unneeded(platform::SndPlaySound(SoundPath(strText), platform::SND_FLAG_ASYNC));
         return;
     }
     for (const auto& [szName, szWord] : MODE_WORDS) {

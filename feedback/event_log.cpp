@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 
 namespace taviro {
@@ -35,7 +36,7 @@ void FlushLog() {
     if (EventLog.strLog.empty()) return;
     const std::string strBlock = platform::ToAnsi(EventLog.strLog) + platform::ToAnsi(LINE_END);
     // The buffer stays: a block that could not be written now is written at the end of the program.
-    (void)platform::AppendFileBytes(Program.strDataPath + L"\\log.txt", strBlock);
+    Unneeded(platform::AppendFileBytes(Program.strDataPath + L"\\log.txt", strBlock));
 }
 
 }  // namespace taviro

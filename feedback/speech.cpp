@@ -4,6 +4,7 @@
 #include <array>
 
 #include "feedback/event_log.h"
+#include "platform/unneeded.h"
 #include "platform/windows_and_processes.h"
 #include "settings/setting.h"
 
@@ -26,7 +27,7 @@ constexpr int32_t SPEAK_XML = 8;
 void Call(const AutomationObject& Object, const std::wstring& strMethod,
           std::span<AutomationArgument> Arguments) {
     AutomationValue Ignored;
-    (void)platform::CallMethod(Object, strMethod, Arguments, Ignored);
+    Unneeded(platform::CallMethod(Object, strMethod, Arguments, Ignored));
 }
 
 void SpeakThroughEngine(const std::wstring& strMessage, bool bWait) {
@@ -93,14 +94,14 @@ void UseVoice(int32_t nIndex) {
     AutomationObject Voices, Token;
     if (!GetVoices(Voices) || !GetVoiceAt(Voices, nIndex, Token)) return;
     // Refused: the engine's current voice stays.
-    (void)platform::PutProperty(Speech.objVoice, L"Voice", Token);
+    Unneeded(platform::PutProperty(Speech.objVoice, L"Voice", Token));
 }
 
 }  // namespace
 
 void CreateSpeechReader() {
     // Not installed: the object stays empty and speech goes through the engine alone.
-    (void)platform::CreateAutomationObject(L"Parlex.app", Speech.objSpeechReader);
+    Unneeded(platform::CreateAutomationObject(L"Parlex.app", Speech.objSpeechReader));
 }
 
 std::vector<std::wstring> VoiceDescriptions() {
@@ -142,7 +143,7 @@ void CheckSAPI() {
 }
 
 void CreateVoice() {
-    (void)platform::CreateAutomationObject(L"SAPI.SpVoice", Speech.objVoice);
+    Unneeded(platform::CreateAutomationObject(L"SAPI.SpVoice", Speech.objVoice));
     Speech.nSpeakFlags = SPEAK_ASYNC | SPEAK_PURGE;
 }
 
@@ -152,7 +153,7 @@ bool GetVoiceRate(int32_t& nRate) {
 
 void SetVoiceRate(int32_t nRate) {
     // Refused: the engine keeps its own.
-    (void)platform::PutProperty(Speech.objVoice, L"Rate", nRate);
+    Unneeded(platform::PutProperty(Speech.objVoice, L"Rate", nRate));
 }
 
 bool GetVoiceVolume(int32_t& nVolume) {
@@ -160,7 +161,7 @@ bool GetVoiceVolume(int32_t& nVolume) {
 }
 
 void SetVoiceVolume(int32_t nVolume) {
-    (void)platform::PutProperty(Speech.objVoice, L"Volume", nVolume);
+    Unneeded(platform::PutProperty(Speech.objVoice, L"Volume", nVolume));
 }
 
 void SetReaderTempo(int32_t nTempo) {

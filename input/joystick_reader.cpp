@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "input/joystick_reader.h"
 
+#include "platform/unneeded.h"
+
 namespace taviro {
 
 namespace {
@@ -14,7 +16,7 @@ void Sample() {
     Joystick.JoyInfo.dwSize = QUERY_SIZE;
     Joystick.JoyInfo.dwFlags = RETURN_ALL;
     // A failed query leaves the record as it was: the last position and buttons stay in effect.
-    (void)platform::JoyGetPosEx(Joystick.nJoyId, Joystick.JoyInfo);
+    Unneeded(platform::JoyGetPosEx(Joystick.nJoyId, Joystick.JoyInfo));
 }
 
 }  // namespace

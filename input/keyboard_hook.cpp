@@ -2,6 +2,7 @@
 #include "input/keyboard_hook.h"
 
 #include "input/joystick_reader.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 #include "vocabulary/key_code.h"
 
@@ -34,7 +35,8 @@ bool IsHooked() {
 
 void RemoveKeyboardHook() {
     if (!IsHooked()) return;
-    (void)platform::RemoveHook(KeyboardHook.hKeyboardHook);  // gone with the program in any case
+    Unneeded(
+        platform::RemoveHook(KeyboardHook.hKeyboardHook));  // gone with the program in any case
     KeyboardHook.hKeyboardHook = 0;
 }
 

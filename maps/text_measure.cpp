@@ -2,6 +2,7 @@
 #include "maps/text_measure.h"
 
 #include "platform/metrics.h"
+#include "platform/unneeded.h"
 
 namespace taviro {
 
@@ -31,7 +32,7 @@ void PrepareMeasureFont(const forms::Font& Font) {
         .bStrikeOut = Font.bStrikeOut,
     };
     // A refused context measures 0 x 0: every caption is centred, nothing else happens.
-    (void)platform::CreateMeasureContext(Logical);
+    Unneeded(platform::CreateMeasureContext(Logical));
 }
 
 platform::TextSize MeasureText(const std::wstring& strText) {

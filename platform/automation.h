@@ -33,16 +33,16 @@ struct AutomationArgument {
 
 /// Creates an object of the class. Returns false, Object empty, when the class is not registered or
 /// its server does not start.
-bool CreateAutomationObject(const std::wstring& strProgId, AutomationObject& Object);
+[[nodiscard]] bool CreateAutomationObject(const std::wstring& strProgId, AutomationObject& Object);
 
 /// Calls a method. Returns false, and leaves Result alone, on failure.
-bool CallMethod(const AutomationObject& Object, const std::wstring& strMethod,
-                std::span<AutomationArgument> Arguments, AutomationValue& Result);
+[[nodiscard]] bool CallMethod(const AutomationObject& Object, const std::wstring& strMethod,
+                              std::span<AutomationArgument> Arguments, AutomationValue& Result);
 
 /// Reads and writes a property; an object value is put by reference.
-bool GetProperty(const AutomationObject& Object, const std::wstring& strProperty,
-                 std::span<AutomationArgument> Arguments, AutomationValue& Result);
-bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty,
-                 const AutomationValue& Value);
+[[nodiscard]] bool GetProperty(const AutomationObject& Object, const std::wstring& strProperty,
+                               std::span<AutomationArgument> Arguments, AutomationValue& Result);
+[[nodiscard]] bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty,
+                               const AutomationValue& Value);
 
 }  // namespace taviro::platform

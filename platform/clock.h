@@ -8,16 +8,16 @@
 namespace taviro::platform {
 
 /// Milliseconds since the system started; wraps after 49 days, so compare differences only.
-uint32_t TickCount();
+[[nodiscard]] uint32_t TickCount();
 
 /// Blocks the thread until TickCount has advanced by that much; no window message is processed
 /// meanwhile.
 void SleepMs(uint32_t nMilliseconds);
 
 /// Local time of day as "hh:mm:ss", 24 hours.
-std::wstring TimeOfDayText();
+[[nodiscard]] std::wstring TimeOfDayText();
 
 /// Local date and time in the user's general format, for example "16.11.2026 1:59:52".
-std::wstring DateTimeText();
+[[nodiscard]] std::wstring DateTimeText();
 
 }  // namespace taviro::platform

@@ -11,35 +11,36 @@ namespace taviro::platform {
 
 /// Whether a directory search for the path, normal files only, yields a name. A folder is not a
 /// file. Any error (an invalid path, for example) gives false.
-bool FileExists(const std::wstring& strPath);
+[[nodiscard]] bool FileExists(const std::wstring& strPath);
 
 /// Whether the path names a folder.
-bool FolderExists(const std::wstring& strPath);
+[[nodiscard]] bool FolderExists(const std::wstring& strPath);
 
 /// Creates one folder level. Returns false when its parent is missing or it cannot be created.
-bool CreateFolder(const std::wstring& strPath);
+[[nodiscard]] bool CreateFolder(const std::wstring& strPath);
 
 /// Copies every file (not folders) of a folder into another folder, overwriting. Stops at the first
 /// file that cannot be copied. Returns whether all were copied. Read-only marks are not copied: the
 /// copies are the user's to change.
-bool CopyFolderFiles(const std::wstring& strFromFolder, const std::wstring& strToFolder);
+[[nodiscard]] bool CopyFolderFiles(const std::wstring& strFromFolder,
+                                   const std::wstring& strToFolder);
 
 /// Reads the whole file. Returns false, and leaves strBytes alone, when it cannot be opened or
 /// read.
-bool ReadFileBytes(const std::wstring& strPath, std::string& strBytes);
+[[nodiscard]] bool ReadFileBytes(const std::wstring& strPath, std::string& strBytes);
 
 /// Replaces the file's content in one step: writes a temporary file beside it, flushes it, renames
 /// it over the target. At any moment either the old or the new content is there, whole. Returns
 /// false, the old file untouched and the temporary file removed, when any step fails.
-bool ReplaceFileBytes(const std::wstring& strPath, std::string_view strBytes);
+[[nodiscard]] bool ReplaceFileBytes(const std::wstring& strPath, std::string_view strBytes);
 
 /// Appends to the file, created if missing. Returns false on failure.
-bool AppendFileBytes(const std::wstring& strPath, std::string_view strBytes);
+[[nodiscard]] bool AppendFileBytes(const std::wstring& strPath, std::string_view strBytes);
 
 /// Renames a file, replacing an existing target. Returns false on failure.
-bool MoveFileTo(const std::wstring& strFrom, const std::wstring& strTo);
+[[nodiscard]] bool MoveFileTo(const std::wstring& strFrom, const std::wstring& strTo);
 
 /// Names (no folder) of the normal files that match a pattern such as "C:\maps\data*.ini", sorted.
-std::vector<std::wstring> ListFiles(const std::wstring& strPattern);
+[[nodiscard]] std::vector<std::wstring> ListFiles(const std::wstring& strPattern);
 
 }  // namespace taviro::platform

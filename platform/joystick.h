@@ -34,10 +34,10 @@ struct JoyInfoRecord {
 static_assert(sizeof(JoyInfoRecord) == 52);
 
 /// Fills the capabilities of device nJoyId. Returns 0 on success, else the system's error number.
-uint32_t JoyGetDevCaps(uint32_t nJoyId, JoyCapsRecord& Caps, uint32_t nSize);
+[[nodiscard]] uint32_t JoyGetDevCaps(uint32_t nJoyId, JoyCapsRecord& Caps, uint32_t nSize);
 
 /// Samples device nJoyId; the caller sets dwSize and dwFlags first. Returns 0 on success; on
 /// failure the record keeps what it held.
-uint32_t JoyGetPosEx(uint32_t nJoyId, JoyInfoRecord& Info);
+[[nodiscard]] uint32_t JoyGetPosEx(uint32_t nJoyId, JoyInfoRecord& Info);
 
 }  // namespace taviro::platform

@@ -23,14 +23,14 @@ struct KeyHookRecord {
 using KeyHookProcedure = intptr_t (*)(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record);
 
 /// Installs the procedure for all threads. Returns a handle, 0 on failure.
-uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure);
+[[nodiscard]] uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure);
 
 /// Removes the hook. Returns false on failure.
-bool RemoveHook(uintptr_t hHook);
+[[nodiscard]] bool RemoveHook(uintptr_t hHook);
 
 /// Passes the event that is being handled on to the next hook and returns its result. Only valid
 /// inside the procedure.
-intptr_t CallNextHook(uintptr_t hHook, int32_t nCode, uintptr_t wParam,
-                      const KeyHookRecord& Record);
+[[nodiscard]] intptr_t CallNextHook(uintptr_t hHook, int32_t nCode, uintptr_t wParam,
+                                    const KeyHookRecord& Record);
 
 }  // namespace taviro::platform

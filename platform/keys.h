@@ -57,29 +57,29 @@ using InputRecord = std::variant<KeyRecord, MouseRecord>;
 /// Inserts the records into the system's input in one call, nothing in between. Returns how many
 /// the system took; fewer than given means that another program blocks input, and a key whose "up"
 /// was not taken stays down for the user.
-uint32_t SendInputRecords(std::span<const InputRecord> Records);
+[[nodiscard]] uint32_t SendInputRecords(std::span<const InputRecord> Records);
 
 /// The older single-event call: virtual key, scan code, flags, extra information.
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo);
 
 /// Key and modifiers of a Windows-1250 character on the current layout: low byte the virtual key,
 /// 0x100 Shift, 0x200 Ctrl, 0x400 Alt; -1 when no key types it.
-int16_t VkKeyScanAnsi(uint8_t nCharacter);
+[[nodiscard]] int16_t VkKeyScanAnsi(uint8_t nCharacter);
 
 /// Scan code (low word) and modifiers (high word) of an OEM character; -1 when there is none.
-uint32_t OemKeyScanCode(uint8_t nOemCharacter);
+[[nodiscard]] uint32_t OemKeyScanCode(uint8_t nOemCharacter);
 
 /// A Windows-1250 character in the system's OEM code page.
-uint8_t CharToOemAnsi(uint8_t nCharacter);
+[[nodiscard]] uint8_t CharToOemAnsi(uint8_t nCharacter);
 
 /// The system's MapVirtualKey: nMapType 0 virtual key to scan code, 2 virtual key to character.
 /// 0 when there is no translation.
-uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType);
+[[nodiscard]] uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType);
 
 /// The character (Windows-1250) that virtual key nVk gives on the layout of the thread that owns
 /// the main window, with the given state of the 256 keys. Returns the system's count: 1 a
 /// character, 0 none, negative a dead key.
-int32_t KeyToAnsi(uint32_t nVk, uint32_t nScan, const std::array<uint8_t, 256>& KeyState,
-                  uint16_t& nCharacter);
+[[nodiscard]] int32_t KeyToAnsi(uint32_t nVk, uint32_t nScan,
+                                const std::array<uint8_t, 256>& KeyState, uint16_t& nCharacter);
 
 }  // namespace taviro::platform

@@ -11,12 +11,12 @@ namespace taviro::platform {
 /// Makes the window, hidden, and binds it to the form both ways: a change of the model repaints, a
 /// user's act runs the form's handlers, the form's timers tick while enabled. A tick is due its
 /// interval after the handler of the last one ended. Returns false when the system refuses.
-bool OpenMainWindow(forms::MainForm& Form);
+[[nodiscard]] bool OpenMainWindow(forms::MainForm& Form);
 
 /// Destroys the window and its timers; nothing happens when there is none.
 void CloseMainWindow();
 
 /// Its handle, 0 when there is no window.
-WindowHandle MainWindowHandle();
+[[nodiscard]] WindowHandle MainWindowHandle();
 
 }  // namespace taviro::platform

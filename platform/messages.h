@@ -11,10 +11,10 @@ void RunPendingMessages();
 /// Whether the call that asks came straight out of RunMessageLoop. False while something of the
 /// program itself is under way beneath it: a handler, a wait, a dialog, a menu. What would pull the
 /// ground from under that must not be done then.
-bool IsOutermostLoop();
+[[nodiscard]] bool IsOutermostLoop();
 
 /// Runs messages until QuitMessageLoop was called; returns the program's exit code.
-int RunMessageLoop();
+[[nodiscard]] int RunMessageLoop();
 
 /// Ends the message loop after the current message.
 void QuitMessageLoop(int nExitCode);

@@ -18,14 +18,14 @@ enum class Metric : int32_t {
 };
 
 /// The system's GetSystemMetrics; 0 when it has no value.
-int32_t SystemMetric(Metric nMetric);
+[[nodiscard]] int32_t SystemMetric(Metric nMetric);
 
 /// Dots per logical inch of the screen; 96 at normal scaling.
-int32_t ScreenDpiX();
-int32_t ScreenDpiY();
+[[nodiscard]] int32_t ScreenDpiX();
+[[nodiscard]] int32_t ScreenDpiY();
 
 /// Twips (1/1440 inch) that one pixel measures; at least 1.
-int32_t TwipsPerPixelX();
-int32_t TwipsPerPixelY();
+[[nodiscard]] int32_t TwipsPerPixelX();
+[[nodiscard]] int32_t TwipsPerPixelY();
 
 }  // namespace taviro::platform

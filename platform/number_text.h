@@ -11,15 +11,15 @@ namespace taviro::platform {
 /// The decimal number at the start of the text: blanks and tabs are skipped wherever they stand,
 /// then an optional sign, digits and a decimal point; reading stops at the first character that
 /// cannot continue the number. An empty text, or one that starts with anything else, is 0.
-double LeadingNumber(std::wstring_view strText);
+[[nodiscard]] double LeadingNumber(std::wstring_view strText);
 
 /// Rounds to the nearest whole number, halves to even. Returns false, and leaves nValue alone, when
 /// the result does not fit 32 bits.
-bool RoundToInt32(double fNumber, int32_t& nValue);
+[[nodiscard]] bool RoundToInt32(double fNumber, int32_t& nValue);
 
 /// The whole text as a number: blanks around it, a sign, digits and a decimal point are allowed,
 /// anything else is not a number. Rounds as above. Returns false, and leaves nValue alone, when the
 /// text is not a number or does not fit.
-bool WholeTextToInt32(std::wstring_view strText, int32_t& nValue);
+[[nodiscard]] bool WholeTextToInt32(std::wstring_view strText, int32_t& nValue);
 
 }  // namespace taviro::platform

@@ -15,14 +15,14 @@ struct ScreenPoint {
 };
 
 /// Where the pointer is. Returns false, and leaves Point alone, when the system does not say.
-bool GetPointer(ScreenPoint& Point);
+[[nodiscard]] bool GetPointer(ScreenPoint& Point);
 
 /// Moves the pointer. Returns false on failure.
-bool SetPointer(ScreenPoint Point);
+[[nodiscard]] bool SetPointer(ScreenPoint Point);
 
 /// The two thresholds and the acceleration (0 off) of the mouse. The getter returns false, and
 /// leaves the triple alone, on failure; the setter returns false on failure.
-bool GetMouseAcceleration(std::array<int32_t, 3>& Triple);
-bool SetMouseAcceleration(const std::array<int32_t, 3>& Triple);
+[[nodiscard]] bool GetMouseAcceleration(std::array<int32_t, 3>& Triple);
+[[nodiscard]] bool SetMouseAcceleration(const std::array<int32_t, 3>& Triple);
 
 }  // namespace taviro::platform

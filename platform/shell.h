@@ -13,22 +13,25 @@ namespace taviro::platform {
 struct ItemIdList;
 
 /// Finds a special folder by its number. Returns 0 and sets pList on success.
-uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*& pList);
+[[nodiscard]] uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId,
+                                             ItemIdList*& pList);
 
 /// The file-system path of an item-id list, ended by a NUL, into a buffer of at least 260
 /// characters. Returns false when the list names no file-system folder.
-bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer);
+[[nodiscard]] bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer);
 
 /// Opens a program, document or address (the system's ShellExecute on the desktop window, no
 /// working folder). Returns the system's number; above 32 is success.
-intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
-                               const std::wstring& strParameters, int32_t nShowCommand);
+[[nodiscard]] intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb,
+                                             const std::wstring& strFile,
+                                             const std::wstring& strParameters,
+                                             int32_t nShowCommand);
 
 /// The folder of the running program, without a trailing backslash.
-std::wstring ProgramFolder();
+[[nodiscard]] std::wstring ProgramFolder();
 
 /// Claims the right to be the only instance of this user's session. Returns false when another
 /// instance holds it. Held until the program ends.
-bool ClaimSingleInstance();
+[[nodiscard]] bool ClaimSingleInstance();
 
 }  // namespace taviro::platform

@@ -12,7 +12,7 @@ inline constexpr uint32_t SND_FLAG_NOSTOP = 16;  ///< fail while another sound s
 
 /// Plays a wave file with the given flags (the system's sndPlaySound). An empty name plays nothing:
 /// with SND_FLAG_NOSTOP it tells whether the last sound has ended. Returns false on failure.
-bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags);
+[[nodiscard]] bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags);
 
 /// The system's plain beep.
 void SystemBeep();

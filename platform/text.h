@@ -11,23 +11,23 @@ namespace taviro::platform {
 
 /// Windows-1250 bytes to text. The five bytes that the code page leaves undefined (81, 83, 88, 90
 /// and 98 hex) become the control characters of the same number, so every byte has a character.
-std::wstring FromAnsi(std::string_view strBytes);
+[[nodiscard]] std::wstring FromAnsi(std::string_view strBytes);
 
 /// Text to Windows-1250 bytes; a character that the code page lacks becomes "?". The inverse of
 /// FromAnsi for every byte string.
-std::string ToAnsi(std::wstring_view strText);
+[[nodiscard]] std::string ToAnsi(std::wstring_view strText);
 
 /// UTF-8 to text; a malformed sequence, or a character beyond 16 bits, becomes U+FFFD.
-std::wstring FromUtf8(std::string_view strBytes);
+[[nodiscard]] std::wstring FromUtf8(std::string_view strBytes);
 
 /// Text to UTF-8.
-std::string ToUtf8(std::wstring_view strText);
+[[nodiscard]] std::string ToUtf8(std::wstring_view strText);
 
 /// Text without leading and trailing blanks (character 32 only).
-std::wstring_view TrimBlanks(std::wstring_view strText);
+[[nodiscard]] std::wstring_view TrimBlanks(std::wstring_view strText);
 
 /// Lower and upper case of the Latin letters that Windows-1250 holds; other characters unchanged.
-std::wstring ToLower(std::wstring_view strText);
-std::wstring ToUpper(std::wstring_view strText);
+[[nodiscard]] std::wstring ToLower(std::wstring_view strText);
+[[nodiscard]] std::wstring ToUpper(std::wstring_view strText);
 
 }  // namespace taviro::platform

@@ -26,13 +26,13 @@ struct TextSize {
 };
 
 /// Makes the context and selects the font. Returns false when the system refuses.
-bool CreateMeasureContext(const LogicalFont& Font);
+[[nodiscard]] bool CreateMeasureContext(const LogicalFont& Font);
 
 /// Whether a context exists.
-bool HasMeasureContext();
+[[nodiscard]] bool HasMeasureContext();
 
 /// Size of the text (as Windows-1250 text) in the context's font; 0 x 0 without a context.
-TextSize MeasureInContext(const std::wstring& strText);
+[[nodiscard]] TextSize MeasureInContext(const std::wstring& strText);
 
 /// Deletes the font and the context; nothing happens when there is none.
 void DeleteMeasureContext();

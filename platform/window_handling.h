@@ -14,11 +14,11 @@ namespace taviro::platform {
 
 /// The first top-level window with exactly this title (FindWindowEx without parent and class); 0
 /// when none. An empty title is looked for as such: a window without one.
-WindowHandle FindWindowByTitle(const std::wstring& strTitle);
+[[nodiscard]] WindowHandle FindWindowByTitle(const std::wstring& strTitle);
 
 /// A window's title as GetWindowText leaves it in a buffer of nBufferLength characters, the closing
 /// NUL included: at most one character less. Empty on failure.
-std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength);
+[[nodiscard]] std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength);
 
 inline constexpr WindowHandle INSERT_TOPMOST = UINTPTR_MAX;  ///< above all windows, and stays there
 inline constexpr uint32_t POSITION_FLAG_NOACTIVATE = 16;
@@ -33,15 +33,15 @@ struct WindowPosition {
     uint32_t nFlags = 0;
 };
 /// Returns false when the system refuses.
-bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position);
+[[nodiscard]] bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position);
 
 /// Turns a point of the screen into one of the window's inner area. Returns false, and leaves the
 /// point alone, on failure.
-bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point);
+[[nodiscard]] bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point);
 
 /// A rectangular region; 0 on failure. Whoever made it deletes it.
 using RegionHandle = uintptr_t;
-RegionHandle CreateRectRegion(const ScreenRect& Rect);
+[[nodiscard]] RegionHandle CreateRectRegion(const ScreenRect& Rect);
 void DeleteRegion(RegionHandle hRegion);
 
 // Flags of RedrawWindow.
@@ -52,13 +52,13 @@ inline constexpr uint32_t REDRAW_UPDATE_NOW = 256;
 inline constexpr uint32_t REDRAW_FRAME = 1024;
 
 /// Repaints a part of a window, or of the whole desktop for window 0. Returns false on failure.
-bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect, RegionHandle hRegion,
-                      uint32_t nFlags);
+[[nodiscard]] bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect,
+                                    RegionHandle hRegion, uint32_t nFlags);
 
 /// How many children the window's accessible object has, that of its content (the object of its
 /// frame has the same few parts in every window). Returns false, and leaves nCount alone, when the
 /// window does not say.
-bool AccessibleChildCount(WindowHandle hWindow, int32_t& nCount);
+[[nodiscard]] bool AccessibleChildCount(WindowHandle hWindow, int32_t& nCount);
 
 /// Goes through the children of a window and theirs, hidden ones too, in the system's order, until
 /// Visit returns false. Nothing is visited for window 0.

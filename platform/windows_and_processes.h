@@ -12,15 +12,16 @@ namespace taviro::platform {
 using WindowHandle = uintptr_t;
 
 /// The active window of the foreground thread (GetGUIThreadInfo for thread 0); 0 when it fails.
-WindowHandle ForegroundActiveWindow();
+[[nodiscard]] WindowHandle ForegroundActiveWindow();
 
 /// Process and thread that own a window; both 0 when the window does not exist.
-uint32_t WindowProcess(WindowHandle hWindow);
-uint32_t WindowThread(WindowHandle hWindow);
+[[nodiscard]] uint32_t WindowProcess(WindowHandle hWindow);
+[[nodiscard]] uint32_t WindowThread(WindowHandle hWindow);
 
 /// The top-level window with exactly this title and, when given, class; 0 when none. An empty text
 /// means any.
-WindowHandle FindTopWindow(const std::wstring& strClass, const std::wstring& strTitle);
+[[nodiscard]] WindowHandle FindTopWindow(const std::wstring& strClass,
+                                         const std::wstring& strTitle);
 
 /// A rectangle on the screen in pixels; right and bottom are the first pixels outside.
 struct ScreenRect {
@@ -31,13 +32,13 @@ struct ScreenRect {
 };
 
 /// The whole window with its frame. Returns false, and leaves Rect alone, on failure.
-bool WindowRect(WindowHandle hWindow, ScreenRect& Rect);
+[[nodiscard]] bool WindowRect(WindowHandle hWindow, ScreenRect& Rect);
 
 /// Whether the handle names an existing window.
-bool IsWindowHandle(WindowHandle hWindow);
+[[nodiscard]] bool IsWindowHandle(WindowHandle hWindow);
 
 /// Class name of a window, empty on failure.
-std::wstring WindowClassName(WindowHandle hWindow);
+[[nodiscard]] std::wstring WindowClassName(WindowHandle hWindow);
 
 /// One entry of the process snapshot.
 struct ProcessEntry {
@@ -46,12 +47,12 @@ struct ProcessEntry {
 };
 
 /// All running processes, in the system's order; empty when no snapshot can be taken.
-std::vector<ProcessEntry> SnapshotProcesses();
+[[nodiscard]] std::vector<ProcessEntry> SnapshotProcesses();
 
 /// Joins or parts the input queues of two threads. Returns false on failure.
-bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach);
+[[nodiscard]] bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach);
 
 /// Asks for the foreground. Returns false when the system refuses.
-bool SetForeground(WindowHandle hWindow);
+[[nodiscard]] bool SetForeground(WindowHandle hWindow);
 
 }  // namespace taviro::platform

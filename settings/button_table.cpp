@@ -2,6 +2,7 @@
 #include "settings/button_table.h"
 
 #include "platform/number_text.h"
+#include "platform/unneeded.h"
 #include "vocabulary/button_word.h"
 
 namespace taviro {
@@ -13,7 +14,7 @@ void LoadButton(std::wstring_view strText, ButtonAction& objButton) {
         objButton.Kind = ButtonKind::Mode;
     } else if (const double fNumber = platform::LeadingNumber(strText); fNumber > 0) {
         objButton.Kind = ButtonKind::Code;
-        (void)platform::RoundToInt32(fNumber, objButton.Code);  // too large: the code stays
+        Unneeded(platform::RoundToInt32(fNumber, objButton.Code));  // too large: the code stays
     } else if (strText.empty()) {
         objButton.Kind = ButtonKind::Unassigned;
     } else {

@@ -6,6 +6,7 @@
 
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/unneeded.h"
 #include "settings/button_table.h"
 
 namespace taviro {
@@ -113,7 +114,7 @@ int32_t cSetting::GetInt(std::wstring_view strSection, std::wstring_view strKey,
                          std::wstring_view strDefault) const {
     const bool bFromApp = SectionExists(strSection, objAppSource);
     int32_t nDefault = 0;
-    (void)platform::WholeTextToInt32(strDefault, nDefault);  // the table's texts are numbers
+    Unneeded(platform::WholeTextToInt32(strDefault, nDefault));  // the table's texts are numbers
     return ReadIntFromFile(strSection, strKey, nDefault,
                            bFromApp ? objAppSource : objDefaultSource);
 }
@@ -141,7 +142,8 @@ void cSetting::ReadRow(const Row& objRow) {
     if (objRow.nReadAs == Text) {
         this->*objRow.strText = std::move(strText);
     } else {
-        (void)platform::WholeTextToInt32(strText, this->*objRow.nNumber);  // or it stays as it was
+        Unneeded(
+            platform::WholeTextToInt32(strText, this->*objRow.nNumber));  // or it stays as it was
     }
 }
 
@@ -196,7 +198,7 @@ void cSetting::SaveSetting() {
     }
     const std::string strNew = objFile.Bytes();
     if (bExists && strNew == strOld) return;
-    (void)platform::ReplaceFileBytes(strDefaultPath, strNew);  // a failed save is not reported
+    Unneeded(platform::ReplaceFileBytes(strDefaultPath, strNew));  // a failed save stops nothing
 }
 
 }  // namespace taviro

@@ -28,7 +28,7 @@ class ProgramTest : public ::testing::Test {
     ProgramTest() {
         Desktop = platform::headless::DesktopState{};
         ResetProgram();
-        platform::OpenMainWindow(*forms::FrmMain);
+        EXPECT_TRUE(platform::OpenMainWindow(*forms::FrmMain));
     }
     ~ProgramTest() override { platform::CloseMainWindow(); }
 
@@ -52,7 +52,7 @@ class ProgramTest : public ::testing::Test {
     static void StartAnew() {
         platform::CloseMainWindow();
         ResetProgram();
-        platform::OpenMainWindow(*forms::FrmMain);
+        EXPECT_TRUE(platform::OpenMainWindow(*forms::FrmMain));
     }
 
     /// Settings and data folder without the rest of the start-up.

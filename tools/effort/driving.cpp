@@ -11,6 +11,7 @@
 #include "platform/headless/desktop.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "predictor/letters.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
@@ -61,7 +62,7 @@ void StartProgram(std::string_view strMapFile, const DrivingWay& Way) {
                 });
         };
     }
-    (void)platform::OpenMainWindow(*FrmMain);  // the virtual desktop never refuses
+    Unneeded(platform::OpenMainWindow(*FrmMain));  // the virtual desktop never refuses
     Main();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/headless/desktop.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/cursor_state.h"
 #include "tools/map_cost/typing_cells.h"
 
@@ -103,7 +104,7 @@ TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
     ResetProgram();
     Desktop.Files.Put(USER_DATA + L"data.ini", strMapFile);
     Desktop.Files.Put(USER_DATA + L"setting.ini", SettingsFor(Way));
-    (void)platform::OpenMainWindow(*forms::FrmMain);  // the virtual desktop never refuses
+    Unneeded(platform::OpenMainWindow(*forms::FrmMain));  // the virtual desktop never refuses
     Main();
     // Pressing all keys to find the cells must not disturb the program's own keyboard hook.
     const auto pHook = Desktop.Keyboard.pHook;

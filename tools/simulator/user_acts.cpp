@@ -9,6 +9,7 @@
 #include "platform/headless/desktop.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 #include "tools/simulator/gaps.h"
 #include "tools/simulator/scenario_run.h"
@@ -88,7 +89,7 @@ void StartProgram(ScenarioRun& Run, const Step& Given) {
         return;
     }
     if (Run.bStartedBefore) ResetProgram();
-    (void)platform::OpenMainWindow(*FrmMain);  // the virtual desktop never refuses
+    Unneeded(platform::OpenMainWindow(*FrmMain));  // the virtual desktop never refuses
     BindMainForm();
     Main();
     Run.bProgramRuns = FrmMain->IsLoaded();  // not when another instance runs

@@ -26,7 +26,7 @@ class HeadlessDesktopTest : public ::testing::Test {
   protected:
     HeadlessDesktopTest() {
         Desktop = headless::DesktopState{};
-        OpenMainWindow(Form);
+        EXPECT_TRUE(OpenMainWindow(Form));
         nStart = Desktop.nNow;
     }
     ~HeadlessDesktopTest() override {

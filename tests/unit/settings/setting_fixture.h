@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/headless/desktop.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "settings/button_table.h"
 #include "settings/setting.h"
 
@@ -77,14 +78,14 @@ class SettingTest : public testing::Test {
     static std::string Saved() {
         objSetting.SaveSetting();
         std::string strBytes = "(no file)";
-        (void)platform::ReadFileBytes(strFile, strBytes);
+        Unneeded(platform::ReadFileBytes(strFile, strBytes));
         return strBytes;
     }
 
     /// The text of a key in the file as it is on disk; "(none)" when the key is missing.
     static std::string Stored(const std::string& strSection, const std::string& strKey) {
         std::string strBytes;
-        (void)platform::ReadFileBytes(strFile, strBytes);
+        Unneeded(platform::ReadFileBytes(strFile, strBytes));
         return platform::ToAnsi(IniFile(strBytes).ReadString(
             platform::FromAnsi(strSection), platform::FromAnsi(strKey), L"(none)"));
     }
