@@ -60,6 +60,17 @@ def changes(tmp_path, text, sort):
      "left out", []),
     ("two calls", "void f(); void g(); void h() { f(); g(); }", "exchanged",
      [("f(); g();", "g(); f();")]),
+    ("not two that the compiler resets alike", "struct S { int n = 0; }; struct T { S a, b; }; "
+     "void f(T* t) { t->a = {}; t->b = {}; }", "exchanged", []),
+    ("not two handlers", "#include <functional>\nstruct S { std::function<void()> A, B; }; void g(); "
+     "void f(S& s) { s.A = [] { g(); }; s.B = g; }", "exchanged", []),
+    ("two whose assignment may do something", "struct P { P& operator=(int); }; "
+     "void f(P& a, P& b) { a = 1; b = 2; }", "exchanged", [("a = 1; b = 2;", "b = 2; a = 1;")]),
+    ("not two cases of one value", "void g(); void h(); "
+     "void f(const int n) { if (n == 1) g(); if (n == 2) h(); }", "exchanged", []),
+    ("two cases of a value that may change", "void g(); void h(int&); "
+     "void f(int n) { if (n == 1) h(n); if (n == 2) g(); }", "exchanged",
+     [("if (n == 1) h(n); if (n == 2) g();", "if (n == 2) g(); if (n == 1) h(n);")]),
     ("what returns an empty value", "struct S {}; void f(); S g(bool a) { if (a) return {}; f(); "
      "return {}; }", "exchanged", [("if (a) return {}; f();", "f(); if (a) return {};")]),
     ("not two assignments that know nothing of each other",

@@ -8,7 +8,7 @@ from clang import cindex
 
 import literals
 from breaks import Break, give_ids
-from source_text import SourceText
+from source_text import SourceText, is_foreign
 from statements import Statements
 
 Kind = cindex.CursorKind
@@ -222,7 +222,7 @@ class Finder(Statements):
         if used is None or used.kind != Kind.ENUM_CONSTANT_DECL:
             return
         place = used.location.file
-        if place is None or place.name.startswith("/usr/"):
+        if place is None or is_foreign(place.name):
             return
         names = [item.spelling for item in used.semantic_parent.get_children()
                  if item.kind == Kind.ENUM_CONSTANT_DECL]

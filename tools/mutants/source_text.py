@@ -9,6 +9,11 @@ _MASKED = re.compile(rb'//[^\n]*|/\*.*?\*/|R"\((?:.|\n)*?\)"|"(?:\\.|[^"\\\n])*"
 _OPENING = {b"(": b")", b"[": b"]", b"{": b"}"}
 
 
+def is_foreign(path):
+    """Whether a header belongs to the compiler or its library."""
+    return bool(re.search(r"^/usr/|/lib/gcc/|/include/c\+\+/", path))
+
+
 class SourceText:
     def __init__(self, data):
         self.data = data
