@@ -16,6 +16,24 @@ namespace taviro::forms {
 
 class Form;
 
+/// What a control is. A view that tells controls apart does so by a switch over all of these, so
+/// that the compiler finds the one that forgets a new kind.
+enum class ControlKind {
+    Form,  ///< the form's own control
+    Label,
+    TextBox,
+    ListBox,
+    Timer,
+    MenuEntry,
+    // Only dialogs have these.
+    CheckBox,
+    OptionGroup,
+    ComboBox,
+    ScrollBar,
+    Button,
+    GroupFrame,
+};
+
 /// What every control has.
 class Control {
   public:
@@ -24,6 +42,9 @@ class Control {
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
+
+    /// The class of the object: a control of this kind can be cast to the class of that name.
+    [[nodiscard]] virtual ControlKind Kind() const = 0;
 
     const std::wstring strName;
     const int32_t nId;
@@ -74,6 +95,7 @@ enum class MouseButton : int32_t { Left = 1, Right = 2 };
 class Label : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::Label; }
     Property<std::wstring> Caption{*this, Aspect::Text};
     Property<uint32_t> BackColour{*this, Aspect::Look, COLOUR_SYSTEM};  ///< 0xBBGGRR
     Property<uint32_t> TextColour{*this, Aspect::Look, COLOUR_SYSTEM};
@@ -86,6 +108,7 @@ class Label : public Control {
 class TextBox : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::TextBox; }
     Property<std::wstring> Text{*this, Aspect::Text};
     std::function<void()> OnChange;
     std::function<void()> OnGotFocus;
@@ -104,6 +127,7 @@ class TextBox : public Control {
 class ListBox : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::ListBox; }
     Property<std::vector<std::wstring>> Items{*this, Aspect::Items};
     Property<int32_t> ListIndex{*this, Aspect::Selection, -1};
     std::function<void()> OnClick;
@@ -130,6 +154,7 @@ class ListBox : public Control {
 class Timer : public Control {
   public:
     Timer(Form& Parent, std::wstring strControlName, int32_t nInterval);
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::Timer; }
     Property<int32_t> Interval{*this, Aspect::Timing};
     std::function<void()> OnTimer;
 
@@ -147,6 +172,7 @@ class Timer : public Control {
 class MenuEntry : public Control {
   public:
     MenuEntry(Form& Parent, std::wstring strControlName, const std::wstring& strCaption);
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::MenuEntry; }
     Property<std::wstring> Caption{*this, Aspect::Text};
     Property<bool> Checked{*this, Aspect::Checked};
     std::vector<MenuEntry*> Entries;  ///< a group's entries, in their order

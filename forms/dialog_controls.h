@@ -15,6 +15,7 @@ namespace taviro::forms {
 class CheckBox : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::CheckBox; }
     Property<bool> Value{*this, Aspect::Checked};
     std::function<void()> OnClick;
 
@@ -33,6 +34,7 @@ class OptionGroup : public Control {
   public:
     OptionGroup(Form& Parent, std::wstring strControlName, int32_t nControlId, int32_t nItemCount)
         : Control(Parent, std::move(strControlName), nControlId), nItems(nItemCount) {}
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::OptionGroup; }
 
     const int32_t nItems;
     Property<int32_t> Selected{*this, Aspect::Selection, -1};  ///< -1: none
@@ -49,6 +51,7 @@ class OptionGroup : public Control {
 class ComboBox : public ListBox {
   public:
     using ListBox::ListBox;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::ComboBox; }
 };
 
 /// A horizontal bar whose position the user moves.
@@ -59,6 +62,7 @@ class ScrollBar : public Control {
         : Control(Parent, std::move(strControlName), nControlId), nMin(nLeast), nMax(nMost) {
         Value = nLeast;
     }
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::ScrollBar; }
 
     const int32_t nMin;
     const int32_t nMax;
@@ -76,6 +80,7 @@ class ScrollBar : public Control {
 class Button : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::Button; }
     Property<std::wstring> Caption{*this, Aspect::Text};
     std::function<void()> OnClick;
 
@@ -88,6 +93,7 @@ class Button : public Control {
 class GroupFrame : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::GroupFrame; }
     Property<std::wstring> Caption{*this, Aspect::Text};
 };
 

@@ -6,6 +6,7 @@ namespace taviro::forms {
 class Form::Frame : public Control {
   public:
     using Control::Control;
+    [[nodiscard]] ControlKind Kind() const override { return ControlKind::Form; }
 };
 
 Form::Form(std::wstring strFormName)

@@ -8,6 +8,7 @@
 
 namespace taviro::platform {
 
+using forms::ControlKind;
 using headless::Desktop;
 
 namespace {
@@ -20,15 +21,32 @@ void ShowOrHide(forms::Form& Form, const std::string& strName) {
     if (Form.OnActivate) Form.OnActivate();
 }
 
+void ShowChange(forms::Form& Form, forms::Control& Changed, forms::Aspect nAspect) {
+    switch (Changed.Kind()) {
+        case ControlKind::Timer:
+            return Desktop.WatchTimer(static_cast<forms::Timer&>(Changed));
+        case ControlKind::Form:
+            if (nAspect != forms::Aspect::Visibility) return;
+            return ShowOrHide(Form, ToUtf8(Changed.strName));
+        case ControlKind::Label:
+        case ControlKind::TextBox:
+        case ControlKind::ListBox:
+        case ControlKind::MenuEntry:
+        case ControlKind::CheckBox:
+        case ControlKind::OptionGroup:
+        case ControlKind::ComboBox:
+        case ControlKind::ScrollBar:
+        case ControlKind::Button:
+        case ControlKind::GroupFrame:
+            return;  // a test reads the model
+    }
+}
+
 }  // namespace
 
 void AttachDialog(forms::Form& Form) {
     Form.OnShowChange = [&Form](forms::Control& Changed, forms::Aspect nAspect) {
-        if (auto* pTimer = dynamic_cast<forms::Timer*>(&Changed)) {
-            Desktop.WatchTimer(*pTimer);
-        } else if (Form.IsFrame(Changed) && nAspect == forms::Aspect::Visibility) {
-            ShowOrHide(Form, ToUtf8(Changed.strName));
-        }
+        ShowChange(Form, Changed, nAspect);
     };
     Form.OnRunModal = [&Form] {
         ++Desktop.nInnerLoops;

@@ -8,6 +8,7 @@
 
 namespace taviro::platform {
 
+using forms::ControlKind;
 using headless::Desktop;
 
 namespace {
@@ -20,10 +21,7 @@ void FitInside(forms::MainForm& Form) {
     Form.SetScale(Form.Width / TwipsPerPixelX(), Form.Height / TwipsPerPixelY() - nAround);
 }
 
-void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect) {
-    if (&Changed == &Form.Timer1) return Desktop.WatchTimer(Form.Timer1);
-    if (&Changed == &Form.ScanTimer) return Desktop.WatchTimer(Form.ScanTimer);
-    if (!Form.IsFrame(Changed)) return;
+void ShowFrame(forms::MainForm& Form, forms::Aspect nAspect) {
     if (nAspect == forms::Aspect::Geometry) FitInside(Form);
     if (nAspect == forms::Aspect::Text) Desktop.Record("caption " + ToUtf8(Form.Caption.Get()));
     if (nAspect == forms::Aspect::State) {
@@ -32,6 +30,26 @@ void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect)
     }
     if (nAspect == forms::Aspect::Visibility) {
         Desktop.Record(Form.Visible ? "main window shown" : "main window hidden");
+    }
+}
+
+void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect) {
+    switch (Changed.Kind()) {
+        case ControlKind::Timer:
+            return Desktop.WatchTimer(static_cast<forms::Timer&>(Changed));
+        case ControlKind::Form:
+            return ShowFrame(Form, nAspect);
+        case ControlKind::Label:
+        case ControlKind::TextBox:
+        case ControlKind::ListBox:
+        case ControlKind::MenuEntry:
+        case ControlKind::CheckBox:
+        case ControlKind::OptionGroup:
+        case ControlKind::ComboBox:
+        case ControlKind::ScrollBar:
+        case ControlKind::Button:
+        case ControlKind::GroupFrame:
+            return;  // a test reads the model
     }
 }
 

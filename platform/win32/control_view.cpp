@@ -13,6 +13,7 @@ namespace taviro::platform::win32 {
 namespace {
 
 using forms::Aspect;
+using forms::ControlKind;
 
 constexpr int32_t SCROLL_LINE = 1;
 constexpr int32_t SCROLL_PAGE = 10;
@@ -25,7 +26,7 @@ constexpr ListMessages LIST_BOX{LB_RESETCONTENT, LB_ADDSTRING, LB_GETCURSEL, LB_
 constexpr ListMessages COMBO_BOX{CB_RESETCONTENT, CB_ADDSTRING, CB_GETCURSEL, CB_SETCURSEL};
 
 const ListMessages& MessagesOf(const forms::ListBox& List) {
-    return dynamic_cast<const forms::ComboBox*>(&List) != nullptr ? COMBO_BOX : LIST_BOX;
+    return List.Kind() == ControlKind::ComboBox ? COMBO_BOX : LIST_BOX;
 }
 
 void PushSelection(HWND hList, const forms::ListBox& List) {
@@ -78,6 +79,11 @@ void PushBar(HWND hBar, const forms::ScrollBar& Bar) {
     SetScrollInfo(hBar, SB_CTL, &Info, TRUE);  // returns the position
 }
 
+void PushCheck(HWND hDialog, const forms::CheckBox& Check) {
+    OrReport(CheckDlgButton(hDialog, Check.nId, Check.Value ? BST_CHECKED : BST_UNCHECKED),
+             "CheckDlgButton(check box)");
+}
+
 void PushGroup(HWND hDialog, const forms::OptionGroup& Group) {
     for (int i = 0; i < Group.nItems; ++i) {
         const UINT nCheck = i == Group.Selected ? BST_CHECKED : BST_UNCHECKED;
@@ -91,12 +97,31 @@ void PushGroup(HWND hDialog, const forms::OptionGroup& Group) {
     SetWindowLongPtrW(hFirst, GWL_STYLE, nStyle | WS_TABSTOP);  // returns the earlier style
 }
 
-/// Runs for the window of a control, or for each window of an option group.
+/// How many windows show the control; their numbers follow each other.
+int WindowCount(const forms::Control& Model) {
+    switch (Model.Kind()) {
+        case ControlKind::OptionGroup:
+            return static_cast<const forms::OptionGroup&>(Model).nItems;
+        case ControlKind::Label:
+        case ControlKind::TextBox:
+        case ControlKind::ListBox:
+        case ControlKind::CheckBox:
+        case ControlKind::ComboBox:
+        case ControlKind::ScrollBar:
+        case ControlKind::Button:
+        case ControlKind::GroupFrame:
+            return 1;
+        case ControlKind::Form:
+        case ControlKind::Timer:
+        case ControlKind::MenuEntry:
+            return 0;
+    }
+    return 0;
+}
+
 template <class Act>
 void ForWindows(HWND hDialog, const forms::Control& Model, Act Run) {
-    const auto* pGroup = dynamic_cast<const forms::OptionGroup*>(&Model);
-    const int nCount = pGroup == nullptr ? 1 : pGroup->nItems;
-    for (int i = 0; i < nCount; ++i) {
+    for (int i = 0; i < WindowCount(Model); ++i) {
         const HWND hControl = GetDlgItem(hDialog, Model.nId + i);
         if (hControl != nullptr) Run(hControl);
     }
@@ -124,23 +149,30 @@ void PushVisible(HWND hDialog, const forms::Control& Changed) {
 void PushContent(HWND hDialog, const forms::Control& Changed, bool bItems) {
     const HWND hControl = GetDlgItem(hDialog, Changed.nId);
     if (hControl == nullptr) return;
-    if (const auto* pLabel = dynamic_cast<const forms::Label*>(&Changed)) {
-        PushCaption(hControl, pLabel->Caption);
-    } else if (const auto* pButton = dynamic_cast<const forms::Button*>(&Changed)) {
-        PushCaption(hControl, pButton->Caption);
-    } else if (const auto* pFrame = dynamic_cast<const forms::GroupFrame*>(&Changed)) {
-        PushCaption(hControl, pFrame->Caption);
-    } else if (const auto* pBox = dynamic_cast<const forms::TextBox*>(&Changed)) {
-        PushText(hControl, pBox->Text);
-    } else if (const auto* pCheck = dynamic_cast<const forms::CheckBox*>(&Changed)) {
-        OrReport(CheckDlgButton(hDialog, Changed.nId, pCheck->Value ? BST_CHECKED : BST_UNCHECKED),
-                 "CheckDlgButton(check box)");
-    } else if (const auto* pGroup = dynamic_cast<const forms::OptionGroup*>(&Changed)) {
-        PushGroup(hDialog, *pGroup);
-    } else if (const auto* pList = dynamic_cast<const forms::ListBox*>(&Changed)) {
-        bItems ? PushItems(hControl, *pList) : PushSelection(hControl, *pList);
-    } else if (const auto* pBar = dynamic_cast<const forms::ScrollBar*>(&Changed)) {
-        PushBar(hControl, *pBar);
+    switch (Changed.Kind()) {
+        case ControlKind::Label:
+            return PushCaption(hControl, static_cast<const forms::Label&>(Changed).Caption);
+        case ControlKind::Button:
+            return PushCaption(hControl, static_cast<const forms::Button&>(Changed).Caption);
+        case ControlKind::GroupFrame:
+            return PushCaption(hControl, static_cast<const forms::GroupFrame&>(Changed).Caption);
+        case ControlKind::TextBox:
+            return PushText(hControl, static_cast<const forms::TextBox&>(Changed).Text);
+        case ControlKind::CheckBox:
+            return PushCheck(hDialog, static_cast<const forms::CheckBox&>(Changed));
+        case ControlKind::OptionGroup:
+            return PushGroup(hDialog, static_cast<const forms::OptionGroup&>(Changed));
+        case ControlKind::ListBox:
+        case ControlKind::ComboBox: {
+            const auto& List = static_cast<const forms::ListBox&>(Changed);
+            return bItems ? PushItems(hControl, List) : PushSelection(hControl, List);
+        }
+        case ControlKind::ScrollBar:
+            return PushBar(hControl, static_cast<const forms::ScrollBar&>(Changed));
+        case ControlKind::Form:
+        case ControlKind::Timer:
+        case ControlKind::MenuEntry:
+            return;  // have no window in the dialog
     }
 }
 
@@ -189,26 +221,36 @@ void PullGeometry(HWND hDialog, forms::Control& Placed) {
 }
 
 bool HasId(const forms::Control& Model, int nId) {
-    const auto* pGroup = dynamic_cast<const forms::OptionGroup*>(&Model);
-    const int nCount = pGroup == nullptr ? 1 : pGroup->nItems;
-    return Model.nId != 0 && nId >= Model.nId && nId < Model.nId + nCount;
+    return Model.nId != 0 && nId >= Model.nId && nId < Model.nId + WindowCount(Model);
 }
 
 void OnNotification(HWND hDialog, forms::Control& Model, int nId, WORD nCode) {
     const HWND hControl = GetDlgItem(hDialog, nId);
-    if (auto* pBox = dynamic_cast<forms::TextBox*>(&Model)) {
-        return OnEditNotification(hControl, *pBox, nCode);
-    }
-    if (auto* pList = dynamic_cast<forms::ListBox*>(&Model)) {
-        return OnListNotification(hControl, *pList, nCode);
-    }
-    if (nCode != BN_CLICKED) return;
-    if (auto* pButton = dynamic_cast<forms::Button*>(&Model)) {
-        pButton->Click();
-    } else if (auto* pCheck = dynamic_cast<forms::CheckBox*>(&Model)) {
-        pCheck->Value = IsDlgButtonChecked(hDialog, nId) == BST_CHECKED;
-    } else if (auto* pGroup = dynamic_cast<forms::OptionGroup*>(&Model)) {
-        if (IsDlgButtonChecked(hDialog, nId) == BST_CHECKED) pGroup->Choose(nId - pGroup->nId);
+    const auto IsChecked = [=] { return IsDlgButtonChecked(hDialog, nId) == BST_CHECKED; };
+    switch (Model.Kind()) {
+        case ControlKind::TextBox:
+            return OnEditNotification(hControl, static_cast<forms::TextBox&>(Model), nCode);
+        case ControlKind::ListBox:
+        case ControlKind::ComboBox:
+            return OnListNotification(hControl, static_cast<forms::ListBox&>(Model), nCode);
+        case ControlKind::Button:
+            if (nCode == BN_CLICKED) static_cast<forms::Button&>(Model).Click();
+            return;
+        case ControlKind::CheckBox:
+            if (nCode == BN_CLICKED) static_cast<forms::CheckBox&>(Model).Value = IsChecked();
+            return;
+        case ControlKind::OptionGroup:
+            if (nCode == BN_CLICKED && IsChecked()) {
+                static_cast<forms::OptionGroup&>(Model).Choose(nId - Model.nId);
+            }
+            return;
+        case ControlKind::Form:
+        case ControlKind::Label:
+        case ControlKind::Timer:
+        case ControlKind::MenuEntry:
+        case ControlKind::ScrollBar:  // tells of itself by scrolling
+        case ControlKind::GroupFrame:
+            return;
     }
 }
 

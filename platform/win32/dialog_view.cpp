@@ -74,8 +74,9 @@ void DialogView::OnInit() {
     int32_t nTimerId = 0;
     m_Timers.clear();
     for (forms::Control* pControl : m_Form.Controls()) {
-        if (auto* pTimer = dynamic_cast<forms::Timer*>(pControl)) {
-            m_Timers.emplace_back(*pTimer, static_cast<UINT_PTR>(++nTimerId));
+        if (pControl->Kind() == forms::ControlKind::Timer) {
+            m_Timers.emplace_back(static_cast<forms::Timer&>(*pControl),
+                                  static_cast<UINT_PTR>(++nTimerId));
         } else if (pControl->nId != 0) {
             PullGeometry(m_hWindow, *pControl);
             PushControl(m_hWindow, *pControl);
@@ -117,8 +118,10 @@ bool DialogView::Handle(UINT nMessage, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_HSCROLL: {
             const HWND hBar = reinterpret_cast<HWND>(lParam);
-            auto* pBar = dynamic_cast<forms::ScrollBar*>(ControlOf(GetDlgCtrlID(hBar)));
-            if (pBar != nullptr) OnScroll(m_hWindow, *pBar, LOWORD(wParam));
+            forms::Control* pBar = ControlOf(GetDlgCtrlID(hBar));
+            if (pBar != nullptr && pBar->Kind() == forms::ControlKind::ScrollBar) {
+                OnScroll(m_hWindow, static_cast<forms::ScrollBar&>(*pBar), LOWORD(wParam));
+            }
             return true;
         }
         case WM_TIMER:

@@ -144,23 +144,38 @@ void RepaintLater(const forms::Label& Changed) {
     }
 }
 
+void PushTimer(const forms::Control& Changed) {
+    for (win32::TimerView& Timer : View->Timers) {
+        if (&Timer.Model() == &Changed) Timer.Push(View->hWindow);
+    }
+}
+
 void OnShowChange(forms::Control& Changed, Aspect nAspect) {
     if (!View || View->hWindow == nullptr) return;
-    if (View->Form.IsFrame(Changed)) return PushFrame(nAspect);
-    if (&Changed == &View->Form.Label2) return;  // transparent: nothing to see
-    if (const auto* pLabel = dynamic_cast<const forms::Label*>(&Changed)) {
-        return RepaintLater(*pLabel);
+    switch (Changed.Kind()) {
+        case forms::ControlKind::Form:
+            return PushFrame(nAspect);
+        case forms::ControlKind::Label:
+            if (&Changed == &View->Form.Label2) return;  // transparent: nothing to see
+            return RepaintLater(static_cast<const forms::Label&>(Changed));
+        case forms::ControlKind::MenuEntry:
+            View->Menu.Push(static_cast<const forms::MenuEntry&>(Changed));
+            // Only the bar itself is ever on screen here.
+            OrReport(DrawMenuBar(View->hWindow), "DrawMenuBar");
+            return;
+        case forms::ControlKind::Timer:
+            return PushTimer(Changed);
+        case forms::ControlKind::TextBox:
+        case forms::ControlKind::ListBox:
+            return View->Children.Push(Changed);
+        case forms::ControlKind::CheckBox:
+        case forms::ControlKind::OptionGroup:
+        case forms::ControlKind::ComboBox:
+        case forms::ControlKind::ScrollBar:
+        case forms::ControlKind::Button:
+        case forms::ControlKind::GroupFrame:
+            return;  // the main window has none
     }
-    if (const auto* pEntry = dynamic_cast<const forms::MenuEntry*>(&Changed)) {
-        View->Menu.Push(*pEntry);
-        // Only the bar itself is ever on screen here.
-        OrReport(DrawMenuBar(View->hWindow), "DrawMenuBar");
-        return;
-    }
-    for (win32::TimerView& Timer : View->Timers) {
-        if (&Timer.Model() == &Changed) return Timer.Push(View->hWindow);
-    }
-    View->Children.Push(Changed);
 }
 
 // From the window to the form.

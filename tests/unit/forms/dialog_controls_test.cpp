@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "platform/dialogs.h"
 #include "platform/headless/desktop.h"
+#include "platform/text.h"
 
 namespace taviro::forms {
 namespace {
@@ -128,6 +129,24 @@ TEST_F(DialogControlsTest, Controls_StandInTheOrderOfTheirMaking) {
     EXPECT_EQ(Names, (std::vector<std::wstring>{L"frmTest", L"chkBox", L"optKind", L"cmbSize",
                                                 L"barRate", L"cmdOK", L"txtName", L"tmrTick"}));
     EXPECT_TRUE(Form.IsFrame(*Form.Controls().front()));
+}
+
+// Views cast by it.
+TEST_F(DialogControlsTest, Kind_IsThatOfTheClass) {
+    Label lblName(Form, L"lblName");
+    GroupFrame fraGroup(Form, L"fraGroup");
+    ListBox lstWords(Form, L"lstWords");
+    MenuEntry mnuEnd(Form, L"mnuEnd", L"Konec");
+    const std::vector<std::pair<const Control*, ControlKind>> Kinds{
+        {Form.Controls().front(), ControlKind::Form}, {&lblName, ControlKind::Label},
+        {&Form.txtName, ControlKind::TextBox},        {&lstWords, ControlKind::ListBox},
+        {&Form.tmrTick, ControlKind::Timer},          {&mnuEnd, ControlKind::MenuEntry},
+        {&Form.chkBox, ControlKind::CheckBox},        {&Form.optKind, ControlKind::OptionGroup},
+        {&Form.cmbSize, ControlKind::ComboBox},       {&Form.barRate, ControlKind::ScrollBar},
+        {&Form.cmdOK, ControlKind::Button},           {&fraGroup, ControlKind::GroupFrame},
+    };
+    for (const auto& [pControl, nKind] : Kinds)
+        EXPECT_EQ(pControl->Kind(), nKind) << platform::ToUtf8(pControl->strName);
 }
 
 TEST_F(DialogControlsTest, Dialog_TellsLayoutAndActivation_WhenShown) {
