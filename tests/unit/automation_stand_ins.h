@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/headless/desktop.h"
+#include "platform/headless/voice.h"
 #include "platform/text.h"
 
 namespace taviro {
@@ -67,113 +68,27 @@ inline void InstallRecorder(const std::wstring& strProgId, const std::string& st
     };
 }
 
-/// What the stand-in of the speech engine knows and was told.
-struct EngineState {
-    std::vector<std::wstring> Voices{L"Jana", L"Zuzana", L"Iveta"};
-    int32_t nRate = 0;
-    int32_t nVolume = 100;
-    int nVoiceLists = 0;  ///< how often the voices were asked for
-    bool bListFails = false;
-    int32_t nBrokenToken = -1;  ///< position of a voice that cannot be asked for its name
-};
-
-namespace stand_ins {
-
-inline bool IsText(const AutomationArgument& Argument, const std::wstring& strWanted) {
-    const auto* pText = std::get_if<std::wstring>(&Argument.Value);
-    return pText != nullptr && *pText == strWanted;
-}
-
-inline AutomationObject MakeToken(const std::wstring& strDescription) {
-    return platform::headless::MakeObject(
-        [strDescription](MemberUse nUse, const std::wstring& strMember,
-                         std::span<AutomationArgument> All, AutomationValue& Result) {
-            if (nUse != MemberUse::Method || strMember != L"GetDescription") return false;
-            if (All.size() != 1 || All[0].Value != AutomationValue{int32_t{0}}) return false;
-            Result = strDescription;
-            return true;
-        });
-}
-
-inline AutomationObject MakeVoices(const std::shared_ptr<EngineState>& pEngine) {
-    return platform::headless::MakeObject([pEngine](MemberUse nUse, const std::wstring& strMember,
-                                                    std::span<AutomationArgument> All,
-                                                    AutomationValue& Result) {
-        if (nUse == MemberUse::Get && strMember == L"Count") {
-            Result = static_cast<int32_t>(pEngine->Voices.size());
-            return true;
-        }
-        if (nUse != MemberUse::Method || strMember != L"Item" || All.size() != 1) return false;
-        const auto* pIndex = std::get_if<int32_t>(&All[0].Value);
-        if (pIndex == nullptr || *pIndex < 0) return false;
-        const auto nIndex = static_cast<size_t>(*pIndex);
-        if (nIndex >= pEngine->Voices.size()) return false;
-        Result =
-            *pIndex == pEngine->nBrokenToken
-                ? platform::headless::MakeObject([](auto, auto&, auto, auto&) { return false; })
-                : MakeToken(pEngine->Voices[nIndex]);
-        return true;
-    });
-}
-
-inline bool CallEngine(const std::shared_ptr<EngineState>& pEngine, const std::wstring& strMember,
-                       std::span<AutomationArgument> All, AutomationValue& Result) {
-    if (strMember == L"Speak" && All.size() == 2) {
-        platform::headless::Desktop.Record("Speak " + ArgumentText(All[0]) + " flags " +
-                                           ArgumentText(All[1]));
-        return true;
-    }
-    if (strMember != L"GetVoices" || All.size() != 2 || pEngine->bListFails) return false;
-    if (!IsText(All[0], L"") || !IsText(All[1], L"")) return false;
-    ++pEngine->nVoiceLists;
-    Result = MakeVoices(pEngine);
-    return true;
-}
-
-inline bool PutEngine(EngineState& Engine, const std::wstring& strProperty,
-                      const AutomationArgument& Value) {
-    using platform::headless::Desktop;
-    if (strProperty == L"Voice") {
-        const auto* pToken = std::get_if<AutomationObject>(&Value.Value);
-        AutomationArgument Locale{.Value = int32_t{0}};
-        AutomationValue Description;
-        if (pToken == nullptr) return false;
-        if (!platform::CallMethod(*pToken, L"GetDescription", {&Locale, 1}, Description)) {
-            return false;
-        }
-        Desktop.Record("Voice = " + ArgumentText({.Value = Description}));
-        return true;
-    }
-    const auto* pNumber = std::get_if<int32_t>(&Value.Value);
-    if (pNumber == nullptr) return false;
-    if (strProperty == L"Rate") Engine.nRate = *pNumber;
-    if (strProperty == L"Volume") Engine.nVolume = *pNumber;
-    Desktop.Record(platform::ToUtf8(strProperty) + " = " + std::to_string(*pNumber));
-    return true;
-}
-
-}  // namespace stand_ins
+using EngineState = platform::headless::VirtualVoice;
 
 /// Registers the speech engine. Its utterances, and the voice, rate and volume that it was given,
 /// stand in the transcript.
 inline std::shared_ptr<EngineState> InstallEngine() {
     using platform::headless::Desktop;
     auto pEngine = std::make_shared<EngineState>();
-    Desktop.Classes[L"SAPI.SpVoice"] = [pEngine] {
+    pEngine->Voices = {L"Jana", L"Zuzana", L"Iveta"};
+    pEngine->OnSpeak = [](const AutomationArgument& Text, const AutomationArgument& Flags) {
+        Desktop.Record("Speak " + ArgumentText(Text) + " flags " + ArgumentText(Flags));
+    };
+    pEngine->OnPut = [](const std::wstring& strProperty, const AutomationValue& Value) {
+        Desktop.Record(platform::ToUtf8(strProperty) + " = " + ArgumentText({.Value = Value}));
+    };
+    Desktop.Classes[platform::headless::VOICE_CLASS] = [pEngine] {
         Desktop.Record("engine created");
         auto pNote = std::make_shared<ReleaseNote>("engine");
         return platform::headless::MakeObject(
             [pEngine, pNote](MemberUse nUse, const std::wstring& strMember,
                              std::span<AutomationArgument> All, AutomationValue& Result) {
-                if (nUse == MemberUse::Method) {
-                    return stand_ins::CallEngine(pEngine, strMember, All, Result);
-                }
-                if (nUse == MemberUse::Put) {
-                    return stand_ins::PutEngine(*pEngine, strMember, All[0]);
-                }
-                if (strMember == L"Rate") Result = pEngine->nRate;
-                if (strMember == L"Volume") Result = pEngine->nVolume;
-                return strMember == L"Rate" || strMember == L"Volume";
+                return UseVoice(pEngine, nUse, strMember, All, Result);
             });
     };
     return pEngine;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The fixture of every test that needs the program: a fresh virtual desktop, a fresh program, and
-// verbs for what a user does.
+// The fixture of every test that needs the program: a fresh virtual desktop with its user, and a
+// fresh program.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,6 +11,7 @@
 #include "core/startup.h"
 #include "maps/map_grid.h"
 #include "platform/headless/desktop.h"
+#include "platform/headless/user.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "settings/setting.h"
@@ -18,7 +19,16 @@
 
 namespace taviro {
 
+using platform::headless::CentreStick;
 using platform::headless::Desktop;
+using platform::headless::PressButton;
+using platform::headless::ReleaseButtons;
+using platform::headless::Ticks;
+using platform::headless::TiltDown;
+using platform::headless::TiltLeft;
+using platform::headless::TiltRight;
+using platform::headless::TiltStick;
+using platform::headless::TiltUp;
 
 inline const std::wstring DATA_PATH =
     L"C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro";
@@ -79,41 +89,5 @@ class ProgramTest : public ::testing::Test {
         }
     }
 };
-
-/// The joystick in the user's hand. Short of the very corner: a device that reports both axes at 0
-/// counts as absent.
-inline constexpr int32_t TILT = 30000;
-inline void TiltStick(int32_t nRight, int32_t nDown) {
-    Desktop.Joystick.nX = static_cast<uint32_t>(32767 + nRight * TILT);
-    Desktop.Joystick.nY = static_cast<uint32_t>(32767 + nDown * TILT);
-}
-inline void TiltRight() {
-    TiltStick(1, 0);
-}
-inline void TiltLeft() {
-    TiltStick(-1, 0);
-}
-inline void TiltDown() {
-    TiltStick(0, 1);
-}
-inline void TiltUp() {
-    TiltStick(0, -1);
-}
-inline void CentreStick() {
-    TiltStick(0, 0);
-}
-inline void PressButton(int nButton) {
-    Desktop.Joystick.nButtons |= 1U << nButton;
-}
-inline void ReleaseButtons() {
-    Desktop.Joystick.nButtons = 0;
-}
-
-/// Lets that many ticks of the poll loop run, each at its time. A scan step that is due meanwhile
-/// runs as well.
-inline void Ticks(int nCount = 1) {
-    for (int n = 0; n < nCount; ++n)
-        Desktop.RunFor(forms::POLL_INTERVAL_MS);
-}
 
 }  // namespace taviro

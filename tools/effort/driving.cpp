@@ -9,6 +9,7 @@
 #include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/headless/desktop.h"
+#include "platform/headless/user.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
@@ -25,9 +26,7 @@ namespace {
 using forms::FrmMain;
 using platform::headless::Desktop;
 
-constexpr uint32_t TICK_MS = 100;  // the program looks at the stick so often
-constexpr uint32_t CENTRE = 32767;
-constexpr uint32_t TILT = 30000;
+constexpr uint32_t TICK_MS = forms::POLL_INTERVAL_MS;
 constexpr int ACTION_BUTTON = 0;
 constexpr int MODE_BUTTON = 1;
 constexpr uint32_t SCAN_STEP_MS = 1000;
@@ -98,19 +97,12 @@ int32_t ColumnDistance(int32_t nFrom, CellPlace To) {
 }
 
 void Driver::Tilt(int32_t nRight, int32_t nDown) {
-    Desktop.Joystick.nX = CENTRE + static_cast<uint32_t>(nRight) * TILT;
-    Desktop.Joystick.nY = CENTRE + static_cast<uint32_t>(nDown) * TILT;
-    Desktop.RunFor(TICK_MS);
-    Desktop.Joystick.nX = Desktop.Joystick.nY = CENTRE;
-    Desktop.RunFor(TICK_MS);
+    platform::headless::NudgeStick(nRight, nDown);
     ++Spent.nMoves;
 }
 
 void Driver::Press(int nButton) {
-    Desktop.Joystick.nButtons = 1U << nButton;
-    Desktop.RunFor(TICK_MS);
-    Desktop.Joystick.nButtons = 0;
-    Desktop.RunFor(TICK_MS);
+    platform::headless::PushButton(nButton);
     ++Spent.nPresses;
 }
 
@@ -127,7 +119,7 @@ void Driver::ScanTo(CellPlace Place) {
     Press(ACTION_BUTTON);
     for (int n = 0; n < LONGEST_SCAN; ++n) {
         if (Cursor.nColumn == Place.nColumn && Cursor.nRow == Place.nRow) return;
-        Desktop.RunFor(TICK_MS);
+        platform::headless::Ticks();
     }
     Spent.strError = "the scan does not reach a cell";
 }

@@ -5,6 +5,7 @@
 #include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/headless/desktop.h"
+#include "platform/headless/user.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
@@ -16,12 +17,10 @@ namespace taviro::map_cost {
 namespace {
 
 using platform::headless::Desktop;
+using platform::headless::PushButton;
 
-constexpr uint32_t LOOK_MS = 100;  // the program looks at the joystick so often
-constexpr uint32_t CENTRE = 32767;
-constexpr uint32_t TILT = 30000;
-constexpr uint32_t ACTION_BUTTON = 1U << 0;
-constexpr uint32_t MODE_BUTTON = 1U << 1;
+constexpr int ACTION_BUTTON = 0;
+constexpr int MODE_BUTTON = 1;
 constexpr int LONGEST_SCAN = 8000;  // looks: a scan that takes longer goes astray
 
 const std::wstring USER_DATA =
@@ -44,7 +43,6 @@ class User {
   public:
     User(const MapGrid& Grid, const TypingWay& Way) : m_Way(Way), m_Routes(Grid, Way.Edges) {}
 
-    void Press(uint32_t nButton);
     void Choose(CellPlace Wanted);
     TypingCost Spent;
 
@@ -57,27 +55,16 @@ class User {
 };
 
 void User::Tilt(Step Next) {
-    Desktop.Joystick.nX = CENTRE + static_cast<uint32_t>(Next.nRight) * TILT;
-    Desktop.Joystick.nY = CENTRE + static_cast<uint32_t>(Next.nDown) * TILT;
-    Desktop.RunFor(LOOK_MS);
-    Desktop.Joystick.nX = Desktop.Joystick.nY = CENTRE;
-    Desktop.RunFor(LOOK_MS);
+    platform::headless::NudgeStick(Next.nRight, Next.nDown);
     ++Spent.nMoves;
 }
 
-void User::Press(uint32_t nButton) {
-    Desktop.Joystick.nButtons = nButton;
-    Desktop.RunFor(LOOK_MS);
-    Desktop.Joystick.nButtons = 0;
-    Desktop.RunFor(LOOK_MS);
-}
-
 void User::WaitForScan(CellPlace Wanted) {
-    Press(ACTION_BUTTON);
+    PushButton(ACTION_BUTTON);
     ++Spent.nPresses;
     CellPlace Seen = Highlighted();
     for (int n = 0; n < LONGEST_SCAN && !(Highlighted() == Wanted); ++n) {
-        Desktop.RunFor(LOOK_MS);
+        platform::headless::Ticks();
         if (!(Highlighted() == Seen)) ++Spent.nMoves;
         Seen = Highlighted();
     }
@@ -91,7 +78,7 @@ void User::Choose(CellPlace Wanted) {
             Tilt(Next);
     }
     if (!(Highlighted() == Wanted)) Spent.strError = "the highlight does not reach a cell";
-    Press(ACTION_BUTTON);
+    PushButton(ACTION_BUTTON);
     ++Spent.nPresses;
 }
 
@@ -116,7 +103,7 @@ TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
     User Typist(CommonMap, Way);
     const uint32_t nStart = Desktop.nNow;
     for (int n = 0; Way.bScans && n < 2; ++n)
-        Typist.Press(MODE_BUTTON);  // past the arrow mode to the scan mode
+        PushButton(MODE_BUTTON);  // past the arrow mode to the scan mode
     const std::wstring strWanted = Cells.Typeable(strText);
     for (const wchar_t nCharacter : strWanted) {
         for (const CellPlace Place : Cells.For(nCharacter))

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/headless/desktop.h"
+#include "platform/headless/voice.h"
 #include "platform/text.h"
 
 namespace taviro::simulator {
@@ -21,19 +22,23 @@ using platform::headless::MemberUse;
 
 using Arguments = std::span<AutomationArgument>;
 
-constexpr const wchar_t* ENGINE_CLASS = L"SAPI.SpVoice";
-
-std::wstring TextOf(Arguments Given, size_t nIndex) {
-    if (nIndex >= Given.size()) return {};
-    const auto* pText = std::get_if<std::wstring>(&Given[nIndex].Value);
+std::wstring TextOf(const AutomationValue& Value) {
+    const auto* pText = std::get_if<std::wstring>(&Value);
     return pText == nullptr ? std::wstring() : *pText;
 }
 
-int32_t NumberOf(Arguments Given, size_t nIndex) {
-    if (nIndex >= Given.size()) return 0;
-    if (const auto* pShort = std::get_if<int16_t>(&Given[nIndex].Value)) return *pShort;
-    const auto* pLong = std::get_if<int32_t>(&Given[nIndex].Value);
+std::wstring TextOf(Arguments Given, size_t nIndex) {
+    return nIndex < Given.size() ? TextOf(Given[nIndex].Value) : std::wstring();
+}
+
+int32_t NumberOf(const AutomationValue& Value) {
+    if (const auto* pShort = std::get_if<int16_t>(&Value)) return *pShort;
+    const auto* pLong = std::get_if<int32_t>(&Value);
     return pLong == nullptr ? 0 : *pLong;
+}
+
+int32_t NumberOf(Arguments Given, size_t nIndex) {
+    return nIndex < Given.size() ? NumberOf(Given[nIndex].Value) : 0;
 }
 
 std::string Joined(std::initializer_list<std::string_view> Parts) {
@@ -66,84 +71,28 @@ std::string FlagWords(int32_t nFlags) {
     return Joined({"[", strWords, "]"});
 }
 
-AutomationObject MakeVoiceToken(const std::wstring& strDescription) {
-    return MakeObject([strDescription](MemberUse /*nUse*/, const std::wstring& strName,
-                                       Arguments /*Given*/, AutomationValue& Result) {
-        if (strName != L"GetDescription") return false;
-        Result = strDescription;
-        return true;
-    });
+void NotePut(const std::wstring& strProperty, const AutomationValue& Value) {
+    const std::string strTold = std::holds_alternative<std::wstring>(Value)
+                                    ? Quoted(TextOf(Value))
+                                    : std::to_string(NumberOf(Value));
+    Desktop.Record(Joined({"speech ", ToUtf8(platform::ToLower(strProperty)), " ", strTold}));
 }
 
-AutomationObject MakeVoiceTokens(const std::shared_ptr<StandInData>& pData) {
-    return MakeObject([pData](MemberUse /*nUse*/, const std::wstring& strName, Arguments Given,
-                              AutomationValue& Result) {
-        if (strName == L"Count") {
-            Result = static_cast<int32_t>(pData->Voices.size());
-            return true;
-        }
-        const auto nIndex = static_cast<size_t>(NumberOf(Given, 0));
-        if (strName != L"Item" || nIndex >= pData->Voices.size()) return false;
-        Result = MakeVoiceToken(pData->Voices[nIndex]);
-        return true;
-    });
+void NoteSpoken(const AutomationArgument& Text, const AutomationArgument& Flags) {
+    Desktop.Record(
+        Joined({"say ", Quoted(TextOf(Text.Value)), " ", FlagWords(NumberOf(Flags.Value))}));
 }
 
-// The description of the voice that is put, or nothing when the value is no voice.
-std::wstring DescriptionOf(Arguments Given) {
-    if (Given.empty()) return {};
-    const auto* pToken = std::get_if<AutomationObject>(&Given.front().Value);
-    AutomationValue Description;
-    if (pToken == nullptr || !CallMethod(*pToken, L"GetDescription", {}, Description)) return {};
-    const auto* pText = std::get_if<std::wstring>(&Description);
-    return pText == nullptr ? std::wstring() : *pText;
-}
-
-// What one engine object has been told.
-struct Engine {
-    std::shared_ptr<StandInData> pData;
-    int32_t nRate = 0;
-    int32_t nVolume = 100;
-
-    bool Use(MemberUse nUse, const std::wstring& strName, Arguments Given, AutomationValue& Result);
-    static bool UseNumber(MemberUse nUse, const std::wstring& strName, int32_t& nNumber,
-                          Arguments Given, AutomationValue& Result);
-};
-
-bool Engine::UseNumber(MemberUse nUse, const std::wstring& strName, int32_t& nNumber,
-                       Arguments Given, AutomationValue& Result) {
-    if (nUse == MemberUse::Put) {
-        nNumber = NumberOf(Given, 0);
-        Desktop.Record(
-            Joined({"speech ", ToUtf8(platform::ToLower(strName)), " ", std::to_string(nNumber)}));
-    }
-    Result = nNumber;
-    return true;
-}
-
-bool Engine::Use(MemberUse nUse, const std::wstring& strName, Arguments Given,
-                 AutomationValue& Result) {
-    if (strName == L"Rate") return UseNumber(nUse, strName, nRate, Given, Result);
-    if (strName == L"Volume") return UseNumber(nUse, strName, nVolume, Given, Result);
-    if (strName == L"Voice" && nUse == MemberUse::Put) {
-        Desktop.Record(Joined({"speech voice ", Quoted(DescriptionOf(Given))}));
-    } else if (strName == L"GetVoices") {
-        Result = MakeVoiceTokens(pData);
-    } else if (strName == L"Speak") {
-        const std::string strFlags = FlagWords(NumberOf(Given, 1));
-        Desktop.Record(Joined({"say ", Quoted(TextOf(Given, 0)), " ", strFlags}));
-        Result = int32_t{1};
-    } else {
-        return false;
-    }
-    return true;
-}
-
+/// A new engine with the voices that there are, and what no other was told.
 AutomationObject MakeEngine(const std::shared_ptr<StandInData>& pData) {
-    const auto pEngine = std::make_shared<Engine>(Engine{.pData = pData});
-    return MakeObject(
-        [pEngine](MemberUse nUse, const std::wstring& strName, Arguments Given,
-                  AutomationValue& Result) { return pEngine->Use(nUse, strName, Given, Result); });
+    const auto pVoice = std::make_shared<platform::headless::VirtualVoice>();
+    pVoice->OnSpeak = NoteSpoken;
+    pVoice->OnPut = NotePut;
+    return MakeObject([pData, pVoice](MemberUse nUse, const std::wstring& strName, Arguments Given,
+                                      AutomationValue& Result) {
+        pVoice->Voices = pData->Voices;
+        return UseVoice(pVoice, nUse, strName, Given, Result);
+    });
 }
 
 bool UseReader(MemberUse /*nUse*/, const std::wstring& strName, Arguments Given,
@@ -175,7 +124,7 @@ bool UseRelay(MemberUse /*nUse*/, const std::wstring& strName, Arguments Given,
 }  // namespace
 
 void InstallSpeechEngine(const std::shared_ptr<StandInData>& pData) {
-    Desktop.Classes[ENGINE_CLASS] = [pData] { return MakeEngine(pData); };
+    Desktop.Classes[platform::headless::VOICE_CLASS] = [pData] { return MakeEngine(pData); };
 }
 
 void InstallReader() {
@@ -202,7 +151,7 @@ void InstallDictionary(const std::shared_ptr<StandInData>& pData) {
 }
 
 void RemoveSpeechEngine() {
-    Desktop.Classes.erase(ENGINE_CLASS);
+    Desktop.Classes.erase(platform::headless::VOICE_CLASS);
 }
 
 }  // namespace taviro::simulator

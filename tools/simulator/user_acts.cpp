@@ -7,6 +7,7 @@
 #include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/headless/desktop.h"
+#include "platform/headless/user.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
@@ -21,32 +22,16 @@ namespace {
 using forms::FrmMain;
 using platform::headless::Desktop;
 
-constexpr uint32_t AXIS_LOW = 0;
-constexpr uint32_t AXIS_CENTRE = 32767;
-constexpr uint32_t AXIS_HIGH = 65535;
-// The program looks at the joystick every 100 ms, so it sees a press, and a release, of this
-// length.
-constexpr uint32_t SHORT_PRESS_MS = 100;
+namespace headless = platform::headless;
 
-uint32_t AxisValue(int32_t nBits, int32_t nLow, int32_t nHigh) {
-    if ((nBits & nHigh) != 0) return AXIS_HIGH;
-    return (nBits & nLow) != 0 ? AXIS_LOW : AXIS_CENTRE;
+/// -1, 0 or 1 for a push towards the low end of the axis, its middle or the high end.
+int32_t Lean(int32_t nBits, int32_t nLow, int32_t nHigh) {
+    if ((nBits & nHigh) != 0) return 1;
+    return (nBits & nLow) != 0 ? -1 : 0;
 }
 
 void TiltTo(int32_t nBits) {
-    Desktop.Joystick.nX = AxisValue(nBits, STICK_LEFT, STICK_RIGHT);
-    Desktop.Joystick.nY = AxisValue(nBits, STICK_UP, STICK_DOWN);
-}
-
-uint32_t ButtonBit(const Step& Given) {
-    return 1U << static_cast<uint32_t>(Given.Numbers[0]);
-}
-
-void PressAndRelease(const Step& Given, uint32_t nMilliseconds) {
-    Desktop.Joystick.nButtons |= ButtonBit(Given);
-    Desktop.RunFor(nMilliseconds);
-    Desktop.Joystick.nButtons &= ~ButtonBit(Given);
-    Desktop.RunFor(SHORT_PRESS_MS);
+    headless::TiltStick(Lean(nBits, STICK_LEFT, STICK_RIGHT), Lean(nBits, STICK_UP, STICK_DOWN));
 }
 
 uint32_t Time(const Step& Given) {
@@ -126,7 +111,7 @@ void PushStick(ScenarioRun& /*Run*/, const Step& Given) {
 void HoldStick(ScenarioRun& /*Run*/, const Step& Given) {
     TiltTo(Given.Numbers[0]);
     Desktop.RunFor(Time(Given));
-    TiltTo(0);
+    headless::CentreStick();
 }
 
 void PlaceStick(ScenarioRun& /*Run*/, const Step& Given) {
@@ -135,19 +120,19 @@ void PlaceStick(ScenarioRun& /*Run*/, const Step& Given) {
 }
 
 void PressButton(ScenarioRun& /*Run*/, const Step& Given) {
-    PressAndRelease(Given, SHORT_PRESS_MS);
+    headless::PushButton(Given.Numbers[0]);
 }
 
 void PressButtonFor(ScenarioRun& /*Run*/, const Step& Given) {
-    PressAndRelease(Given, Time(Given));
+    headless::PushButton(Given.Numbers[0], Time(Given));
 }
 
 void HoldButton(ScenarioRun& /*Run*/, const Step& Given) {
-    Desktop.Joystick.nButtons |= ButtonBit(Given);
+    headless::PressButton(Given.Numbers[0]);
 }
 
 void ReleaseButton(ScenarioRun& /*Run*/, const Step& Given) {
-    Desktop.Joystick.nButtons &= ~ButtonBit(Given);
+    headless::ReleaseButton(Given.Numbers[0]);
 }
 
 void PressKey(ScenarioRun& /*Run*/, const Step& Given) {

@@ -6,6 +6,7 @@
 #include "feedback/speech.h"
 #include "maps/map_window.h"
 #include "maps/shown_map.h"
+#include "platform/headless/voice.h"
 #include "tests/unit/program_fixture.h"
 
 namespace taviro {
@@ -16,15 +17,7 @@ class ActionTest : public ProgramTest {
   protected:
     ActionTest() {
         PrepareBare();
-        Speech.objVoice =
-            platform::headless::MakeObject([](auto, const std::wstring& strMember,
-                                              std::span<platform::AutomationArgument> All, auto&) {
-                const auto* pText = std::get_if<std::wstring>(&All[0].Value);
-                if (strMember != L"Speak" || pText == nullptr) return false;
-                const auto strSaid = pText->substr(pText->find(L'>') + 1);
-                Desktop.Record(strSaid.empty() ? "silence" : "say " + platform::ToUtf8(strSaid));
-                return true;
-            });
+        Speech.objVoice = platform::headless::MakePlainVoice();
         forms::FrmMain->List1.Visible = false;
         FillMap(CommonMap, {L"a b c d", L"e f g h", L"i j k l", L"m n o p"});
         ShowMap(true);

@@ -27,15 +27,7 @@ Position Here() {
 
 // A voice that writes what it is told to say into the transcript.
 void InstallVoice() {
-    Desktop.Classes[L"SAPI.SpVoice"] = [] {
-        return platform::headless::MakeObject(
-            [](auto, const std::wstring& strName, auto Arguments, auto&) {
-                if (strName != L"Speak") return false;
-                const auto& strText = std::get<std::wstring>(Arguments[0].Value);
-                Desktop.Record("say " + platform::ToUtf8(strText.substr(strText.find(L'>') + 1)));
-                return true;
-            });
-    };
+    Desktop.Classes[platform::headless::VOICE_CLASS] = platform::headless::MakePlainVoice;
 }
 
 class CursorMovement : public ProgramTest {

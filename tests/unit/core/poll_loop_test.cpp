@@ -27,17 +27,17 @@ class PollLoop : public ProgramTest {
         Start();
         objSetting.RowWrap(0);
     }
-    // Ticks without the time between them.
-    static void Ticks(int nCount) {
+    // Looks of the loop without the time between them.
+    static void Polls(int nCount) {
         for (int n = 0; n < nCount; ++n)
             FrmMain->Timer1.Tick();
     }
     // One press and release of a button.
     static void Push(int nButton) {
         PressButton(nButton);
-        Ticks(1);
+        Polls(1);
         ReleaseButtons();
-        Ticks(1);
+        Polls(1);
     }
 };
 
@@ -50,9 +50,9 @@ TEST_F(PollLoop, KeysOfArrowMode_LeaveTheWordThatIsBeingTyped) {
     };
     TypeWord();
     TiltLeft();
-    Ticks(1);
+    Polls(1);
     CentreStick();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(StandingText(Prediction.Standing), L"");
     TypeWord();
     Push(0);  // Enter
@@ -63,7 +63,7 @@ TEST_F(PollLoop, HeldTilt_MovesOnTicks_1_4_5_6) {
     TiltRight();
     std::vector<int32_t> Columns;
     for (int n = 0; n < 7; ++n) {
-        Ticks(1);
+        Polls(1);
         Columns.push_back(Cursor.nColumn);
     }
     EXPECT_EQ(Columns, (std::vector<int32_t>{2, 2, 2, 3, 4, 5, 6}));
@@ -86,18 +86,18 @@ TEST_F(PollLoop, HeldTilt_RepeatsEvery200Milliseconds_AfterThreeTicks) {
 
 TEST_F(PollLoop, TiltFromSideToSide_DoesNotAct_UntilAutoRepeat) {
     TiltRight();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nColumn, 2);
     TiltLeft();
-    Ticks(2);
+    Polls(2);
     EXPECT_EQ(Cursor.nColumn, 2);
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nColumn, 1);
 }
 
 TEST_F(PollLoop, Diagonal_MovesBothWaysInOneTick_AndRemembersTheLater) {
     TiltStick(1, 1);
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_EQ(Cursor.nRow, 2);
     EXPECT_EQ(Poll.nPrevTilt, Tilt::Down);
@@ -116,7 +116,7 @@ TEST_F(PollLoop, Thresholds_AreTheExactRawValues) {
         Poll = {};
         Desktop.Joystick.nX = Case.nX;
         Desktop.Joystick.nY = Case.nY;
-        Ticks(1);
+        Polls(1);
         EXPECT_EQ(Poll.nTilt, Case.nTilt) << Case.nX << ", " << Case.nY;
     }
 }
@@ -124,36 +124,36 @@ TEST_F(PollLoop, Thresholds_AreTheExactRawValues) {
 TEST_F(PollLoop, EndOfAutoRepeat_AnnouncesTheCellWhereTheCursorStopped_Once) {
     EventLog.bLog = true;
     TiltRight();
-    Ticks(5);
+    Polls(5);
     CentreStick();
     EventLog.strLog.clear();
-    Ticks(1);
+    Polls(1);
     EXPECT_NE(EventLog.strLog.find(L"Say: d"), std::wstring::npos);
     EventLog.strLog.clear();
-    Ticks(2);
+    Polls(2);
     EXPECT_EQ(EventLog.strLog, L"");
 }
 
 TEST_F(PollLoop, EndOfAutoRepeat_SaysNothing_WhenTheCursorMovedSince) {
     EventLog.bLog = true;
     TiltRight();
-    Ticks(5);
+    Polls(5);
     CentreStick();
     Cursor.nColumn = 1;
     EventLog.strLog.clear();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(EventLog.strLog, L"");
 }
 
 TEST_F(PollLoop, AutoRepeat_WaitsHundredMillisecondsATick) {
     TiltRight();
-    Ticks(3);
+    Polls(3);
     const uint32_t nBefore = Desktop.nNow;
-    Ticks(2);
+    Polls(2);
     EXPECT_EQ(Desktop.nNow - nBefore, 200U);
     EXPECT_TRUE(Modes.bAutoRepeatMode);
     CentreStick();
-    Ticks(2);
+    Polls(2);
     EXPECT_FALSE(Modes.bAutoRepeatMode);
 }
 
@@ -178,10 +178,10 @@ TEST_F(PollLoop, Wait_Ends_WhenTheTickCountWraps) {
 
 TEST_F(PollLoop, ActionButton_RunsTheHighlightedCell_OncePerPress) {
     PressButton(0);
-    Ticks(5);
+    Polls(5);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
     ReleaseButtons();
-    Ticks(1);
+    Polls(1);
     Push(0);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"aa");
 }
@@ -189,12 +189,12 @@ TEST_F(PollLoop, ActionButton_RunsTheHighlightedCell_OncePerPress) {
 TEST_F(PollLoop, SecondButton_DoesNothingWhileOneIsHeld_AndActsAfterBothWereReleased) {
     ButtonTable[2] = {.Kind = ButtonKind::Code, .Command = L"", .Code = 90};
     PressButton(0);
-    Ticks(1);
+    Polls(1);
     PressButton(2);
-    Ticks(2);
+    Polls(2);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
     ReleaseButtons();
-    Ticks(1);
+    Polls(1);
     Push(2);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"az");
 }
@@ -203,11 +203,11 @@ TEST_F(PollLoop, UnassignedButton_DoesNothing_HidesTheOnesAbove_AndCountsAsHeld)
     ButtonTable[3] = {.Kind = ButtonKind::Code, .Command = L"", .Code = 90};
     PressButton(2);
     PressButton(3);
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
     ReleaseButtons();
     PressButton(3);
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"") << "no tick without a button came between";
 }
 
@@ -216,7 +216,7 @@ TEST_F(PollLoop, LowestButton_Wins) {
     ButtonTable[5] = {.Kind = ButtonKind::Code, .Command = L"", .Code = 90};
     PressButton(5);
     PressButton(4);
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"y");
 }
 
@@ -225,11 +225,11 @@ TEST_F(PollLoop, Pause_IdlesTheLoop_AndAHeldButtonStillCountsAsANewPressAfterIt)
     const uint32_t nReads = Desktop.Joystick.nReads;
     TiltRight();
     PressButton(0);
-    Ticks(5);
+    Polls(5);
     EXPECT_EQ(Desktop.Joystick.nReads, nReads);
     EXPECT_EQ(Cursor.nColumn, 1);
     Program.bPauseJoystick = false;
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
     EXPECT_EQ(Cursor.nColumn, 2);
 }
@@ -253,12 +253,12 @@ TEST_F(PollLoop, ScanMode_HandMoveTurnsTheScan) {
     Push(0);
     Cursor.nColumn = 5;
     TiltLeft();
-    Ticks(1);
+    Polls(1);
     CentreStick();
     EXPECT_EQ(Cursor.nColumn, 4);
     EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left);
     TiltRight();
-    Ticks(2);
+    Polls(2);
     EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left) << "a tilt that does not act turns nothing";
 }
 
@@ -267,15 +267,15 @@ TEST_F(PollLoop, ScanMode_HandMoveGoesOnToTheNextRow_AndEndsTheScanAtTheMapsEnd)
     Push(0);
     Cursor.nColumn = 9;
     TiltRight();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nRow, 2);
     EXPECT_EQ(Cursor.nColumn, 1);
     EXPECT_TRUE(FrmMain->ScanTimer.Enabled);
     CentreStick();
-    Ticks(1);
+    Polls(1);
     Cursor.nColumn = 3;
     TiltRight();
-    Ticks(1);
+    Polls(1);
     EXPECT_FALSE(FrmMain->ScanTimer.Enabled);
 }
 
@@ -283,7 +283,7 @@ TEST_F(PollLoop, ScanMode_LeftHandMoveGoesUpAtTheRowsStart) {
     Modes.Set(Mode::Scan);
     Cursor.nRow = 2;
     TiltLeft();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nRow, 1);
     EXPECT_EQ(Cursor.nColumn, 3);
 }
@@ -291,7 +291,7 @@ TEST_F(PollLoop, ScanMode_LeftHandMoveGoesUpAtTheRowsStart) {
 TEST_F(PollLoop, ScanMode_UpAndDownHaveNoFollowUp) {
     Modes.Set(Mode::Scan);
     TiltUp();
-    Ticks(1);
+    Polls(1);
     EXPECT_EQ(Cursor.nRow, 1);
     EXPECT_EQ(Cursor.nColumn, 1);
     EXPECT_EQ(Scanning.nScanDirection, 0);
@@ -301,13 +301,13 @@ TEST_F(PollLoop, ArrowMode_SendsArrowKeysAndEnter) {
     Modes.Set(Mode::Arrow);
     Desktop.TakeEffects();
     TiltStick(1, 1);
-    Ticks(1);
+    Polls(1);
     TiltStick(0, 0);
-    Ticks(1);
+    Polls(1);
     TiltStick(-1, -1);
-    Ticks(1);
+    Polls(1);
     CentreStick();
-    Ticks(1);
+    Polls(1);
     Push(0);
     EXPECT_EQ(Desktop.TakeEffects(),
               (std::vector<std::string>{
@@ -321,7 +321,7 @@ TEST_F(PollLoop, ArrowMode_LogsEveryTickInWhichTheDirectionHolds) {
     EventLog.bLog = true;
     Modes.Set(Mode::Arrow);
     TiltUp();
-    Ticks(3);
+    Polls(3);
     size_t nLines = 0;
     for (size_t n = EventLog.strLog.find(L"Arrow up"); n != std::wstring::npos;
          n = EventLog.strLog.find(L"Arrow up", n + 1)) {
@@ -350,15 +350,15 @@ TEST_F(PollLoop, ChoiceList_IsTakenByEveryAssignedButton_OnItsPressAlone) {
         ShowList(L"*T;Jedna,calc");
         Desktop.TakeEffects();
         PressButton(nButton);
-        Ticks(1);
+        Polls(1);
         EXPECT_EQ(Desktop.TakeEffects(), std::vector<std::string>{"launch \"calc\""}) << nButton;
         EXPECT_FALSE(Modes.bListMode);
         ShowList(L"*T;Jedna,calc");
-        Ticks(3);
+        Polls(3);
         EXPECT_TRUE(Modes.bListMode) << "held since before the list opened";
         HideList();
         ReleaseButtons();
-        Ticks(1);
+        Polls(1);
     }
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
 }
@@ -367,7 +367,7 @@ TEST_F(PollLoop, ChoiceList_StaysOpen_WhenAnUnassignedButtonIsPressed) {
     ShowList(L"*T;Jedna,calc");
     Desktop.TakeEffects();
     PressButton(2);
-    Ticks(3);
+    Polls(3);
     EXPECT_TRUE(Modes.bListMode);
     EXPECT_EQ(Desktop.TakeEffects(), std::vector<std::string>{});
 }
@@ -380,7 +380,7 @@ TEST_F(PollLoop, ChoiceList_StepsAsTheStickMoves_TheCursorStays) {
                  {0, 0, 1, 4}, {-1, 0, 1, 3}, {0, 0, 1, 3}, {0, -1, 1, 2}, {0, 0, 1, 2}};
     for (const auto& Step : STEPS) {
         TiltStick(Step.nRight, Step.nDown);
-        Ticks(Step.nTicks);
+        Polls(Step.nTicks);
         EXPECT_EQ(FrmMain->List1.ListIndex.Get(), Step.nSelected) << &Step - STEPS;
     }
     EXPECT_EQ(Cursor.nColumn, 1);
@@ -389,10 +389,10 @@ TEST_F(PollLoop, ChoiceList_StepsAsTheStickMoves_TheCursorStays) {
 
 TEST_F(PollLoop, DeadDevice_RepeatsItsLastSample) {
     TiltRight();
-    Ticks(1);
+    Polls(1);
     CentreStick();
     Desktop.Failures.Always("JoyGetPosEx");
-    Ticks(3);
+    Polls(3);
     EXPECT_EQ(Cursor.nColumn, 3) << "the stick still counts as tilted, and repeats";
 }
 
