@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/windows_and_processes.h"
 #include "vocabulary/action_code.h"

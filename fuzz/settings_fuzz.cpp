@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as setting.ini: read, saved and read again. What is saved must be read back as it was
 // (as far as the file's notation can say it), and foreign lines must stay, in their order.
+#include <cmath>
 #include <cstdlib>
 #include <set>
 #include <string>

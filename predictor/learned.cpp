@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "predictor/letters.h"

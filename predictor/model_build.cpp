@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "predictor/letters.h"
 #include "predictor/model_format.h"

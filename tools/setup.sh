@@ -15,7 +15,7 @@ program_packages=(
 )
 test_packages=(
     git g++-mingw-w64-i686-posix libbenchmark-dev
-    clang clang-tidy clang-format libclang-rt-14-dev
+    clang clang-tidy clang-format libclang-rt-dev
     python3-pytest python3-pytest-xdist python3-pil shellcheck
     python3-clang # reads the sources for ./test mutants
     nsis      # the installer

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/headless/memory_files.h"
 
+#include <utility>
+
 #include "platform/text.h"
 
 namespace taviro::platform::headless {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Shell, windows and processes, measures and late-bound objects of the virtual desktop.
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/failure.h"
 #include "platform/headless/desktop.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/dialog_template.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <string>
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/metrics.h"

@@ -2,6 +2,7 @@
 // The tests of the Windows platform, or one of the roles in which they start this program again.
 #include <windows.h>
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <objbase.h>
 #include <shellapi.h>

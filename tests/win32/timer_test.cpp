@@ -2,6 +2,7 @@
 // The main form's timers on the window's real ones.
 #include <windows.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 

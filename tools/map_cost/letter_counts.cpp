@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/map_cost/letter_counts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <string>

@@ -2,6 +2,7 @@
 #include "tools/simulator/scenario.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/text.h"
 #include "tools/simulator/gaps.h"

@@ -2,6 +2,7 @@
 #include "tools/simulator/words.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace taviro::simulator {
 

@@ -2,6 +2,7 @@
 // Commands about windows: which there are, where, what they say, and messages to them.
 #include <windows.h>
 
+#include <cstdint>
 #include <cstdio>
 
 #include "tests/e2e/probe/answer.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actions/choice_list.h"
 
+#include <algorithm>
+
 #include "actions/prediction.h"
 #include "state/mode_state.h"
 #include "tests/unit/actions/action_fixture.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "actions/entry_typing.h"
 
+#include <algorithm>
+
 #include "actions/choice_list.h"
 #include "actions/prediction.h"
 #include "tests/unit/actions/action_fixture.h"

@@ -4,6 +4,7 @@
 // arrows, Home and End. It knows nothing of what the program meant to do.
 #pragma once
 
+#include <algorithm>
 #include <set>
 #include <string>
 

@@ -5,6 +5,7 @@
 //
 // Left out, because nobody can tell them from outside: keys of the physical keyboard, dead keys in
 // front of letters that they do not go with, and words that hold key-sequence notation.
+#include <algorithm>
 #include <map>
 #include <random>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What comes first in a tick, and what a tick asks for: the user hears and sees the difference.
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>

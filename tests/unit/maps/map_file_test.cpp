@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "maps/map_file.h"
 
+#include <algorithm>
+
 #include "forms/main_form.h"
 #include "maps/map_window.h"
 #include "maps/shown_map.h"

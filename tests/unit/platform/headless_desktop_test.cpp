@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The virtual desktop itself: its clock, timers and events, sound, devices, windows and objects. A
 // test is worth no more than the desktop that it runs on.
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
