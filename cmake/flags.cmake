@@ -12,6 +12,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     target_compile_options(taviro_flags INTERFACE -Wno-restrict)
 endif()
 if(TAVIRO_SANITIZE)
+    set(CMAKE_CXX_FLAGS_DEBUG "-g1") # lines for the stack traces, which are all that is read of it
     add_compile_options(-fsanitize=${TAVIRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
     add_link_options(-fsanitize=${TAVIRO_SANITIZE})
 endif()

@@ -29,7 +29,7 @@ fuzz_seconds_of() { # RUN
 # What uses one processor runs beside something else, and clang-tidy in what is left over.
 suites_beside() { # NAME
     case $1 in
-        unit) echo lint tidy ;;
+        unit) echo lint win64 tidy ;;
         win64) echo win32 ;;
         unit64) echo unit32 ;;
     esac
@@ -60,7 +60,7 @@ run_each() {
 }
 
 suite_unit() {
-    tools/build.sh asan || return
+    tools/build.sh asan taviro_unit_tests taviro_simulator || return
     local program shard pid code=0 pids=()
     for program in build/asan/tests/taviro_*_tests; do
         for shard in 0 1; do # one for each processor

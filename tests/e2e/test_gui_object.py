@@ -307,6 +307,7 @@ def about_window(desktop, window):
                  if seen.process == window.process and seen.class_name == "#32770"), None)
 
 
+@pytest.mark.timed
 def test_many_calls_and_a_lost_client_leave_nothing_behind(desktop):
     program = desktop.program()
     register(program)
