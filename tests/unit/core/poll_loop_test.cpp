@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/poll_loop.h"
 
-#include <algorithm>
-
 #include "actions/choice_list.h"
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
