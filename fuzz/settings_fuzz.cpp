@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize);
 namespace taviro {
 namespace {
 
-const std::wstring strPath = L"C:\\setting.ini";
+const std::wstring SETTINGS_PATH = L"C:\\setting.ini";
 
 using Getter = int32_t (cSetting::*)() const;
 
@@ -137,20 +137,20 @@ void RequireForeignLines(const std::string& strBefore, const std::string& strAft
 void TestBytes(const std::string& strBytes) {
     platform::headless::Desktop.Files = {};
     platform::headless::Desktop.Transcript.clear();
-    platform::headless::Desktop.Files.Put(strPath, strBytes);
+    platform::headless::Desktop.Files.Put(SETTINGS_PATH, strBytes);
     ButtonTable = {};
     cSetting objFirst;
-    objFirst.Init(strPath);
+    objFirst.Init(SETTINGS_PATH);
     const auto FirstButtons = ButtonTable;
     objFirst.SaveSetting();
 
     ButtonTable = {};
     cSetting objSecond;
-    objSecond.Init(strPath);
+    objSecond.Init(SETTINGS_PATH);
     RequireSameSettings(objFirst, objSecond);
     RequireSameButtons(FirstButtons, ButtonTable);
     std::string strAfter;
-    Require(platform::ReadFileBytes(strPath, strAfter));
+    Require(platform::ReadFileBytes(SETTINGS_PATH, strAfter));
     RequireForeignLines(strBytes, strAfter);
 }
 

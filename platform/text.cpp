@@ -8,8 +8,8 @@ namespace taviro::platform {
 
 namespace {
 
-constexpr unsigned nFirstHighByte = 0x80;
-constexpr wchar_t nReplacement = 0xFFFD;
+constexpr unsigned FIRST_HIGH_BYTE = 0x80;
+constexpr wchar_t REPLACEMENT = 0xFFFD;
 
 /// Windows-1250: the characters of the bytes 80 to FF hex. The undefined bytes stand for
 /// themselves.
@@ -34,14 +34,14 @@ constexpr std::array<uint16_t, 128> HighCharacters = {
     // clang-format on
 };
 
-constexpr size_t nCharactersCovered = 0x2200;  // the highest character of the code page is 2122 hex
+constexpr size_t CHARACTERS_COVERED = 0x2200;  // the highest character of the code page is 2122 hex
 
 /// Character to byte; 0 marks a character that the code page lacks. (The character 0 never gets
 /// here: characters below 80 hex are their own bytes.)
-constexpr std::array<uint8_t, nCharactersCovered> Bytes = [] {
-    std::array<uint8_t, nCharactersCovered> Result{};
+constexpr std::array<uint8_t, CHARACTERS_COVERED> Bytes = [] {
+    std::array<uint8_t, CHARACTERS_COVERED> Result{};
     for (size_t i = 0; i < HighCharacters.size(); ++i) {
-        Result[HighCharacters[i]] = static_cast<uint8_t>(nFirstHighByte + i);
+        Result[HighCharacters[i]] = static_cast<uint8_t>(FIRST_HIGH_BYTE + i);
     }
     return Result;
 }();
@@ -78,8 +78,8 @@ constexpr CaseTable LowerBytes = MakeCaseTable(true);
 constexpr CaseTable UpperBytes = MakeCaseTable(false);
 
 wchar_t CharacterOf(uint8_t nByte) {
-    return nByte < nFirstHighByte ? wchar_t{nByte}
-                                  : static_cast<wchar_t>(HighCharacters[nByte - nFirstHighByte]);
+    return nByte < FIRST_HIGH_BYTE ? wchar_t{nByte}
+                                   : static_cast<wchar_t>(HighCharacters[nByte - FIRST_HIGH_BYTE]);
 }
 
 uint32_t CodeOf(wchar_t nCharacter) {
@@ -89,11 +89,11 @@ uint32_t CodeOf(wchar_t nCharacter) {
 /// The character's byte; false when the code page lacks it.
 bool ByteOf(wchar_t nCharacter, uint8_t& nByte) {
     const uint32_t nCode = CodeOf(nCharacter);
-    if (nCode < nFirstHighByte) {
+    if (nCode < FIRST_HIGH_BYTE) {
         nByte = static_cast<uint8_t>(nCode);
         return true;
     }
-    if (nCode >= nCharactersCovered || Bytes[nCode] == 0) return false;
+    if (nCode >= CHARACTERS_COVERED || Bytes[nCode] == 0) return false;
     nByte = Bytes[nCode];
     return true;
 }
@@ -123,18 +123,18 @@ wchar_t NextUtf8(std::string_view strBytes, size_t& nPos) {
     if (nLead >= 0xC2 && nLead <= 0xDF) nMore = 1;
     if (nLead >= 0xE0 && nLead <= 0xEF) nMore = 2;
     if (nLead >= 0xF0 && nLead <= 0xF4) nMore = 3;
-    if (nMore == 0) return nReplacement;
+    if (nMore == 0) return REPLACEMENT;
     uint32_t nCode = nLead & (0x3FU >> nMore);
     for (unsigned i = 0; i < nMore; ++i) {
         const auto nByte =
             nPos < strBytes.size() ? static_cast<uint8_t>(strBytes[nPos]) : uint8_t{0};
-        if ((nByte & 0xC0U) != 0x80) return nReplacement;
+        if ((nByte & 0xC0U) != 0x80) return REPLACEMENT;
         nCode = (nCode << 6U) | (nByte & 0x3FU);
         ++nPos;
     }
     const bool bOverlong = nMore == 2 && nCode < 0x800;
     const bool bSurrogate = IsHighSurrogate(nCode) || IsLowSurrogate(nCode);
-    if (bOverlong || bSurrogate || nCode > 0xFFFF || nMore == 3) return nReplacement;
+    if (bOverlong || bSurrogate || nCode > 0xFFFF || nMore == 3) return REPLACEMENT;
     return static_cast<wchar_t>(nCode);
 }
 
@@ -196,7 +196,7 @@ std::string ToUtf8(std::wstring_view strText) {
             nCode = 0x10000 + ((nCode - 0xD800) << 10U) + (nNext - 0xDC00);
             ++i;
         } else if (IsHighSurrogate(nCode) || IsLowSurrogate(nCode) || nCode > nLastCharacter) {
-            nCode = CodeOf(nReplacement);
+            nCode = CodeOf(REPLACEMENT);
         }
         AppendUtf8(nCode, strBytes);
     }

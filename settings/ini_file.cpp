@@ -11,9 +11,9 @@ namespace taviro {
 
 namespace {
 
-constexpr size_t nBufferSize = 1024;             // what the settings' readers offer, in characters
-constexpr std::string_view strLineEnd = "\r\n";  // of lines that are added
-constexpr std::string_view strTextEnds("\r\n\0", 3);
+constexpr size_t BUFFER_SIZE = 1024;           // what the settings' readers offer, in characters
+constexpr std::string_view LINE_END = "\r\n";  // of lines that are added
+constexpr std::string_view TEXT_ENDS("\r\n\0", 3);
 
 std::string_view UpToNul(std::string_view strText) {
     return strText.substr(0, strText.find('\0'));
@@ -25,7 +25,7 @@ std::string_view Presented(std::string_view strValue) {
     const bool bQuoted = strValue.size() >= 2 && strValue.front() == strValue.back() &&
                          (strValue.front() == '"' || strValue.front() == '\'');
     if (bQuoted) strValue = strValue.substr(1, strValue.size() - 2);
-    return strValue.substr(0, nBufferSize - 1);
+    return strValue.substr(0, BUFFER_SIZE - 1);
 }
 
 int32_t LeadingInteger(std::string_view strText) {
@@ -72,7 +72,7 @@ class Edits {
         const auto [objLast, bUnknown] = LastLines.try_emplace(objSection.nBegin);
         if (bUnknown) objLast->second = objText.LastLine(objSection);
         const auto [objFound, bFirst] = Insertions.try_emplace(objLast->second.nNext);
-        if (bFirst && !objLast->second.bEnded) objFound->second += strLineEnd;
+        if (bFirst && !objLast->second.bEnded) objFound->second += LINE_END;
         objFound->second += strLine;
     }
 
@@ -123,8 +123,8 @@ class NewSections {
         for (const auto& [strName, strLines] : Sections) {
             const bool bInsideLine =
                 !strBytes.empty() && strBytes.back() != '\n' && strBytes.back() != '\r';
-            if (bInsideLine) strBytes += strLineEnd;
-            strBytes.append("[").append(strName).append("]").append(strLineEnd).append(strLines);
+            if (bInsideLine) strBytes += LINE_END;
+            strBytes.append("[").append(strName).append("]").append(LINE_END).append(strLines);
         }
     }
 
@@ -162,7 +162,7 @@ std::optional<std::string_view> IniFile::FindValue(std::string_view strSection,
 std::wstring IniFile::ReadString(std::wstring_view strSection, std::wstring_view strKey,
                                  std::wstring_view strDefault) const {
     const auto strValue = FindValue(platform::ToAnsi(strSection), platform::ToAnsi(strKey));
-    if (!strValue) return std::wstring(strDefault.substr(0, nBufferSize - 1));
+    if (!strValue) return std::wstring(strDefault.substr(0, BUFFER_SIZE - 1));
     return platform::FromAnsi(Presented(*strValue));
 }
 
@@ -174,7 +174,7 @@ int32_t IniFile::ReadInt(std::wstring_view strSection, std::wstring_view strKey,
 
 size_t IniFile::SectionTextCount(std::wstring_view strSection) const {
     if (!objPending.empty()) return IniFile(Bytes()).SectionTextCount(strSection);
-    constexpr size_t nMost = nBufferSize - 2;  // the buffer's last two characters are end marks
+    constexpr size_t nMost = BUFFER_SIZE - 2;  // the buffer's last two characters are end marks
     const auto objSection = objText.FindSection(platform::ToAnsi(strSection));
     if (!objSection) return 0;
     size_t nCount = 0;
@@ -191,7 +191,7 @@ void IniFile::Write(const IniEntry& objEntry) {
     if (objEntry.strValue) {
         objNew.strValue = platform::ToAnsi(*objEntry.strValue);
         objNew.strValue->resize(
-            std::min(objNew.strValue->find_first_of(strTextEnds), objNew.strValue->size()));
+            std::min(objNew.strValue->find_first_of(TEXT_ENDS), objNew.strValue->size()));
     }
     const size_t nOld = FindPending(objNew.strSection, objNew.strKey);
     if (nOld < objPending.size()) {

@@ -12,7 +12,7 @@ namespace taviro {
 namespace {
 
 /// A mark that some editors put before a text; it is no part of the first line.
-constexpr std::string_view strByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 const std::array<char, 256> LowerBytes = [] {
     std::array<char, 256> Result{};
@@ -110,7 +110,7 @@ IniText::IniText(std::string strFileBytes) : strBytes(std::move(strFileBytes)) {
 }
 
 size_t IniText::FirstLine() const {
-    return strBytes.starts_with(strByteOrderMark) ? strByteOrderMark.size() : 0;
+    return strBytes.starts_with(BYTE_ORDER_MARK) ? BYTE_ORDER_MARK.size() : 0;
 }
 
 IniLine IniText::LineAt(size_t nOffset) const {

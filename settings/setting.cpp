@@ -28,9 +28,9 @@ enum class SaveAs {
 using enum ReadAs;
 using enum SaveAs;
 
-constexpr wchar_t strInfo[] = L"Info";
-constexpr wchar_t strVoice[] = L"Voice";
-constexpr wchar_t strButtons[] = L"Buttons";
+constexpr wchar_t INFO[] = L"Info";
+constexpr wchar_t VOICE[] = L"Voice";
+constexpr wchar_t BUTTONS[] = L"Buttons";
 
 int64_t AbsoluteValue(int64_t nValue) {
     return nValue < 0 ? -nValue : nValue;
@@ -51,27 +51,27 @@ struct cSetting::Row {
 
 const cSetting::Row cSetting::Rows[] = {
     // clang-format off
-    {strInfo, L"Delay", &cSetting::nDelay, Int, L"1", Nothing, 0},
-    {strInfo, L"SndName", nullptr, Text, L"C:\\", Nothing, 0, &cSetting::strSndName},
-    {strInfo, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute, 4},
-    {strInfo, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute, 3},
-    {strInfo, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute, 2},
-    {strInfo, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute, 1},
-    {strInfo, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs, 17},
-    {strInfo, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs, 18},
-    {strInfo, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute, 9},
-    {strInfo, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute, 10},
-    {strVoice, L"Name", nullptr, Text, L"Male", AsIs, 5, &cSetting::strVoiceName},
-    {strVoice, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs, 8},
-    {strVoice, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs, 6},
-    {strVoice, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs, 7},
-    {strInfo, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute, 11},
-    {strInfo, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute, 12},
-    {strInfo, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute, 13},
-    {strInfo, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute, 14},
-    {strInfo, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute, 15},
-    {strInfo, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute, 16},
-    {strInfo, L"Log", &cSetting::nLog, Int, L"0", Absolute, 19},
+    {INFO, L"Delay", &cSetting::nDelay, Int, L"1", Nothing, 0},
+    {INFO, L"SndName", nullptr, Text, L"C:\\", Nothing, 0, &cSetting::strSndName},
+    {INFO, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute, 4},
+    {INFO, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute, 3},
+    {INFO, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute, 2},
+    {INFO, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute, 1},
+    {INFO, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs, 17},
+    {INFO, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs, 18},
+    {INFO, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute, 9},
+    {INFO, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute, 10},
+    {VOICE, L"Name", nullptr, Text, L"Male", AsIs, 5, &cSetting::strVoiceName},
+    {VOICE, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs, 8},
+    {VOICE, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs, 6},
+    {VOICE, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs, 7},
+    {INFO, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute, 11},
+    {INFO, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute, 12},
+    {INFO, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute, 13},
+    {INFO, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute, 14},
+    {INFO, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute, 15},
+    {INFO, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute, 16},
+    {INFO, L"Log", &cSetting::nLog, Int, L"0", Absolute, 19},
     // clang-format on
 };
 
@@ -151,7 +151,7 @@ void cSetting::ReadButtons() const {
     bool bFoundAction = false;
     bool bFoundMode = false;
     for (size_t i = 0; i < nButtonCount; ++i) {
-        LoadButton(GetString(strButtons, std::to_wstring(i), L""), ButtonTable[i]);
+        LoadButton(GetString(BUTTONS, std::to_wstring(i), L""), ButtonTable[i]);
         bFoundAction = bFoundAction || ButtonTable[i].Kind == ButtonKind::Action;
         bFoundMode = bFoundMode || ButtonTable[i].Kind == ButtonKind::Mode;
     }
@@ -180,7 +180,7 @@ std::vector<IniEntry> cSetting::EntriesToSave() const {
         Entries.push_back({pRow->strSection, pRow->strKey, TextToSave(*pRow)});
     }
     for (size_t i = 0; i < nButtonCount; ++i) {
-        Entries.push_back({strButtons, std::to_wstring(i), ButtonText(ButtonTable[i])});
+        Entries.push_back({BUTTONS, std::to_wstring(i), ButtonText(ButtonTable[i])});
     }
     return Entries;
 }

@@ -61,7 +61,7 @@ CallArguments::CallArguments(DISPPARAMS& Parameters, UINT nCount) : m_Parameters
 }
 
 // Named arguments come first, each with its position; the others follow, the last one first.
-VARIANT* CallArguments::At(UINT nPosition) {
+VARIANT* CallArguments::At(UINT nPosition) const {
     for (UINT i = 0; i < m_Parameters.cNamedArgs; ++i) {
         if (m_Parameters.rgdispidNamedArgs[i] == static_cast<DISPID>(nPosition)) {
             return &m_Parameters.rgvarg[i];

@@ -34,7 +34,7 @@ class CallArguments {
     UINT FaultyIndex() const { return m_nFaultyIndex; }
 
   private:
-    VARIANT* At(UINT nPosition);
+    VARIANT* At(UINT nPosition) const;
     void Fail(HRESULT nFault, UINT nPosition);
     void Store(UINT nPosition, VARIANT& Result);
 

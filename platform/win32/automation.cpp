@@ -85,7 +85,9 @@ class ArgumentList {
 
 bool Invoke(const AutomationObject& Object, const std::wstring& strMember, WORD nKind,
             std::span<AutomationArgument> Arguments, AutomationValue& Result) {
-    const AutomationObject Alive = Object;  // a call may let messages run that release it
+    // A call may let messages run that release it.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const AutomationObject Alive = Object;
     DISPID nMember = DISPID_UNKNOWN;
     if (!Alive || !FindMember(*Alive->Dispatch, strMember, nMember)) return false;
     ArgumentList List(Arguments.size());
@@ -138,6 +140,7 @@ bool GetProperty(const AutomationObject& Object, const std::wstring& strProperty
 
 bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty,
                  const AutomationValue& Value) {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): as above
     const AutomationObject Alive = Object;
     DISPID nMember = DISPID_UNKNOWN;
     Variant Put;

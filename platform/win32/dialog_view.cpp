@@ -126,6 +126,7 @@ bool DialogView::Handle(UINT nMessage, WPARAM wParam, LPARAM lParam) {
         }
         case WM_TIMER:
             // By index: the handler may close the window, and a later one makes the timers anew.
+            // NOLINTNEXTLINE(modernize-loop-convert)
             for (size_t i = 0; i < m_Timers.size(); ++i) {
                 if (m_Timers[i].Id() == wParam) m_Timers[i].OnTimer(m_hWindow);
             }

@@ -29,7 +29,7 @@ namespace {
 constexpr int nFiles = sizeof(void*) == 8 ? 10000 : 2000;
 constexpr int nFilesPerWrite = 5;  // the system takes milliseconds to write
 constexpr unsigned nSeed = 20240229;
-constexpr DWORD nBufferSize = 1024;
+constexpr DWORD BUFFER_SIZE = 1024;
 constexpr const char* strNoKey = "(none)";
 constexpr int32_t nNoKey = -12345;
 
@@ -90,7 +90,7 @@ bool IsLongNumber(const std::string& strValue) {
 
 /// Some versions lose a character of a quoted text that just fits the buffer.
 bool IsQuotedTextThatJustFits(const std::string& strValue) {
-    return strValue.size() == nBufferSize + 1 && WithoutQuotes(strValue).size() < strValue.size();
+    return strValue.size() == BUFFER_SIZE + 1 && WithoutQuotes(strValue).size() < strValue.size();
 }
 
 /// The system deletes the first line of a repeated key, and the second comes to life; here all go.
@@ -266,14 +266,14 @@ class IniDifferential : public testing::Test {
 
     Answer AskSystem(const Operation& objOne) const {
         Answer objAnswer;
-        char Buffer[nBufferSize];
+        char Buffer[BUFFER_SIZE];
         DWORD nCount = GetPrivateProfileStringA(objOne.strSection.c_str(), objOne.strKey.c_str(),
-                                                strNoKey, Buffer, nBufferSize, strPath.c_str());
+                                                strNoKey, Buffer, BUFFER_SIZE, strPath.c_str());
         objAnswer.strText.assign(Buffer, nCount);
         objAnswer.nNumber = static_cast<int32_t>(GetPrivateProfileIntA(
             objOne.strSection.c_str(), objOne.strKey.c_str(), nNoKey, strPath.c_str()));
         objAnswer.nSectionCount = GetPrivateProfileSectionA(objOne.strSection.c_str(), Buffer,
-                                                            nBufferSize, strPath.c_str());
+                                                            BUFFER_SIZE, strPath.c_str());
         return objAnswer;
     }
 
