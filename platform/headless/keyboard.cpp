@@ -6,6 +6,7 @@
 #include "platform/headless/desktop.h"
 #include "platform/headless/keyboard_layout.h"
 #include "platform/text.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro::platform {
 
@@ -13,13 +14,13 @@ namespace headless {
 
 namespace {
 
-constexpr int SHIFT = 16, CONTROL = 17, MENU = 18;
-
 // The sided keys of a generic modifier: left, right.
 struct ModifierKeys {
     int nGeneric, nLeft, nRight;
 };
-constexpr ModifierKeys MODIFIERS[] = {{SHIFT, 160, 161}, {CONTROL, 162, 163}, {MENU, 164, 165}};
+constexpr ModifierKeys MODIFIERS[] = {{KeyCode::Shift, KeyCode::LeftShift, KeyCode::RightShift},
+                                      {KeyCode::Ctrl, KeyCode::LeftCtrl, KeyCode::RightCtrl},
+                                      {KeyCode::Alt, KeyCode::LeftAlt, KeyCode::RightAlt}};
 
 void SetKeyState(std::array<bool, 256>& bDown, uint32_t nVk, bool bNowDown) {
     bDown[nVk & 0xFF] = bNowDown;
@@ -42,9 +43,10 @@ void DesktopState::TypeKey(uint32_t nVk) {
     const LayoutKey* pKey = KeyOfVk(nVk);
     if (pKey == nullptr) return;
     const auto& bDown = Keyboard.bDown;
-    const bool bShift = bDown[SHIFT];
-    const bool bAltGr = bDown[CONTROL] && bDown[MENU];
-    if (!bAltGr && (bDown[CONTROL] || bDown[MENU] || bDown[91])) return;  // a shortcut, not a text
+    const bool bShift = bDown[KeyCode::Shift];
+    const bool bAltGr = bDown[KeyCode::Ctrl] && bDown[KeyCode::Alt];
+    if (!bAltGr && (bDown[KeyCode::Ctrl] || bDown[KeyCode::Alt] || bDown[KeyCode::LeftWindows]))
+        return;  // a shortcut, not a text
     wchar_t nTyped = bAltGr ? pKey->nAltGr : (bShift ? pKey->nShift : pKey->nPlain);
     if (nTyped == 0) return;
     if (Keyboard.bCapsLock && !bAltGr) {
@@ -85,7 +87,7 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
     }
     SetKeyState(Keyboard.bDown, nVk, !bUp);
     if (bUp) return;
-    if (nVk == 20) Keyboard.bCapsLock = !Keyboard.bCapsLock;
+    if (nVk == KeyCode::CapsLock) Keyboard.bCapsLock = !Keyboard.bCapsLock;
     TypeKey(nVk);
 }
 
@@ -194,7 +196,7 @@ int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 25
     constexpr uint8_t DOWN = 0x80;
     const auto* pKey = headless::KeyOfVk(nVk);
     if (pKey == nullptr || Desktop.Refuses(__func__)) return 0;
-    const bool bShift = (KeyState[headless::SHIFT] & DOWN) != 0;
+    const bool bShift = (KeyState[KeyCode::Shift] & DOWN) != 0;
     const wchar_t nTyped = bShift ? pKey->nShift : pKey->nPlain;
     if (nTyped == 0) return 0;
     if (nTyped == headless::DEAD_ACUTE || nTyped == headless::DEAD_CARON) return -1;

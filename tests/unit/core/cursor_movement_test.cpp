@@ -102,6 +102,7 @@ const MoveCase MOVE_CASES[] = {
     {"Down_StaysInTheLastRow_WithoutColumnWrap", D, {2, 3}, {2, 3}, 2, 1},
     {"Down_GoesToTheTop_WithColumnWrap", D, {2, 3}, {2, 1}, 2, 1, 0, 1},
     {"Down_GoesToTheTopOfTheScannedArea", D, {2, 2}, {2, 1}, 1, 1, 0, 0, true, 50, 2},
+    {"Down_ReachesTheLastRowOfTheScannedArea", D, {2, 1}, {2, 2}, 0, 0, 0, 0, true, 50, 2},
     {"Down_EndsTheMap_InScanModeToo", D, {2, 3}, {2, 3}, 2, 1, 0, 0, true},
     // up
     {"Up_Steps", U, {2, 2}, {2, 1}, 0, 0},
@@ -124,6 +125,19 @@ TEST_F(CursorMovement, Left_LeavesTheCursorAtZero_WhenTheRowIsFull) {
     EXPECT_EQ(MoveFrom({1, 1}, L), MOVE_ROW_END);
     EXPECT_EQ(Here(), (Position{0, 1}));
     EXPECT_EQ(Desktop.nBeeps, 1U);
+}
+
+TEST_F(CursorMovement, Left_GoesToColumnOne_WhenTheRowHasNoCell) {
+    objSetting.RowWrap(0);
+    EXPECT_EQ(MoveFrom({1, 7}, L), MOVE_ROW_END);
+    EXPECT_EQ(Here(), (Position{1, 7}));
+}
+
+TEST_F(CursorMovement, Up_WrapsToTheLastRow_BeyondRowsOfOneCell) {
+    FillMap(CommonMap, {L"a b", L"c", L"d e"});
+    objSetting.ColumnWrap(1);
+    MoveFrom({1, 1}, U);
+    EXPECT_EQ(Here(), (Position{1, 3}));
 }
 
 TEST_F(CursorMovement, Right_RunsPastTheGrid_WhenTheRowIsFull) {
@@ -200,6 +214,12 @@ TEST_F(CursorMovement, AutoRepeat_IsAnnouncedInsteadOfTheCells_AndItsCellRemembe
     EXPECT_EQ(Desktop.TakeEffects(),
               (std::vector<std::string>{"say autorepeat", "caption Taviro - e"}));
     EXPECT_EQ((Position{Cursor.nAnnColumn, Cursor.nAnnRow}), (Position{2, 2}));
+}
+
+TEST_F(CursorMovement, PlainMove_LeavesTheCellOfTheLastRepeatAlone) {
+    Cursor.nAnnColumn = Cursor.nAnnRow = 9;
+    MoveFrom({1, 2}, R);
+    EXPECT_EQ((Position{Cursor.nAnnColumn, Cursor.nAnnRow}), (Position{9, 9}));
 }
 
 TEST_F(CursorMovement, RowChange_IsAnnouncedDuringAutoRepeatToo_WhenSet) {

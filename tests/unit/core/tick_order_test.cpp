@@ -122,6 +122,22 @@ TEST_F(TickOrder, ScanMode_StartsBeforeTheTiltMoves) {
     EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left) << "the hand's direction is the last word";
 }
 
+TEST_F(TickOrder, RunningScan_HasStopped_WhenItsCellIsCarriedOut) {
+    BeIn(Mode::Scan);
+    forms::FrmMain->ScanTimer.Interval = 60000;
+    forms::FrmMain->ScanTimer.Enabled = true;
+    static bool bRunning;
+    bRunning = false;
+    Desktop.Keyboard.pHook = [](int32_t, uintptr_t, const platform::KeyHookRecord&) -> intptr_t {
+        if (forms::FrmMain->ScanTimer.Enabled) bRunning = true;
+        return 0;
+    };
+    PressButton(ACTION_BUTTON);
+    OneTick();
+    EXPECT_EQ(Desktop.Keyboard.strTyped, L"a");
+    EXPECT_FALSE(bRunning) << "a step between press and release would take another cell";
+}
+
 TEST_F(TickOrder, ScanMode_IsLeftBeforeTheTiltMoves) {
     BeIn(Mode::Scan);
     Desktop.hForeground = OTHER_WINDOW;
