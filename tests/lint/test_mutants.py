@@ -15,6 +15,7 @@ import breaks as breaking
 import generate
 import literals
 import places
+import report
 import running
 import schema
 import unnoticeable
@@ -237,3 +238,8 @@ def test_memory_asked_for_ahead_is_not_broken(tmp_path):
     breaks = find(tmp_path, text)[0]
     assert [item.original for item in breaks if item.sort in ("left out", "exchanged") and
             not generate.changes_nothing(item)] == ["s.f();"]
+
+
+def test_sample_fails_when_less_is_noticed_than_was_reached():
+    assert report.sample_complaints(10, 8, 0.8) == []
+    assert "7 noticed" in report.sample_complaints(10, 7, 0.8)[0]

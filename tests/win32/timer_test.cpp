@@ -61,7 +61,7 @@ TEST_F(TimerTest, Handler_IsNotEnteredAgain_WhenItLetsMessagesRun) {
     };
     FrmMain->Timer1.Enabled = true;
     FrmMain->ScanTimer.Enabled = true;
-    EXPECT_TRUE(RunMessagesUntil([&] { return nTicks == 3; }));
+    EXPECT_TRUE(RunMessagesUntil([&] { return nTicks >= 3; }));
     EXPECT_EQ(nDeepest, 1);
 }
 
@@ -80,7 +80,7 @@ TEST_F(TimerTest, Ticks_Stop_WhenTheHandlerSaysSo) {
     FrmMain->ScanTimer.Interval = 0;
     FrmMain->Timer1.Enabled = true;
     const int nOtherBefore = nOther;
-    EXPECT_TRUE(RunMessagesUntil([&] { return nTicks == 2; }));
+    EXPECT_TRUE(RunMessagesUntil([&] { return nTicks >= 2; }));
     EXPECT_EQ(nOther, nOtherBefore) << "an interval of 0 never ticks";
 }
 

@@ -39,6 +39,13 @@ def folder_report(name, breaks, results, listed):
     return lines
 
 
+def sample_complaints(broken, noticed, least):
+    """The sample as a whole must stay above what was reached."""
+    if noticed >= least * broken:
+        return []
+    return [f"the sample: {shares(broken, noticed)}, at least {100 * least:.0f} % were reached before"]
+
+
 def keep(name, lines, results):
     """Writes the report, and what became of each break, for the next run."""
     (BUILD / f"{name}.txt").write_text("\n".join(lines) + "\n", encoding="utf-8")
