@@ -46,12 +46,12 @@ enum class Step {
 };
 
 struct Transition {
-    From nFrom;
-    ModeEvent nEvent;
-    When nWhen;
-    Mode nTo;
-    const wchar_t* szAnnounced;
-    const wchar_t* szLog;
+    From nFrom = From::Anywhere;
+    ModeEvent nEvent = ModeEvent::ModeButton;
+    When nWhen = When::Always;
+    Mode nTo = Mode::Select;  // not of a row that goes on with another
+    const wchar_t* szAnnounced = nullptr;
+    const wchar_t* szLog = nullptr;
     std::span<const Step> Steps;
 };
 
@@ -77,14 +77,12 @@ constexpr Step MARKED_SELECTION[] = {Step::Announce, Step::SetMode, Step::ShowCo
 constexpr std::array<Transition, 12> TRANSITIONS{{
     {.nFrom = From::List,
      .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
      .nTo = Mode::Select,
      .szAnnounced = L"mode_select",
      .szLog = L"SelectMode set",
      .Steps = NEXT_MODE_REMEMBERED},
     {.nFrom = From::Selection,
      .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
      .nTo = Mode::Arrow,
      .szAnnounced = L"mode_arrow",
      .szLog = L"Arrow mode set",
@@ -96,68 +94,40 @@ constexpr std::array<Transition, 12> TRANSITIONS{{
      .szAnnounced = L"mode_scan",
      .szLog = L"ScanMode set",
      .Steps = NEXT_MODE},
-    {.nFrom = From::Arrow,
-     .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
-     .nTo = Mode::Select,
-     .szAnnounced = L"",
-     .szLog = L"",
-     .Steps = LEAVE_ARROW},
-    {.nFrom = From::Scan,
-     .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
-     .nTo = Mode::Select,
-     .szAnnounced = L"",
-     .szLog = L"",
-     .Steps = LEAVE_SCAN},
+    {.nFrom = From::Arrow, .nEvent = ModeEvent::ModeButton, .Steps = LEAVE_ARROW},
+    {.nFrom = From::Scan, .nEvent = ModeEvent::ModeButton, .Steps = LEAVE_SCAN},
     {.nFrom = From::Between,
      .nEvent = ModeEvent::ModeButton,
      .nWhen = When::AppMapIsShown,
      .nTo = Mode::Application,
-     .szAnnounced = L"",
      .szLog = L"AppMode set",
      .Steps = ENTER_APPLICATION},
     {.nFrom = From::Between,
      .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
      .nTo = Mode::Select,
-     .szAnnounced = L"",
-     .szLog = L"",
      .Steps = ENTER_SELECTION},
     {.nFrom = From::Application,
      .nEvent = ModeEvent::ModeButton,
-     .nWhen = When::Always,
      .nTo = Mode::Select,
-     .szAnnounced = L"",
-     .szLog = L"",
      .Steps = LEAVE_APPLICATION},
     {.nFrom = From::Application,
      .nEvent = ModeEvent::AppMapGone,
-     .nWhen = When::Always,
      .nTo = Mode::Select,
-     .szAnnounced = L"",
-     .szLog = L"",
      .Steps = LOSE_APPLICATION},
     {.nFrom = From::Anywhere,
      .nEvent = ModeEvent::ArrowMark,
-     .nWhen = When::Always,
      .nTo = Mode::Arrow,
      .szAnnounced = L"mode_arrow",
-     .szLog = L"",
      .Steps = MARKED_ARROW},
     {.nFrom = From::Anywhere,
      .nEvent = ModeEvent::ApplicationMark,
-     .nWhen = When::Always,
      .nTo = Mode::Application,
      .szAnnounced = L"mode_app",
-     .szLog = L"",
      .Steps = MARKED_APPLICATION},
     {.nFrom = From::Anywhere,
      .nEvent = ModeEvent::SelectionMark,
-     .nWhen = When::Always,
      .nTo = Mode::Select,
      .szAnnounced = L"mode_select",
-     .szLog = L"",
      .Steps = MARKED_SELECTION},
 }};
 

@@ -36,6 +36,7 @@ inline const std::wstring DATA_PATH =
 class ProgramTest : public ::testing::Test {
   protected:
     ProgramTest() {
+        ResetProgram();  // what an earlier test left goes while its own desktop is still there
         Desktop = platform::headless::DesktopState{};
         ResetProgram();
         EXPECT_TRUE(platform::OpenMainWindow(*forms::FrmMain));

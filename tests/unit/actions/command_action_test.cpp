@@ -348,5 +348,9 @@ TEST_F(CommandRun, MegabyteOfCommand_IsCarriedOut) {
     EXPECT_EQ(FrmMain->List1.ItemText(0), strLong);
 }
 
+TEST_F(CommandRun, LowestKeyNumber_IsPressed_AndNothingLaunched) {
+    EXPECT_EQ(Run(L"calc", 1), (Effects{"silence", "SendInput: vk 1 down, vk 1 up"}));
+}
+
 }  // namespace
 }  // namespace taviro

@@ -159,5 +159,15 @@ TEST_F(ChosenText, DeadKeyLetters_AreTypedAsTheirCellsDo) {
         EXPECT_EQ(IsTypedFromList(nLetter), nLetter != L'Ď') << static_cast<int>(nLetter);
 }
 
+TEST_F(ChosenText, ChosenWord_StandsInTheText_UnlessItsLettersAreUnknown) {
+    TypeChosenText(L"ahoj", false, false);
+    EXPECT_EQ(StandingText(Prediction.Standing), L"ahoj");
+    TypeChosenText(L"a+b", false, false);
+    EXPECT_EQ(StandingText(Prediction.Standing), L"") << "the plus sign is Shift here";
+    TypeChosenText(L"ahoj", false, false);
+    TypeChosenText(L"\u4e2d", false, false);
+    EXPECT_EQ(StandingText(Prediction.Standing), L"") << "no key types it";
+}
+
 }  // namespace
 }  // namespace taviro

@@ -4,6 +4,7 @@
 #include "forms/main_form.h"
 #include "maps/map_window.h"
 #include "maps/shown_map.h"
+#include "platform/headless/voice.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/program_fixture.h"

@@ -65,6 +65,30 @@ TEST_F(MapWindow, Window_IsAsWideAsTheLongestRow_AndEndsBelowTheStatusLine) {
     EXPECT_EQ(FrmMain->Height, (93 + Status.Height + 20 + 2 * 4 + 19) * 15);
 }
 
+TEST_F(MapWindow, StatusLine_BeginsAtTheWindowsEdge_WhereverItStood) {
+    FillMap(CommonMap, {L"a"});
+    FrmMain->Label1.Left = 5;
+    ShowMap(true);
+    EXPECT_EQ(FrmMain->Label1.Left, 0);
+}
+
+TEST_F(MapWindow, Sizes_AreBounded_WhateverTheSettingsSay) {
+    FillMap(CommonMap, {L"a b", L"c"});
+    Program.nCellWidth = 8193;
+    Program.nCellHeight = 8193;
+    Program.nCellTextSize = 2161;
+    ShowMap(true);
+    EXPECT_EQ(LabelAt(1, 1).Width, 8192);
+    EXPECT_EQ(LabelAt(1, 1).Height, 8192);
+    EXPECT_EQ(LabelAt(1, 1).TextFont.Get().nSize, 2160);
+    Program.nCellWidth = Program.nCellHeight = -1;
+    Program.nCellTextSize = 0;
+    ShowMap(true);
+    EXPECT_EQ(LabelAt(1, 1).Width, 0);
+    EXPECT_EQ(LabelAt(1, 1).Height, 0);
+    EXPECT_EQ(LabelAt(1, 1).TextFont.Get().nSize, 1);
+}
+
 TEST_F(MapWindow, Window_FollowsTheScreensResolution) {
     Desktop.nDpi = 144;
     FillMap(CommonMap, {L"a b"});
