@@ -170,7 +170,7 @@ int16_t VkKeyScanAnsi(uint8_t nCharacter) {
 }
 
 uint32_t OemKeyScanCode(uint8_t nOemCharacter) {
-    const int16_t nKey = Desktop.Refuses(__func__) ? -1 : FindKey(nOemCharacter);
+    const int16_t nKey = Desktop.Refuses(__func__) ? int16_t{-1} : FindKey(nOemCharacter);
     if (nKey == -1) return 0xFFFFFFFF;
     const auto* pKey = headless::KeyOfVk(static_cast<uint32_t>(nKey & 0xFF));
     return static_cast<uint32_t>(pKey->nScan) | (static_cast<uint32_t>(nKey >> 8) << 16);

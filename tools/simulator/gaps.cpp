@@ -69,7 +69,7 @@ bool FindNumber(std::span<const NamedNumber> Names, std::wstring_view strName, i
 }
 
 constexpr NamedNumber DIRECTIONS[] = {
-    {L"right", STICK_RIGHT}, {L"left", STICK_LEFT}, {L"down", STICK_DOWN}, {L"up", STICK_UP}};
+    {L"right", StickRight}, {L"left", StickLeft}, {L"down", StickDown}, {L"up", StickUp}};
 
 bool TakeDirection(const Word& Found, Step& Filled) {
     const std::wstring_view strText = Found.strText;
@@ -83,7 +83,7 @@ bool TakeDirection(const Word& Found, Step& Filled) {
     if (!FindNumber(DIRECTIONS, strText.substr(0, nPlus), nFirst)) return false;
     if (nPlus != std::wstring_view::npos) {
         if (!FindNumber(DIRECTIONS, strText.substr(nPlus + 1), nSecond)) return false;
-        constexpr int32_t SIDEWAYS = STICK_RIGHT | STICK_LEFT;
+        constexpr int32_t SIDEWAYS = StickRight | StickLeft;
         // A diagonal needs one direction of each axis.
         if (((nFirst & SIDEWAYS) != 0) == ((nSecond & SIDEWAYS) != 0)) return false;
     }

@@ -12,7 +12,7 @@
 namespace taviro::simulator {
 
 /// Directions of the stick as bits, so that a diagonal is the sum of two; 0 is the centre.
-enum StickBits : int32_t { STICK_RIGHT = 1, STICK_LEFT = 2, STICK_DOWN = 4, STICK_UP = 8 };
+enum StickBits : int32_t { StickRight = 1, StickLeft = 2, StickDown = 4, StickUp = 8 };
 
 /// Operating modes in the order of the words of the gap MODE.
 enum class ModeWord : int32_t { Select, Scan, Arrow, Application, List };

@@ -12,7 +12,7 @@ namespace {
 using taviro::simulator::Outcome;
 using taviro::simulator::RunOptions;
 
-enum ExitCode { EXIT_PASSED = 0, EXIT_FAILED = 1, EXIT_BROKEN = 2 };
+enum ExitCode { ExitPassed = 0, ExitFailed = 1, ExitBroken = 2 };
 
 constexpr std::string_view USAGE =
     "taviro_simulator [--map] [--quiet] [--test] SCENARIO...\n"
@@ -49,12 +49,12 @@ bool TakeOption(std::string_view strWord, RunOptions& Options) {
 int RunAll(const std::vector<const char*>& Files, const RunOptions& Options) {
     int nPassed = 0;
     int nFailed = 0;
-    int nExitCode = EXIT_PASSED;
+    int nExitCode = ExitPassed;
     for (const char* szFile : Files) {
         const Outcome nOutcome = taviro::simulator::RunScenarioFile(szFile, Options, Print);
         ++(nOutcome == Outcome::Passed ? nPassed : nFailed);
-        if (nOutcome == Outcome::Broken) nExitCode = EXIT_BROKEN;
-        if (nOutcome == Outcome::Failed && nExitCode == EXIT_PASSED) nExitCode = EXIT_FAILED;
+        if (nOutcome == Outcome::Broken) nExitCode = ExitBroken;
+        if (nOutcome == Outcome::Failed && nExitCode == ExitPassed) nExitCode = ExitFailed;
     }
     (void)std::printf("%d passed, %d failed\n", nPassed, nFailed);
     return nExitCode;
@@ -69,18 +69,18 @@ int main(int nArguments, char** pszArguments) {
         const std::string_view strWord = pszArguments[n];
         if (strWord == "--sentences") {
             PrintSentences();
-            return EXIT_PASSED;
+            return ExitPassed;
         }
         if (TakeOption(strWord, Options)) continue;
         if (strWord.starts_with("-")) {
             Print(USAGE);
-            return EXIT_BROKEN;
+            return ExitBroken;
         }
         Files.push_back(pszArguments[n]);
     }
     if (Files.empty()) {
         Print(USAGE);
-        return EXIT_BROKEN;
+        return ExitBroken;
     }
     return RunAll(Files, Options);
 }

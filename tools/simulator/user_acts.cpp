@@ -31,7 +31,7 @@ int32_t Lean(int32_t nBits, int32_t nLow, int32_t nHigh) {
 }
 
 void TiltTo(int32_t nBits) {
-    headless::TiltStick(Lean(nBits, STICK_LEFT, STICK_RIGHT), Lean(nBits, STICK_UP, STICK_DOWN));
+    headless::TiltStick(Lean(nBits, StickLeft, StickRight), Lean(nBits, StickUp, StickDown));
 }
 
 uint32_t Time(const Step& Given) {

@@ -100,7 +100,7 @@ TEST(ScenarioText, StepKeepsGapsInOrder_WhenSentenceHasTextsAndNumbers) {
     EXPECT_EQ(OnlyStep("press button 3 for 250 ms").Numbers, (Numbers{3, 250}));
     EXPECT_EQ(OnlyStep("press button 3 for 250ms").Numbers, (Numbers{3, 250}));
     EXPECT_EQ(OnlyStep("stick at 52767,0").Numbers, (Numbers{52767, 0}));
-    EXPECT_EQ(OnlyStep("stick left+down").Numbers, (Numbers{STICK_LEFT | STICK_DOWN}));
+    EXPECT_EQ(OnlyStep("stick left+down").Numbers, (Numbers{StickLeft | StickDown}));
     EXPECT_EQ(OnlyStep("key down F12").Numbers, (Numbers{123}));
     EXPECT_EQ(OnlyStep("expect typed \"a \"\"b\"\" # c\" # said").Texts, (Texts{L"a \"b\" # c"}));
 }
