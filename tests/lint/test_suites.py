@@ -43,3 +43,7 @@ def test_unknown_argument_is_told_the_usage():
     told = subprocess.run([ROOT / "test", "everything"], check=False, capture_output=True, text=True)
     assert told.returncode == 2
     assert all(suite in told.stderr for suite in suites_of("full")[0])
+
+
+def test_gate_holds_all_but_what_the_machine_decides():
+    assert set(suites_of("full")[0]) - set(suites_of("gate")[0]) == {"bench", "mutants"}
