@@ -240,6 +240,6 @@ def test_memory_asked_for_ahead_is_not_broken(tmp_path):
             not generate.changes_nothing(item)] == ["s.f();"]
 
 
-def test_sample_fails_when_less_is_noticed_than_was_reached():
+def test_sample_fails_below_its_floor():
     assert report.sample_complaints(10, 8, 0.8) == []
     assert "7 noticed" in report.sample_complaints(10, 7, 0.8)[0]

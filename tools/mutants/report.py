@@ -40,10 +40,10 @@ def folder_report(name, breaks, results, listed):
 
 
 def sample_complaints(broken, noticed, least):
-    """The sample as a whole must stay above what was reached."""
+    """The sample as a whole must stay above its floor."""
     if noticed >= least * broken:
         return []
-    return [f"the sample: {shares(broken, noticed)}, at least {100 * least:.0f} % were reached before"]
+    return [f"the sample: {shares(broken, noticed)}, at least {100 * least:.0f} % must be"]
 
 
 def keep(name, lines, results):
