@@ -13,7 +13,7 @@ from folders import BUILD, FOLDERS, ROOT, sources
 
 NUMBERS_OF_FILE = 2048  # breaks that one file may have
 ARGUMENTS = ["-std=c++20", f"-I{ROOT}", "-DNDEBUG"]
-OWN_FILES = ("places.py", "statements.py", "literals.py", "source_text.py", "breaks.py")
+OWN_FILES = ("places.py", "statements.py", "order.py", "literals.py", "source_text.py", "breaks.py")
 
 
 def _tool_hash():

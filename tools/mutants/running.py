@@ -77,12 +77,14 @@ def read_record(text):
 
 def chosen_tests(item, reach, neighbours):
     """The tests that may notice a break, in rows that are run one after the other. What is computed
-    before any test starts is read by code of the same file, or of any when it stands in a header."""
+    before any test starts is read by code of the same file, or of any when it stands in a header or in a
+    file of tables alone."""
     tests = list(reach.tests.get(item.number, ()))
     rows = []
     if item.number in reach.everywhere:
         likely = set(neighbours) | set(tests)
-        others = set() if item.file.endswith(".cpp") else set(reach.cost) - likely
+        private = item.file.endswith(".cpp") and likely
+        others = set() if private else set(reach.cost) - likely
         rows = [sorted(likely, key=reach.cost.get), sorted(others, key=reach.cost.get)]
     else:
         tests.sort(key=reach.cost.get)

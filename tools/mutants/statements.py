@@ -5,7 +5,7 @@ import re
 
 from clang import cindex
 
-from source_text import is_foreign
+from order import are_independent
 
 Kind = cindex.CursorKind
 BODIES = (Kind.IF_STMT, Kind.FOR_STMT, Kind.WHILE_STMT, Kind.DO_STMT, Kind.CXX_FOR_RANGE_STMT,
@@ -160,17 +160,11 @@ class Statements:
                      shown, told)
 
     def independent(self, first, second):
-        """Whether two plain assignments of different things, or two cases of one value, cannot notice
-        each other's order."""
+        """Whether nothing can tell their order: both are the same, are cases of one value, or know
+        nothing of each other."""
         texts = [self.source.text(start, end) for _, start, end in (first, second)]
-        if texts[0] == texts[1] or self.are_cases(first[0], second[0], texts):
-            return True
-        sides = [re.match(r"^((?:[\w.:\[\]]|->)+)\s*[-+|&]?=\s*(.*);$", text, re.DOTALL)
-                 for text in texts]
-        if not all(sides) or any(self.acts(cursor) for cursor, _, _ in (first, second)):
-            return False
-        return not any(re.search(rf"(?<![\w.]){re.escape(one[1])}(?!\w)", other)
-                       for one, other in zip(sides, reversed(texts)))
+        return (texts[0] == texts[1] or self.are_cases(first[0], second[0], texts) or
+                are_independent(self.source, first[0], second[0]))
 
     @staticmethod
     def are_cases(first, second, texts):
@@ -183,16 +177,3 @@ class Statements:
         return any(used.kind == Kind.DECL_REF_EXPR and used.spelling == heads[0][1] and
                    used.referenced.type.is_const_qualified()
                    for used in first.walk_preorder())
-
-    def acts(self, cursor):
-        """Whether anything is called but the standard library and what the compiler itself writes;
-        what stands in a lambda is not called yet."""
-        if cursor.kind == Kind.LAMBDA_EXPR:
-            return False
-        if cursor.kind in CALLS:
-            used = cursor.referenced
-            place = used.location.file if used is not None else None
-            own = place is None or not is_foreign(place.name)
-            if own and not (used is not None and used.location == used.semantic_parent.location):
-                return True
-        return any(self.acts(child) for child in cursor.get_children())
