@@ -93,6 +93,10 @@ def changes(tmp_path, text, sort):
      "struct Control { Property<int> l, w; }; struct Label : Control { Property<int> c; }; } "
      "void f(forms::Label* a) { a->l = 1; a->w = a->c.Get(); a->c = 3; }",
      "exchanged", [("a->w = a->c.Get(); a->c = 3;", "a->c = 3; a->w = a->c.Get();")]),
+    ("what a property does by itself and another property",
+     "namespace forms { struct Property { Property& operator=(int); void Fire(); }; "
+     "struct Label { Property l, w; }; } void f(forms::Label& a) { a.l.Fire(); a.w = 1; }",
+     "exchanged", [("a.l.Fire(); a.w = 1;", "a.w = 1; a.l.Fire();")]),
     ("two assignments of which one reads the other", "int a, b; void f() { a = 1; b = a; }",
      "exchanged", [("a = 1; b = a;", "b = a; a = 1;")]),
     ("two arguments of a kind", "int f(int, int); int g(int a, int b) { return f(a, b); }",
@@ -217,6 +221,12 @@ def test_what_is_computed_at_the_start_is_asked_of_those_that_may_read_it(file, 
     reach = running.read_record("- 0 1\n+A.B 3 2\n+A.Else 1 5000\n")
     item = type("Item", (), {"number": 1, "file": file})
     assert running.chosen_tests(item, reach, {"A.B"}) == expected
+
+
+def test_tables_that_stand_alone_in_a_file_are_asked_of_all_tests():
+    reach = running.read_record("- 0 1\n+A.B 3 2\n+A.Else 1 5000\n")
+    item = type("Item", (), {"number": 1, "file": "core/a.cpp"})
+    assert running.chosen_tests(item, reach, ()) == [["A.Else", "A.B"]]
 
 
 LISTED = "# why\ncore/a.cpp | constant | 0123abcd | nobody reads it\n"
