@@ -55,8 +55,7 @@ class Recorder : public ::testing::EmptyTestEventListener {
         auto Numbers = Take();
         Numbers.insert(m_OfSuite.begin(), m_OfSuite.end());
         const std::string strName = std::string(Test.test_suite_name()) + "." + Test.name();
-        Write((Test.result()->Passed() ? "+" : "!") + strName, Test.result()->elapsed_time(),
-              Numbers);
+        Write((Test.result()->Passed() ? "+" : "!") + strName, nMilliseconds, Numbers);
     }
 
   private:
