@@ -31,9 +31,9 @@ bool ReadCount(std::string_view strField, double& dCount) {
     uint32_t nStored = 0;
     const char* pEnd = strField.data() + strField.size();
     const auto Result = std::from_chars(strField.data(), pEnd, nStored);
-    if (Result.ec != std::errc{} || Result.ptr != pEnd) return false;
-    dCount = std::min(nStored / STORED_SCALE, HIGHEST_COUNT);
-    return nStored > 0;
+    const bool bNumber = Result.ec == std::errc{} && Result.ptr == pEnd;
+    if (bNumber) dCount = std::min(nStored / STORED_SCALE, HIGHEST_COUNT);
+    return bNumber && nStored > 0;
 }
 
 std::string CountText(double dCount) {

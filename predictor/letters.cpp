@@ -16,7 +16,6 @@ constexpr wchar_t SMALL_Y_DIAERESIS = 0xFF;
 constexpr wchar_t CAPITAL_Y_DIAERESIS = 0x178;
 constexpr wchar_t EXTENDED_LATIN = 0x100;
 constexpr wchar_t LATIN_1_CASE_DISTANCE = 0x20;
-constexpr wchar_t LONG_S = 0x17F;
 
 // The letters 0xC0 to 0x17F without their marks; a blank where there is no letter.
 constexpr std::wstring_view PLAIN_LETTERS =
@@ -28,8 +27,13 @@ static_assert(PLAIN_LETTERS.size() == END_ACCENTED - FIRST_ACCENTED);
 // In the extended block capitals and small letters alternate; which of them is even changes.
 bool IsExtendedCapital(wchar_t n) {
     const bool bOddCapitals = (n >= 0x139 && n <= 0x148) || (n >= 0x179 && n <= 0x17E);
-    const bool bNoPair = n == 0x138 || n == 0x149 || n == LONG_S;
-    return !bNoPair && (n % 2 != 0) == bOddCapitals && n != 0x130;
+    const bool bNoPair = n == 0x130 || n == 0x138;
+    return !bNoPair && (n % 2 != 0) == bOddCapitals;
+}
+
+// From a capital to its small letter, told by either.
+wchar_t CaseDistance(wchar_t n) {
+    return n < EXTENDED_LATIN ? LATIN_1_CASE_DISTANCE : 1;
 }
 
 bool IsVowel(wchar_t nLower) {
@@ -51,21 +55,17 @@ bool IsLetter(wchar_t n) {
 bool IsCapital(wchar_t n) {
     if (n < FIRST_ACCENTED) return n >= L'A' && n <= L'Z';
     if (n < SHARP_S) return n != MULTIPLICATION;
-    if (n == CAPITAL_Y_DIAERESIS) return true;
     return n >= EXTENDED_LATIN && n < END_ACCENTED && IsExtendedCapital(n);
 }
 
 wchar_t LowerLetter(wchar_t n) {
-    if (!IsCapital(n)) return n;
     if (n == CAPITAL_Y_DIAERESIS) return SMALL_Y_DIAERESIS;
-    return static_cast<wchar_t>(n + (n < EXTENDED_LATIN ? LATIN_1_CASE_DISTANCE : 1));
+    return IsCapital(n) ? static_cast<wchar_t>(n + CaseDistance(n)) : n;
 }
 
 wchar_t UpperLetter(wchar_t n) {
     if (n == SMALL_Y_DIAERESIS) return CAPITAL_Y_DIAERESIS;
-    if (!IsLetter(n) || IsCapital(n)) return n;
-    const wchar_t nDistance = n < EXTENDED_LATIN ? LATIN_1_CASE_DISTANCE : 1;
-    const auto nUpper = static_cast<wchar_t>(n - nDistance);
+    const auto nUpper = static_cast<wchar_t>(n - CaseDistance(n));
     return LowerLetter(nUpper) == n ? nUpper : n;
 }
 

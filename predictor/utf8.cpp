@@ -14,9 +14,10 @@ constexpr uint32_t FIRST_OF_LENGTH[] = {0, 0, 0x80, 0x800, END_OF_PLANE};
 // Length of the sequence that a byte begins, 0 when it begins none.
 size_t SequenceLength(uint8_t nLead) {
     if (nLead < 0x80) return 1;
-    if (nLead >= 0xC2 && nLead < 0xE0) return 2;
-    if (nLead >= 0xE0 && nLead < 0xF0) return 3;
-    return nLead >= 0xF0 && nLead < 0xF5 ? 4 : 0;
+    if (nLead < 0xC2) return 0;
+    if (nLead < 0xE0) return 2;
+    if (nLead < 0xF0) return 3;
+    return nLead < 0xF5 ? 4 : 0;
 }
 
 // Takes one character off the front.

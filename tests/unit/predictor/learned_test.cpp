@@ -1,17 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "predictor/learned.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#include "predictor/files.h"
+#include "predictor/utf8.h"
 #include "tests/unit/predictor/predictor_fixture.h"
 
 namespace taviro::predictor {
 namespace {
-
-namespace fs = std::filesystem;
 
 double CountOf(const Learned& Own, const std::wstring& strWord) {
     const auto it = Own.Words().find(strWord);
@@ -28,13 +22,56 @@ TEST(PredictorLearned, Counts_GrowWithUse) {
     EXPECT_EQ(Own.After(L"ahoj"), nullptr);
 }
 
-TEST(PredictorLearned, Count_IsHalvedByTheHalfLife) {
+TEST(PredictorLearned, WhatIsNoWord_ChangesNothing) {
+    struct Case {
+        const wchar_t* szWord;
+        WordId nWord;
+        bool bLearned;
+    };
+    constexpr WordId LISTED = 3;
+    constexpr Case CASES[] = {{L"nazdar", NO_WORD, true}, {L"xkcd", NO_WORD, false},
+                              {L"v", NO_WORD, false},     {L"v", LISTED, true},
+                              {L"DPH", LISTED, true},     {L"a;b", LISTED, false},
+                              {L"", LISTED, false}};
+    for (const Case& One : CASES) {
+        Learned Own;
+        Own.Note(L"", One.szWord, One.nWord);
+        EXPECT_EQ(Own.IsEmpty(), !One.bLearned) << testing::PrintToString(One.szWord);
+        EXPECT_NEAR(Own.Total(), One.bLearned ? 1 : 0, 1e-3) << testing::PrintToString(One.szWord);
+    }
+}
+
+TEST(PredictorLearned, DoubtfulWord_CountsByItsShareAndAddsUp) {
+    Learned Own;
+    for (int n = 0; n < 3; ++n)
+        Own.Note(L"", L"nazdar", NO_WORD, 0.06);
+    EXPECT_NEAR(CountOf(Own, L"nazdar"), 0.18, 1e-3);
+}
+
+TEST(PredictorLearned, Pair_NeedsBothWords) {
+    Learned Own;
+    Own.Note(L"dobrý", L"den", NO_WORD);
+    Own.NotePair(L"den", L"dobrý", 1);
+    EXPECT_EQ(Own.After(L"dobrý"), nullptr);
+    EXPECT_EQ(Own.After(L"den"), nullptr);
+    EXPECT_EQ(Own.TotalAfter(L"den"), 0);
+    Own.Note(L"", L"dobrý", NO_WORD);
+    Own.NotePair(L"Dobrý", L"Den", 0.5);
+    Own.NotePair(L"dobrý", L"dobrý", 0.25);
+    EXPECT_NEAR(Own.TotalAfter(L"dobrý"), 0.75, 1e-3);
+    EXPECT_NEAR(Own.Now(Own.After(L"dobrý")->at(L"den")), 0.5, 1e-3);
+}
+
+// Words that are learned by half count by half here too.
+TEST(PredictorLearned, Count_IsHalvedByEvery20000Words) {
     Learned Own;
     Own.Note(L"", L"nazdar", NO_WORD);
-    for (uint32_t n = 0; n < Learned::HALF_LIFE; ++n)
-        Own.Note(L"", L"ano", 0);
-    EXPECT_NEAR(CountOf(Own, L"nazdar"), 0.5, 1e-3);
-    for (uint32_t n = 0; n < 3 * Learned::HALF_LIFE; ++n)
+    Own.NotePair(L"nazdar", L"nazdar", 1);
+    for (int n = 0; n < 40000; ++n)
+        Own.Note(L"", L"ano", 0, 0.5);
+    EXPECT_NEAR(CountOf(Own, L"nazdar"), 0.5, 1e-6);
+    EXPECT_NEAR(Own.TotalAfter(L"nazdar"), 0.5, 1e-6);
+    for (int n = 0; n < 60000; ++n)
         Own.Note(L"", L"ano", 0);
     EXPECT_EQ(Own.Write().find("nazdar"), std::string::npos);  // faded, so not stored any more
 }
@@ -48,22 +85,6 @@ TEST(PredictorLearned, Capital_IsKeptOnlyForNames) {
     EXPECT_EQ(Own.Words().at(L"nazdar").strWord, L"nazdar");
 }
 
-TEST(PredictorLearned, Store_StaysSmall) {
-    Learned Own;
-    std::wstring strPrevious;
-    for (int n = 0; n < 30000; ++n) {
-        std::wstring strWord = L"a";
-        for (int nRest = n; nRest > 0; nRest /= 5)
-            strWord += std::wstring_view(L"bedafe").substr(static_cast<size_t>(nRest % 5), 2);
-        Own.Note(strPrevious, strWord, 0);
-        strPrevious = strWord;
-    }
-    EXPECT_LE(Own.Words().size(), Learned::MOST_WORDS_KEPT);
-    EXPECT_LT(Own.Write().size(), size_t{1} << 20);
-    Own.Note(L"", L"nejnovější", NO_WORD);
-    EXPECT_GT(CountOf(Own, L"nejnovější"), 0);
-}
-
 TEST(PredictorLearned, Text_BringsEverythingBack) {
     Learned Own;
     Own.Note(L"", L"Žižkov", NO_WORD);
@@ -74,6 +95,135 @@ TEST(PredictorLearned, Text_BringsEverythingBack) {
     EXPECT_EQ(Back.Write(), Own.Write());
     EXPECT_EQ(Back.Words().at(L"žižkov").strWord, L"Žižkov");
     EXPECT_TRUE(Back.After(L"žižkov")->contains(L"křižovatka"));
+}
+
+// A word for each number, of letters alone.
+std::wstring NumberedWord(int nNumber) {
+    std::wstring strWord;
+    for (int n = 0; n < 4; ++n, nNumber /= 26)
+        strWord += static_cast<wchar_t>(L'a' + nNumber % 26);
+    return strWord;
+}
+
+// Counts differ, so that it is plain which are the least.
+std::string StoredWords(int nWords) {
+    std::string Bytes = "Taviro learned words 1\n";
+    for (int n = 0; n < nWords; ++n)
+        Bytes += std::to_string(100 + n) + " " + ToUtf8(NumberedWord(n)) + "\n";
+    return Bytes;
+}
+
+TEST(PredictorLearned, WordsBeyond10000_LetTheRarestTenthGo) {
+    Learned Own;
+    std::string strError;
+    ASSERT_TRUE(Own.Read(StoredWords(10000), strError));
+    EXPECT_EQ(Own.Words().size(), 10000U);
+    Own.Note(L"", L"nejnovější", NO_WORD, 0.5);
+    EXPECT_EQ(Own.Words().size(), 9000U);
+    EXPECT_EQ(CountOf(Own, NumberedWord(999)), 0);
+    EXPECT_GT(CountOf(Own, NumberedWord(1000)), 0);
+    ASSERT_TRUE(Own.Read(StoredWords(10001), strError));
+    EXPECT_EQ(Own.Words().size(), 9000U);
+    EXPECT_LT(Own.Write().size(), size_t{1} << 20);
+}
+
+class PredictorPairs : public ::testing::Test {
+  protected:
+    PredictorPairs() {
+        for (int n = 0; n < WORDS; ++n)
+            Own.Note(L"", NumberedWord(n), 0);
+    }
+    /// As many different pairs, each seen a little more often than the one before.
+    void NotePairs(int nPairs) {
+        for (int n = 0; n < nPairs; ++n)
+            Own.NotePair(NumberedWord(n / WORDS), NumberedWord(n % WORDS), 0.2 + n * 1e-5);
+    }
+    [[nodiscard]] size_t Pairs() const {
+        size_t nPairs = 0;
+        for (int n = 0; n < WORDS; ++n) {
+            const Learned::Followers* pNexts = Own.After(NumberedWord(n));
+            nPairs += pNexts == nullptr ? 0 : pNexts->size();
+        }
+        return nPairs;
+    }
+    /// A word that is hardly there, which only what makes room throws out.
+    void NoteFaintWord() { Own.Note(L"", L"možná", NO_WORD, 0.05); }
+    [[nodiscard]] bool IsFaintWordKept() const { return Own.Words().contains(L"možná"); }
+
+    static constexpr int WORDS = 160;
+    Learned Own;
+};
+
+TEST_F(PredictorPairs, Beyond24000_TheRarestTenthGoes) {
+    NotePairs(24000);
+    NoteFaintWord();
+    EXPECT_EQ(Pairs(), 24000U);
+    EXPECT_TRUE(IsFaintWordKept());
+    Own.Note(NumberedWord(WORDS - 1), NumberedWord(WORDS - 1), 0);
+    EXPECT_EQ(Pairs(), 21600U);
+    EXPECT_FALSE(IsFaintWordKept());
+    EXPECT_EQ(Own.After(NumberedWord(0)), nullptr);
+    double dSum = 0;
+    for (const auto& [strNext, Count] : *Own.After(NumberedWord(100)))
+        dSum += Own.Now(Count);
+    EXPECT_NEAR(Own.TotalAfter(NumberedWord(100)), dSum, 1e-6);
+    NoteFaintWord();  // there is room again
+    EXPECT_TRUE(IsFaintWordKept());
+}
+
+TEST_F(PredictorPairs, SamePairAgain_TakesNoRoom) {
+    for (int n = 0; n < 24001; ++n)
+        Own.NotePair(NumberedWord(0), NumberedWord(1), 1);
+    NoteFaintWord();
+    EXPECT_TRUE(IsFaintWordKept());
+}
+
+TEST(PredictorLearned, FaintCounts_AreNotStored) {
+    Learned Own;
+    for (const wchar_t* szWord : {L"ano", L"ne"})
+        Own.Note(L"", szWord, 0);
+    Own.Note(L"", L"snad", 0, 0.05);
+    Own.NotePair(L"ano", L"ne", 0.5);
+    Own.NotePair(L"ano", L"ano", 0.05);
+    EXPECT_EQ(Own.Write(), "Taviro learned words 1\n100 ano\n50 =ne\n100 ne\n");
+}
+
+struct StoredCase {
+    const char* szName;
+    std::string strRead;
+    std::string strWritten;
+};
+
+// What is no word is passed over, as if it were not there.
+TEST(PredictorLearned, StoredText_IsWhatIsWrittenAgain) {
+    const std::string strFirst = "Taviro learned words 1\n";
+    const StoredCase CASES[] = {
+        {"words and followers", "150 ano\n25 =ano\n30 =ne\n200 ne\n",
+         "150 ano\n25 =ano\n30 =ne\n200 ne\n"},
+        {"without the last line's end", "150 ano\n25 =ano", "150 ano\n25 =ano\n"},
+        {"least counts", "10 ano\n10 =ano\n9 ne\n100 to\n9 =to\n", "10 ano\n10 =ano\n100 to\n"},
+        {"followers of a word that is too rare", "100 to\n1 ne\n100 =to\n", "100 to\n"},
+        {"no number between", "100 ano\nx ne\n100 =ano\n", "100 ano\n100 =ano\n"},
+        {"no whole number between", "100 ano\n5x ne\n100 =ano\n", "100 ano\n100 =ano\n"},
+        {"no count between", "100 ano\n0 ne\n100 =ano\n", "100 ano\n100 =ano\n"},
+        {"no word between", "100 ano\n100 n;e\n100 =ano\n", "100 ano\n100 =ano\n"},
+        {"counts beyond belief", "4000000000 ano\n", "100000000 ano\n"},
+    };
+    for (const StoredCase& One : CASES) {
+        Learned Own;
+        std::string strError;
+        EXPECT_TRUE(Own.Read(strFirst + One.strRead, strError)) << One.szName;
+        EXPECT_EQ(Own.Write(), strFirst + One.strWritten) << One.szName;
+    }
+}
+
+TEST(PredictorLearned, StoredCounts_AreTheShares) {
+    Learned Own;
+    std::string strError;
+    ASSERT_TRUE(Own.Read("Taviro learned words 1\n150 ano\n25 =ano\n50 ne\n", strError));
+    EXPECT_NEAR(Own.Total(), 2, 1e-9);
+    EXPECT_NEAR(CountOf(Own, L"ano"), 1.5, 1e-9);
+    EXPECT_NEAR(Own.TotalAfter(L"ano"), 0.25, 1e-9);
 }
 
 struct FileCase {
@@ -94,7 +244,8 @@ TEST(PredictorLearned, HostileText_GivesOnlyWords) {
         {"no word before the follower", strFirst + "100 =ano\n", true, 0},
         {"follower that is no word itself", strFirst + "100 ano\n100 =nikdo\n", true, 1},
         {"bytes", strFirst + std::string("\0\xFF\xFE 100 \xC5\n100 ano", 16), true, 1},
-        {"huge", strFirst + std::string(5 << 20, 'a'), false, 0},
+        {"largest", strFirst + std::string((4 << 20) - strFirst.size(), 'a'), true, 0},
+        {"too large", strFirst + std::string((4 << 20) - strFirst.size() + 1, 'a'), false, 0},
     };
     for (const FileCase& One : CASES) {
         Learned Own;
@@ -104,113 +255,6 @@ TEST(PredictorLearned, HostileText_GivesOnlyWords) {
         EXPECT_EQ(Own.Words().size(), One.nWords) << One.szName;
         EXPECT_EQ(Own.After(L"ano"), nullptr) << One.szName;
     }
-}
-
-class PredictorFile : public ::testing::Test {
-  protected:
-    PredictorFile() : m_Folder(fs::path(::testing::TempDir()) / "taviro_predictor_test") {
-        fs::remove_all(m_Folder);
-        Own.Note(L"", L"nazdar", NO_WORD);
-    }
-    ~PredictorFile() override {
-        std::error_code Ignored;
-        fs::remove_all(m_Folder, Ignored);
-    }
-    [[nodiscard]] fs::path Path() const { return m_Folder / "inner" / "learned.txt"; }
-    [[nodiscard]] std::string Stored() const {
-        std::ifstream File(Path(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(File), {}};
-    }
-    [[nodiscard]] size_t FilesInFolder() const {
-        const fs::directory_iterator Begin(Path().parent_path());
-        return static_cast<size_t>(std::distance(Begin, fs::directory_iterator()));
-    }
-    Learned Own;
-    std::string strError;
-
-  private:
-    fs::path m_Folder;
-};
-
-TEST_F(PredictorFile, Save_MakesFolderAndFileAndNothingElse) {
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    EXPECT_EQ(Stored(), Own.Write());
-    EXPECT_EQ(FilesInFolder(), 1U);
-    Learned Back;
-    EXPECT_TRUE(LoadLearned(Path(), Back, strError));
-    EXPECT_EQ(Back.Write(), Own.Write());
-}
-
-TEST_F(PredictorFile, MissingFile_IsNothingLearned) {
-    EXPECT_TRUE(LoadLearned(Path(), Own, strError));
-    EXPECT_TRUE(Own.IsEmpty());
-}
-
-TEST_F(PredictorFile, Forgotten_EmptiesTheFile) {
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    Own.Forget();
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    EXPECT_EQ(Stored().find("nazdar"), std::string::npos);
-}
-
-// A save that stops at any step leaves the old file whole.
-TEST_F(PredictorFile, FailingSave_LeavesTheOldFile) {
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    const std::string strBefore = Stored();
-    Own.Note(L"", L"kamaráde", NO_WORD);
-    const SaveSteps WriteFails{[](const fs::path& Target, std::string_view Bytes) {
-                                   std::ofstream(Target, std::ios::binary)
-                                       << Bytes.substr(0, Bytes.size() / 2);
-                                   return false;
-                               },
-                               SystemSteps().pReplace};
-    const SaveSteps ReplaceFails{SystemSteps().pWrite,
-                                 [](const fs::path&, const fs::path&) { return false; }};
-    for (const SaveSteps& Steps : {WriteFails, ReplaceFails}) {
-        strError.clear();
-        EXPECT_FALSE(SaveLearned(Own, Path(), strError, Steps));
-        EXPECT_FALSE(strError.empty());
-        EXPECT_EQ(Stored(), strBefore);
-        EXPECT_EQ(FilesInFolder(), 1U);
-    }
-    EXPECT_TRUE(SaveLearned(Own, Path(), strError));
-    EXPECT_EQ(Stored(), Own.Write());
-}
-
-TEST_F(PredictorFile, HalfFileOfACrash_IsPassedOver) {
-    ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-    fs::path Beside = Path();
-    Beside += ".new";
-    std::ofstream(Beside, std::ios::binary) << "Taviro lear";
-    Learned Back;
-    EXPECT_TRUE(LoadLearned(Path(), Back, strError));
-    EXPECT_EQ(Back.Write(), Own.Write());
-    EXPECT_TRUE(SaveLearned(Own, Path(), strError));
-    EXPECT_EQ(FilesInFolder(), 1U);
-}
-
-TEST_F(PredictorFile, TargetThatCannotBeReplaced_IsReported) {
-    fs::create_directories(Path() / "taken");
-    EXPECT_FALSE(SaveLearned(Own, Path(), strError));
-    EXPECT_EQ(strError, "The file of learned words cannot be replaced.");
-    EXPECT_FALSE(LoadLearned(Path(), Own, strError));
-    EXPECT_TRUE(Own.IsEmpty());
-}
-
-TEST_F(PredictorFile, MappedFile_GivesTheBytesOrAnError) {
-    {
-        MappedFile File;
-        EXPECT_FALSE(File.Open(Path(), strError));
-        EXPECT_FALSE(strError.empty());
-        ASSERT_TRUE(SaveLearned(Own, Path(), strError));
-        ASSERT_TRUE(File.Open(Path(), strError));
-        EXPECT_EQ(File.Bytes(), Own.Write());
-    }  // a mapped file is closed to writers
-    std::ofstream(Path(), std::ios::trunc).close();
-    MappedFile Empty;
-    EXPECT_TRUE(Empty.Open(Path(), strError));
-    EXPECT_TRUE(Empty.Bytes().empty());
 }
 
 }  // namespace
