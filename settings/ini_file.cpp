@@ -2,6 +2,7 @@
 #include "settings/ini_file.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -14,6 +15,7 @@ namespace {
 constexpr size_t BUFFER_SIZE = 1024;           // what the settings' readers offer, in characters
 constexpr std::string_view LINE_END = "\r\n";  // of lines that are added
 constexpr std::string_view TEXT_ENDS("\r\n\0", 3);
+constexpr std::string_view DIGITS = "0123456789";
 
 std::string_view UpToNul(std::string_view strText) {
     return strText.substr(0, strText.find('\0'));
@@ -29,19 +31,18 @@ std::string_view Presented(std::string_view strValue) {
 }
 
 int32_t LeadingInteger(std::string_view strText) {
-    size_t nPos = 0;
-    while (nPos < strText.size() && static_cast<unsigned char>(strText[nPos]) <= ' ')
-        ++nPos;
-    const bool bNegative = nPos < strText.size() && strText[nPos] == '-';
-    if (bNegative || (nPos < strText.size() && strText[nPos] == '+')) ++nPos;
+    while (!strText.empty() && static_cast<unsigned char>(strText.front()) <= ' ')
+        strText.remove_prefix(1);
+    const bool bNegative = strText.starts_with('-');
+    if (bNegative || strText.starts_with('+')) strText.remove_prefix(1);
     uint32_t nResult = 0;
-    for (; nPos < strText.size() && strText[nPos] >= '0' && strText[nPos] <= '9'; ++nPos) {
-        nResult = nResult * 10 + static_cast<uint32_t>(strText[nPos] - '0');
-    }
+    for (const char nDigit : strText.substr(0, strText.find_first_not_of(DIGITS)))
+        nResult = nResult * 10 + static_cast<uint32_t>(nDigit - '0');
     return static_cast<int32_t>(bNegative ? 0 - nResult : nResult);
 }
 
-/// The changes to be made to a text: what goes, and what comes in at which offset.
+/// The changes to be made to a text: by the offset where it begins, where what goes ends and what
+/// comes in there. They never overlap.
 class Edits {
   public:
     explicit Edits(const IniText& objOriginal) : objText(objOriginal) {}
@@ -51,61 +52,50 @@ class Edits {
         const std::string& strBytes = objText.Bytes();
         const auto nNameEnd =
             static_cast<size_t>(objLine.strName.data() - strBytes.data()) + objLine.strName.size();
-        std::string strNew = strBytes.substr(objLine.nBegin, nNameEnd - objLine.nBegin);
-        strNew += objLine.strSeparator.empty() ? "=" : objLine.strSeparator;
-        strNew += strValue;
-        Insertions[objLine.nBegin] = std::move(strNew);
-        Removals.emplace_back(objLine.nBegin,
-                              nNameEnd + objLine.strSeparator.size() + objLine.strValue.size());
+        Edit& objEdit = Changes[objLine.nBegin];
+        objEdit.nEnd = nNameEnd + objLine.strSeparator.size() + objLine.strValue.size();
+        objEdit.strNew = strBytes.substr(objLine.nBegin, nNameEnd - objLine.nBegin);
+        objEdit.strNew += objLine.strSeparator.empty() ? "=" : objLine.strSeparator;
+        objEdit.strNew += strValue;
     }
 
+    /// Adjoining lines go as one: a file may repeat a key millions of times.
     void Remove(const IniLine& objLine) {
-        const bool bAdjoins = !Removals.empty() && Removals.back().second == objLine.nBegin;
-        if (bAdjoins) {
-            Removals.back().second = objLine.nNext;
-        } else {
-            Removals.emplace_back(objLine.nBegin, objLine.nNext);
-        }
+        const auto objAfter = Changes.lower_bound(objLine.nBegin);
+        const bool bAdjoins =
+            objAfter != Changes.begin() && std::prev(objAfter)->second.nEnd == objLine.nBegin;
+        Edit& objEdit = bAdjoins ? std::prev(objAfter)->second : Changes[objLine.nBegin];
+        objEdit.nEnd = objLine.nNext;
     }
 
     void AppendToSection(const IniText::Section& objSection, std::string_view strLine) {
         const auto [objLast, bUnknown] = LastLines.try_emplace(objSection.nBegin);
         if (bUnknown) objLast->second = objText.LastLine(objSection);
-        const auto [objFound, bFirst] = Insertions.try_emplace(objLast->second.nNext);
-        if (bFirst && !objLast->second.bEnded) objFound->second += LINE_END;
-        objFound->second += strLine;
+        const size_t nOffset = objLast->second.nNext;
+        const auto [objFound, bFirst] = Changes.try_emplace(nOffset, Edit{nOffset, {}});
+        if (bFirst && !objLast->second.bEnded) objFound->second.strNew += LINE_END;
+        objFound->second.strNew += strLine;
     }
 
-    [[nodiscard]] std::string Apply() {
-        std::sort(Removals.begin(), Removals.end());
+    [[nodiscard]] std::string Applied() const {
         std::string strResult;
-        strResult.reserve(objText.Bytes().size());
-        for (const auto& [nOffset, strNew] : Insertions) {
-            CopyUpTo(nOffset, strResult);
-            strResult += strNew;
+        size_t nCopied = 0;
+        for (const auto& [nOffset, objEdit] : Changes) {
+            strResult.append(objText.Bytes(), nCopied, nOffset - nCopied).append(objEdit.strNew);
+            nCopied = objEdit.nEnd;
         }
-        CopyUpTo(objText.Bytes().size(), strResult);
-        return strResult;
+        return strResult.append(objText.Bytes(), nCopied);
     }
 
   private:
-    /// Copies from where the last copy ended, without what is removed.
-    void CopyUpTo(size_t nOffset, std::string& strResult) {
-        for (; nRemoved < Removals.size() && Removals[nRemoved].first < nOffset; ++nRemoved) {
-            strResult.append(objText.Bytes(), nCopied, Removals[nRemoved].first - nCopied);
-            nCopied = Removals[nRemoved].second;
-        }
-        if (nCopied >= nOffset) return;
-        strResult.append(objText.Bytes(), nCopied, nOffset - nCopied);
-        nCopied = nOffset;
-    }
+    struct Edit {
+        size_t nEnd;
+        std::string strNew;
+    };
 
     const IniText& objText;
-    std::vector<std::pair<size_t, size_t>> Removals;  ///< first offset, offset behind
-    std::map<size_t, std::string> Insertions;
+    std::map<size_t, Edit> Changes;
     std::map<size_t, IniLine> LastLines;  ///< by section: found once, not for every key
-    size_t nRemoved = 0;                  ///< removals and bytes dealt with while applying
-    size_t nCopied = 0;
 };
 
 /// The sections that the file does not have yet, in the order of their first key.
@@ -223,7 +213,7 @@ std::string IniFile::Bytes() const {
             objEdits.AppendToSection(*objSection, strLine());
         }
     }
-    std::string strResult = objEdits.Apply();
+    std::string strResult = objEdits.Applied();
     objNewSections.AppendTo(strResult);
     return strResult;
 }

@@ -44,27 +44,26 @@ char PrintOf(std::string_view strName) {
     return static_cast<char>((nHash ^ (nHash >> 8U) ^ (nHash >> 16U) ^ (nHash >> 24U)) & 0xFFU);
 }
 
-/// Takes a trimmed line apart.
-void ParseLine(std::string_view strLine, IniLine& objLine) {
-    using Type = IniLine::Type;
-    if (strLine.empty()) return;
-    if (strLine.front() == ';') {
-        objLine.nType = Type::Comment;
-        return;
-    }
-    const size_t nClose = strLine.front() == '[' ? strLine.rfind(']') : std::string_view::npos;
-    if (nClose != std::string_view::npos) {
-        objLine.nType = Type::Header;
-        objLine.strName = TrimIniBlanks(strLine.substr(1, nClose - 1));
-        return;
-    }
-    objLine.nType = Type::Entry;
+void ParseEntry(std::string_view strLine, IniLine& objLine) {
+    objLine.nType = IniLine::Type::Entry;
     const size_t nEquals = strLine.find('=');
     objLine.strName = TrimIniBlanks(strLine.substr(0, nEquals));
     if (nEquals == std::string_view::npos) return;
     objLine.strValue = TrimIniBlanks(strLine.substr(nEquals + 1));
     const size_t nValue = strLine.size() - objLine.strValue.size();
     objLine.strSeparator = strLine.substr(objLine.strName.size(), nValue - objLine.strName.size());
+}
+
+/// Takes a trimmed line apart.
+void ParseLine(std::string_view strLine, IniLine& objLine) {
+    if (strLine.empty() || strLine.front() == ';') return;
+    const size_t nClose = strLine.front() == '[' ? strLine.rfind(']') : std::string_view::npos;
+    if (nClose == std::string_view::npos) {
+        ParseEntry(strLine, objLine);
+    } else {
+        objLine.nType = IniLine::Type::Header;
+        objLine.strName = TrimIniBlanks(strLine.substr(1, nClose - 1));
+    }
 }
 
 }  // namespace
@@ -87,17 +86,8 @@ void IniText::NamedLines::Add(const IniLine& objLine) {
     nOffsets.push_back(objLine.nBegin);
 }
 
-size_t IniText::NamedLines::Find(char nPrint, size_t nFirst, size_t nEnd) const {
-    const std::string_view strRange = std::string_view(strPrints).substr(0, nEnd);
-    return std::min(strRange.find(nPrint, nFirst), nEnd);
-}
-
 IniText::IniText(std::string strFileBytes) : strBytes(std::move(strFileBytes)) {
     for (size_t nOffset = FirstLine(); nOffset < strBytes.size();) {
-        if (IsLineEnd(strBytes[nOffset])) {
-            ++nOffset;
-            continue;
-        }
         const IniLine objLine = LineAt(nOffset);
         if (objLine.nType == IniLine::Type::Header) {
             objHeaders.Add(objLine);
@@ -116,43 +106,45 @@ size_t IniText::FirstLine() const {
 IniLine IniText::LineAt(size_t nOffset) const {
     const auto objBegin = strBytes.begin() + static_cast<std::ptrdiff_t>(nOffset);
     const auto objEnd = std::find_if(objBegin, strBytes.end(), IsLineEnd);
+    const bool bEnded = objEnd != strBytes.end();
+    const bool bPair =
+        bEnded && *objEnd == '\r' && objEnd + 1 != strBytes.end() && objEnd[1] == '\n';
     IniLine objLine;
     objLine.nBegin = nOffset;
     objLine.nNext = static_cast<size_t>(objEnd - strBytes.begin());
+    if (bEnded) objLine.nNext += bPair ? 2 : 1;
+    objLine.bEnded = bEnded;
     ParseLine(TrimIniBlanks({objBegin, objEnd}), objLine);
-    objLine.bEnded = objEnd != strBytes.end();
-    if (objLine.bEnded) {
-        const bool bPair = *objEnd == '\r' && objEnd + 1 != strBytes.end() && objEnd[1] == '\n';
-        objLine.nNext += bPair ? 2 : 1;
-    }
     return objLine;
+}
+
+size_t IniText::Find(const NamedLines& objLines, std::string_view strName, size_t nFirst,
+                     size_t nEnd) const {
+    const auto strPrints = std::string_view(objLines.strPrints).substr(0, nEnd);
+    const char nPrint = PrintOf(strName);
+    size_t nFound = strPrints.find(nPrint, nFirst);
+    while (nFound != std::string_view::npos &&
+           !IniNamesEqual(LineAt(objLines.nOffsets[nFound]).strName, strName)) {
+        nFound = strPrints.find(nPrint, nFound + 1);
+    }
+    return std::min(nFound, nEnd);
 }
 
 std::optional<IniText::Section> IniText::FindSection(std::string_view strName) const {
     const size_t nCount = objHeaders.nOffsets.size();
-    const char nPrint = PrintOf(strName);
-    size_t nHeader = objHeaders.Find(nPrint, 0, nCount);
-    while (nHeader < nCount &&
-           !IniNamesEqual(LineAt(objHeaders.nOffsets[nHeader]).strName, strName)) {
-        nHeader = objHeaders.Find(nPrint, nHeader + 1, nCount);
-    }
+    const size_t nHeader = Find(objHeaders, strName, 0, nCount);
     if (nHeader == nCount) return std::nullopt;
     const bool bLast = nHeader + 1 == nCount;
-    Section objSection;
-    objSection.nFirstEntry = nFirstEntries[nHeader];
-    objSection.nEndEntry = bLast ? objEntries.nOffsets.size() : nFirstEntries[nHeader + 1];
-    objSection.nBegin = objHeaders.nOffsets[nHeader];
-    objSection.nEnd = bLast ? strBytes.size() : objHeaders.nOffsets[nHeader + 1];
-    return objSection;
+    return Section{
+        .nFirstEntry = nFirstEntries[nHeader],
+        .nEndEntry = bLast ? objEntries.nOffsets.size() : nFirstEntries[nHeader + 1],
+        .nBegin = objHeaders.nOffsets[nHeader],
+        .nEnd = bLast ? strBytes.size() : objHeaders.nOffsets[nHeader + 1],
+    };
 }
 
 size_t IniText::FindEntry(const Section& objSection, std::string_view strKey, size_t nEntry) const {
-    const char nPrint = PrintOf(strKey);
-    nEntry = objEntries.Find(nPrint, nEntry, objSection.nEndEntry);
-    while (nEntry < objSection.nEndEntry && !IniNamesEqual(Entry(nEntry).strName, strKey)) {
-        nEntry = objEntries.Find(nPrint, nEntry + 1, objSection.nEndEntry);
-    }
-    return nEntry;
+    return Find(objEntries, strKey, nEntry, objSection.nEndEntry);
 }
 
 IniLine IniText::LastLine(const Section& objSection) const {

@@ -16,9 +16,13 @@ namespace taviro {
 /// One line, without its line end. Lone CRs and LFs end lines too. Blanks around a name or value do
 /// not belong to it.
 struct IniLine {
-    enum class Type { Blank, Comment, Header, Entry };
+    enum class Type {
+        Nothing,  ///< a blank line or a comment
+        Header,
+        Entry,
+    };
 
-    Type nType = Type::Blank;
+    Type nType = Type::Nothing;
     size_t nBegin = 0;              ///< offset of the first byte
     size_t nNext = 0;               ///< offset behind the line end
     bool bEnded = false;            ///< false: the file ends without a line end
@@ -37,10 +41,10 @@ class IniText {
   public:
     /// A section's entries and its lines (header included); a section ends before the next header.
     struct Section {
-        size_t nFirstEntry = 0;
-        size_t nEndEntry = 0;
-        size_t nBegin = 0;
-        size_t nEnd = 0;
+        size_t nFirstEntry;
+        size_t nEndEntry;
+        size_t nBegin;
+        size_t nEnd;
     };
 
     explicit IniText(std::string strFileBytes);
@@ -73,8 +77,11 @@ class IniText {
         std::vector<size_t> nOffsets;
 
         void Add(const IniLine& objLine);
-        [[nodiscard]] size_t Find(char nPrint, size_t nFirst, size_t nEnd) const;
     };
+
+    /// The first line of that name at or after nFirst and before nEnd; nEnd when there is none.
+    [[nodiscard]] size_t Find(const NamedLines& objLines, std::string_view strName, size_t nFirst,
+                              size_t nEnd) const;
 
     std::string strBytes;
     NamedLines objHeaders;

@@ -2,6 +2,7 @@
 #include "settings/setting.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/files.h"
@@ -31,10 +32,6 @@ using enum SaveAs;
 constexpr wchar_t INFO[] = L"Info";
 constexpr wchar_t VOICE[] = L"Voice";
 constexpr wchar_t BUTTONS[] = L"Buttons";
-
-int64_t AbsoluteValue(int64_t nValue) {
-    return nValue < 0 ? -nValue : nValue;
-}
 
 }  // namespace
 
@@ -163,7 +160,7 @@ void cSetting::ReadButtons() const {
 std::wstring cSetting::TextToSave(const Row& objRow) const {
     if (objRow.strText != nullptr) return this->*objRow.strText;
     const int64_t nValue = this->*objRow.nNumber;
-    return std::to_wstring(objRow.nSaveAs == Absolute ? AbsoluteValue(nValue) : nValue);
+    return std::to_wstring(objRow.nSaveAs == Absolute ? std::abs(nValue) : nValue);
 }
 
 std::vector<IniEntry> cSetting::EntriesToSave() const {
@@ -175,7 +172,6 @@ std::vector<IniEntry> cSetting::EntriesToSave() const {
         return pFirst->nSaveOrder < pSecond->nSaveOrder;
     });
     std::vector<IniEntry> Entries;
-    Entries.reserve(SavedRows.size() + nButtonCount);
     for (const Row* pRow : SavedRows) {
         Entries.push_back({pRow->strSection, pRow->strKey, TextToSave(*pRow)});
     }

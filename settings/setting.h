@@ -66,8 +66,8 @@ class cSetting {
     int32_t Delay() const { return nDelay; }
     void Delay(int32_t nValue) { nDelay = nValue; }
     const std::wstring& SndName() const { return strSndName; }
-    /// Stores the property's own value, not the new one: the name in the file is all that counts.
-    void SndName(const std::wstring& /*strValue*/) { strSndName = SndName(); }
+    /// Stores nothing: the name in the file is all that counts.
+    void SndName(const std::wstring& /*strValue*/) {}
     int32_t VoiceOnLineChange() const { return nVoiceOnLineChange; }  ///< not 0: on
     void VoiceOnLineChange(int32_t nValue) { nVoiceOnLineChange = nValue; }
 

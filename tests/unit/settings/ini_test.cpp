@@ -97,6 +97,16 @@ TEST(IniReadString, CzechNames_AreFoundInEitherCase) {
     EXPECT_EQ(objFile.ReadString(L"Ricany", L"Žluťoučký", L"-"), L"-");
 }
 
+// Look-ups go by a short print of each name, which many names share.
+TEST(IniReadString, Name_IsFoundBehindAnyOther) {
+    for (int i = 0; i < 1000; ++i) {
+        const std::string strOther = "other" + std::to_string(i);
+        EXPECT_EQ(Read("[s]\n" + strOther + "=1\nk=v\n"), "v") << strOther;
+        EXPECT_EQ(Read("[" + strOther + "]\nk=1\n[s]\nk=v\n"), "v") << strOther;
+        EXPECT_EQ(Read("[" + strOther + "]\nk=1\n[t]\n"), "(default)") << strOther;
+    }
+}
+
 TEST(IniReadInt, Table) {
     const struct {
         const char* strText;
@@ -148,6 +158,7 @@ TEST(IniSectionTextCount, Table) {
         {"[t]\nk=v", 0},
         {"[s]", 0},
         {"[s]\n\n;comment\n", 0},
+        {"[s]\n \t\n", 0},
         {"[s]\nk=v", 4},
         {"[S]\n k = v \n;c\na=\"b\"\n", 10},
         {"[s]\nword\n", 5},
@@ -212,6 +223,15 @@ TEST(IniWrite, NoText_DeletesTheKey) {
         {"only that line", "[s]\r\na=1\r\n K = 2\r\nb=3\r\n", {objDelete}, "[s]\r\na=1\r\nb=3\r\n"},
         {"last line open", "[s]\nk=1", {objDelete}, "[s]\n"},
         {"every line of that key", "[s]\nk=1\na=2\nk=3\n", {objDelete}, "[s]\na=2\n"},
+        {"lines beside each other", "[s]\nk=1\nk=2\nk=3\na=1\nk=4", {objDelete}, "[s]\na=1\n"},
+        {"keys beside each other",
+         "[s]\nk=1\nl=2\nk=3\nl=4\na=5\n",
+         {{L"s", L"l", std::nullopt}, objDelete},
+         "[s]\na=5\n"},
+        {"beside a replaced line",
+         "[s]\na=1\nk=2\nb=3\n",
+         {{L"s", L"a", L"9"}, objDelete, {L"s", L"b", L"8"}},
+         "[s]\na=9\nb=8\n"},
         {"deleted, then written", "[s]\nk=1\n", {objDelete, {L"s", L"k", L"2"}}, "[s]\nk=2\n"},
         {"written, then deleted", "[s]\n", {{L"s", L"k", L"2"}, objDelete}, "[s]\n"},
         {"with a new key, last line open",
