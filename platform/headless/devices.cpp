@@ -59,7 +59,11 @@ bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
         return false;
     }
     if (strFile.empty()) return true;
-    if (Desktop.bSoundFails || !Desktop.Files.FileExists(strFile)) return false;
+    if (Desktop.bSoundFails) return false;
+    if (!Desktop.Files.FileExists(strFile)) {
+        Desktop.Record("default sound");  // the system plays its own instead
+        return false;
+    }
     Desktop.Record("sound " + ToUtf8(strFile));
     Desktop.nSoundEnds = Desktop.nNow + Desktop.nSoundLength;
     if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.nNow = Desktop.nSoundEnds;
