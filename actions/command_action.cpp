@@ -56,10 +56,9 @@ void ExecuteCommand(const Command& Wanted) {
 void ResetCursor() {
     const bool bToFirstRow = objSetting.TriggerColumnReset() == RESET_ON;
     const bool bToFirstColumn = objSetting.TriggerRowReset() == RESET_ON;
-    if (!bToFirstRow && !bToFirstColumn) return;
     if (bToFirstRow) Cursor.nRow = 1;
     if (bToFirstColumn) Cursor.nColumn = 1;
-    SetHi(Cursor.nColumn, Cursor.nRow);
+    if (bToFirstRow || bToFirstColumn) SetHi(Cursor.nColumn, Cursor.nRow);
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ std::wstring TakeWord(std::wstring strLabel) {
 std::wstring MakeRoom(const std::wstring& strWord) {
     const std::wstring strStanding = StandingText(Prediction.Standing);
     if (strStanding == strWord) return {};
-    const auto nCounted = static_cast<size_t>(std::max(Prediction.nTypedCount, 0));
+    const auto nCounted = static_cast<size_t>(Prediction.nTypedCount);
     size_t nLeft = strStanding.size() - std::min(nCounted, strStanding.size());
     if (!strWord.starts_with(strStanding.substr(0, nLeft))) nLeft = 0;
     for (size_t n = nLeft; n < strStanding.size(); ++n)

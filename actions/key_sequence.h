@@ -10,11 +10,11 @@ namespace taviro {
 
 /// The key that types a character, and what it needs.
 struct CharacterKey {
-    uint8_t nVk = 0;
-    uint8_t nScan = 0;
-    bool bShift = false;
-    bool bCtrl = false;
-    bool bAlt = false;
+    uint8_t nVk;
+    uint8_t nScan;
+    bool bShift;
+    bool bCtrl;
+    bool bAlt;
 };
 
 /// Built from the live layout on first use and kept: both tables as the layout was then.

@@ -131,11 +131,8 @@ void TypeCharacter(uint8_t nCharacter) {
     const auto nScan = static_cast<uint8_t>(platform::OemKeyScanCode(nCharacter));
     const bool bShift = (nFound & platform::LAYOUT_SHIFT) != 0;
     // Shift's scan code is what the layout answers for its key code taken as a character.
-    uint8_t nShiftScan = 0;
-    if (bShift) {
-        nShiftScan = static_cast<uint8_t>(platform::VkKeyScanAnsi(SHIFT_AS_CHARACTER));
-        platform::KeybdEvent(KeyCode::Shift, nShiftScan, KEY_FLAG_DOWN, 0);
-    }
+    const auto nShiftScan = static_cast<uint8_t>(platform::VkKeyScanAnsi(SHIFT_AS_CHARACTER));
+    if (bShift) platform::KeybdEvent(KeyCode::Shift, nShiftScan, KEY_FLAG_DOWN, 0);
     platform::KeybdEvent(nVk, nScan, KEY_FLAG_DOWN, 0);
     // Shift goes up before the key does, so that it is never down longer than the press needs.
     if (bShift) platform::KeybdEvent(KeyCode::Shift, nShiftScan, KEY_FLAG_UP, 0);

@@ -46,10 +46,10 @@ enum class Step {
 };
 
 struct Transition {
-    From nFrom = From::Anywhere;
-    ModeEvent nEvent = ModeEvent::ModeButton;
+    From nFrom;
+    ModeEvent nEvent;
     When nWhen = When::Always;
-    Mode nTo = Mode::Select;  // not of a row that goes on with another
+    Mode nTo{};  // not of a row that goes on with another
     const wchar_t* szAnnounced = nullptr;
     const wchar_t* szLog = nullptr;
     std::span<const Step> Steps;
@@ -168,9 +168,9 @@ bool IsOn(Mode nMode) {
         case Mode::Arrow:
             return Modes.bArrowMode;
         case Mode::Application:
-            return Modes.bAppMode;
+            break;
     }
-    return false;
+    return Modes.bAppMode;
 }
 
 void Carry(Step nStep, const Transition& Row);
@@ -190,46 +190,33 @@ void Carry(Step nStep, const Transition& Row) {
     switch (nStep) {
         case Step::StopScan:
             forms::FrmMain->ScanTimer.Enabled = false;
-            break;
+            return;
         case Step::Announce:
-            Announce(Row.szAnnounced);
-            break;
+            return Announce(Row.szAnnounced);
         case Step::Log:
-            LogEvent(Row.szLog);
-            break;
+            return LogEvent(Row.szLog);
         case Step::EndMode:
-            Modes.Clear();
-            break;
+            return Modes.Clear();
         case Step::SetMode:
-            Modes.Set(Row.nTo);
-            break;
+            return Modes.Set(Row.nTo);
         case Step::RememberCell:
-            Cursor.Remember();
-            break;
+            return Cursor.Remember();
         case Step::FollowForeground:
-            CheckForegroundApp(true);
-            break;
+            return CheckForegroundApp(true);
         case Step::LeaveAppMap:
-            LeaveAppMap();
-            break;
+            return LeaveAppMap();
         case Step::ShowCommonMap:
-            ShowCommonMapAgain();
-            break;
+            return ShowCommonMapAgain();
         case Step::RunMessages:
-            platform::RunPendingMessages();
-            break;
+            return platform::RunPendingMessages();
         case Step::EnterMode:
-            Row.nTo == Mode::Application ? EnterAppMode() : EnterSelectMode();
-            break;
+            return Row.nTo == Mode::Application ? EnterAppMode() : EnterSelectMode();
         case Step::ForgetForeground:
-            ForgetForegroundApp();
-            break;
+            return ForgetForegroundApp();
         case Step::CloseList:
-            HideList();
-            break;
+            return HideList();
         case Step::GoOn:
-            ChangeFrom(From::Between, Row.nEvent);
-            break;
+            return ChangeFrom(From::Between, Row.nEvent);
     }
 }
 

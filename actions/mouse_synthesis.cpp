@@ -3,6 +3,7 @@
 
 #include <array>
 #include <limits>
+#include <optional>
 
 #include "platform/keys.h"
 #include "platform/metrics.h"
@@ -37,13 +38,12 @@ class AccelerationPause {
     std::array<int32_t, 3> m_Saved{};
 };
 
-// Returns false, and leaves nDistance alone, when it does not fit 32 bits.
-bool Subtract(int32_t nTo, int32_t nFrom, int32_t& nDistance) {
+// Nothing when the distance does not fit 32 bits.
+std::optional<int32_t> Distance(int32_t nFrom, int32_t nTo) {
     const int64_t nWide = int64_t{nTo} - nFrom;
-    if (nWide < std::numeric_limits<int32_t>::min()) return false;
-    if (nWide > std::numeric_limits<int32_t>::max()) return false;
-    nDistance = static_cast<int32_t>(nWide);
-    return true;
+    if (nWide < std::numeric_limits<int32_t>::min()) return {};
+    if (nWide > std::numeric_limits<int32_t>::max()) return {};
+    return static_cast<int32_t>(nWide);
 }
 
 }  // namespace
@@ -56,15 +56,17 @@ void MouseClickAt(int32_t nX, int32_t nY, bool bRightButton) {
     platform::ScreenPoint Now;
     // A click at a place that nobody asked for would be worse than none.
     if (!platform::GetPointer(Now)) return;
-    int32_t nDx = 0;
-    int32_t nDy = 0;
-    if (!Subtract(nX, Now.nX, nDx) || !Subtract(nY, Now.nY, nDy)) return;
+    const auto nDx = Distance(Now.nX, nX);
+    const auto nDy = Distance(Now.nY, nY);
+    if (!nDx || !nDy) return;
     const uint32_t nDown =
         bRightButton ? platform::MOUSE_FLAG_RIGHTDOWN : platform::MOUSE_FLAG_LEFTDOWN;
     const uint32_t nUp = bRightButton ? platform::MOUSE_FLAG_RIGHTUP : platform::MOUSE_FLAG_LEFTUP;
     const std::array<InputRecord, 3> Records{
-        MouseRecord{
-            .nDx = nDx, .nDy = nDy, .nMouseData = nMouseData, .dwFlags = platform::MOUSE_FLAG_MOVE},
+        MouseRecord{.nDx = *nDx,
+                    .nDy = *nDy,
+                    .nMouseData = nMouseData,
+                    .dwFlags = platform::MOUSE_FLAG_MOVE},
         MouseRecord{.nMouseData = nMouseData, .dwFlags = nDown},
         MouseRecord{.nMouseData = nMouseData, .dwFlags = nUp}};
     // What another program keeps from the system cannot be sent again: the pointer has moved.

@@ -82,8 +82,7 @@ void UpdatePrediction(int32_t nKey, int32_t /*nModifiers*/, int32_t nKind) {
         Prediction.strSuffix.clear();
         LosePlace(Prediction.Standing);
     } else {
-        Prediction.strPrefix += Typed.nCharacter;
-        Prediction.strPrefix = std::wstring(platform::TrimBlanks(Prediction.strPrefix));
+        Prediction.strPrefix = platform::TrimBlanks(Prediction.strPrefix + Typed.nCharacter);
         NoteAction(Prediction.Standing, Action, Typed);
     }
     if (Prediction.strPrefix.empty()) return;

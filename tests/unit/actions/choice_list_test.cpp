@@ -107,7 +107,7 @@ TEST_F(ChoiceListBox, Show_CoversTheUpperHalf_StatusLineMeetsIt) {
 TEST_F(ChoiceListBox, Height_IsSixLinesAtLeast_NeverMoreThanTheMap) {
     const struct {
         int32_t nMapHeight, nListHeight;
-    } Rows[] = {{193, 96}, {192, 96}, {120, 96}, {96, 96}, {40, 40}, {0, 0}, {-5, 0}};
+    } Rows[] = {{193, 96}, {192, 96}, {120, 96}, {97, 96}, {96, 96}, {40, 40}, {0, 0}, {-5, 0}};
     for (const auto& Row : Rows) {
         SCOPED_TRACE(Row.nMapHeight);
         FrmMain->Label1.Top = Row.nMapHeight;
@@ -133,8 +133,10 @@ TEST_F(ChoiceListBox, Hide_DoesNothing_WhenNoListIsShown) {
     Open(L"*;a");
     HideList();
     const int32_t nTop = FrmMain->Label1.Top;
+    const int32_t nHeight = FrmMain->Label1.Height;
     HideList();
     EXPECT_EQ(FrmMain->Label1.Top.Get(), nTop);
+    EXPECT_EQ(FrmMain->Label1.Height.Get(), nHeight);
     EXPECT_FALSE(Modes.bListMode);
     EXPECT_FALSE(FrmMain->List1.Visible);
 }
@@ -166,6 +168,14 @@ TEST_F(ChoiceListBox, EmptyList_BeepsOnMoves_ClosesOnConfirming) {
     EXPECT_EQ(Desktop.TakeEffects(), (Effects{"beep", "silence", "beep", "silence"}));
     EXPECT_EQ(Accept(), Effects{"silence"});
     EXPECT_FALSE(Modes.bListMode);
+}
+
+TEST_F(ChoiceListBox, EmptyList_SelectsNothing_AfterAListWhoseLastEntryWasTaken) {
+    Open(L"*;a;b");
+    Select(1);
+    Accept();
+    Open(L"*Title");
+    EXPECT_EQ(FrmMain->List1.ListIndex.Get(), -1);
 }
 
 TEST_F(ChoiceListBox, Accept_LaunchesTheCommand) {

@@ -201,6 +201,7 @@ TEST_F(CommandRun, CursorOutsideTheGrid_RunsTheEmptyAction_IsBroughtBackByTheRes
 TEST_F(CommandRun, CursorAtZero_RunsTheEmptyAction) {
     Cursor.nColumn = 0;
     EXPECT_EQ(RunButton(CELL_UNDER_CURSOR), EMPTY_ACTION);
+    EXPECT_EQ(Highlighted(), L"g") << "no setting moved the highlight";
 }
 
 TEST_F(CommandRun, ShownApplicationMap_GivesTheCell) {

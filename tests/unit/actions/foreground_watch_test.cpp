@@ -130,6 +130,14 @@ TEST_F(ForegroundWatch, Force_LoadsAgain_KeepsTheCell) {
     EXPECT_EQ(Stored(L"NOTEPAD.EXE"), (Position{2, 1}));
 }
 
+TEST_F(ForegroundWatch, Force_LoadsAgain_WhateverNumbersTheSystemGave) {
+    Desktop.Windows = {{1, L"a.txt", L"", 1, 101}};
+    BringToFront(1);
+    PutData(L"data_NOTEPAD.EXE.ini", L"[1,1]N1b,65\r\n");
+    CheckForegroundApp(true);
+    EXPECT_EQ(FirstShown(), L"N1b");
+}
+
 TEST_F(ForegroundWatch, ApplicationWithoutAMap_BringsTheCommonMapBack) {
     PutCursor(3, 2);
     Cursor.Remember();

@@ -154,8 +154,7 @@ TEST_F(ModeSoundsTest, EnterMode_GoesOnAfterTenSeconds_WhenTheSoundNeverEnds) {
     PutSound(L"mode_select");
     Desktop.nSoundLength = 3600 * 1000;
     EnterSelectMode();
-    EXPECT_GE(Between(), 10000U);
-    EXPECT_LT(Between(), 10100U);
+    EXPECT_EQ(Between(), 10000U);
     EXPECT_EQ(Desktop.TakeEffects(), (Effects{Played("mode_select"), Said("A")}));
 }
 
@@ -246,6 +245,16 @@ TEST_F(WaitingTest, ModeFlag_StaysDuringTheAnnouncement_WhenApplicationModeIsLef
     PressButton(1);
     Ticks(1);
     EXPECT_EQ(strMeanwhile, "application");
+    EXPECT_EQ(SetFlags(), "select");
+}
+
+TEST_F(WaitingTest, ModeFlag_IsSetAfterTheAnnouncement_WhenTheApplicationsMapIsGone) {
+    EnterEditor();
+    std::string strMeanwhile = "none";
+    Desktop.At(Desktop.nNow + 400, [&] { strMeanwhile = SetFlags(); });
+    Desktop.hForeground = 0;
+    Ticks(1);
+    EXPECT_EQ(strMeanwhile, "") << "application mode is over, selection not yet on";
     EXPECT_EQ(SetFlags(), "select");
 }
 

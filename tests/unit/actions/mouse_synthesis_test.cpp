@@ -67,5 +67,14 @@ TEST_F(MouseSynthesis, LargestDistanceThatFits_IsSent) {
     EXPECT_EQ(std::get<MouseRecord>(Desktop.Sent[0]).nDy, std::numeric_limits<int32_t>::max());
 }
 
+TEST_F(MouseSynthesis, LargestDistanceBackThatFits_IsSent) {
+    Desktop.Pointer = {0, 1};
+    MouseClickAt(std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::min() + 1,
+                 false);
+    ASSERT_EQ(Desktop.Sent.size(), 3U);
+    EXPECT_EQ(std::get<MouseRecord>(Desktop.Sent[0]).nDx, std::numeric_limits<int32_t>::min());
+    EXPECT_EQ(std::get<MouseRecord>(Desktop.Sent[0]).nDy, std::numeric_limits<int32_t>::min());
+}
+
 }  // namespace
 }  // namespace taviro

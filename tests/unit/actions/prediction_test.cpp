@@ -137,6 +137,14 @@ TEST_F(WordPrediction, PrefixChangedByTheDictionary_IsThePrefix) {
     EXPECT_EQ(Prediction.nTypedCount, 3);
 }
 
+TEST_F(WordPrediction, BlanksInTheDictionarysPrefix_StayBetweenLetters_NotAround) {
+    Words.strChangedPrefix = L" a ";
+    Type("A");
+    Words.strChangedPrefix.clear();
+    Type("H");
+    EXPECT_EQ(Words.Asked.back(), L"a h");
+}
+
 TEST_F(WordPrediction, EndsOfWords_ClearPrefixAndSuffix_AskNothing) {
     const struct {
         const char* szName;

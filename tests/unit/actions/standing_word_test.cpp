@@ -44,11 +44,13 @@ TEST_F(Standing, Word_IsWhatTheKeysLeaveInTheText) {
         {"last letter by scan code", {4021}, L"z"},
         {"code of no kind", {6065}, L"a"},
         {"dead key and Backspace", {66, 191, 8}, L"b"},
+        {"letter behind a dead key that was taken back", {66, 191, 8, 65}, L"ba"},
         {"Backspace", {65, 66, 8}, L"a"},
         {"more Backspaces than letters", {65, 8, 8, 66}, L"b"},
         {"keys that type nothing", {65, 112, 16, 46, 4042}, L"a"},
         {"Caps Lock", {20, 65, 20, 66}, ONE + L"b"},
         {"command", {65, 0}, L"a"},
+        {"command of a cell with a kind alone", {65, 2000}, L"a"},
         {"end of the word", {65, 32}, L""},
         {"arrow", {65, 37, 66}, L"b"},
         {"Home", {65, 36}, L""},
@@ -59,6 +61,7 @@ TEST_F(Standing, Word_IsWhatTheKeysLeaveInTheText) {
         {"Shift and an arrow", {65, 10037}, L""},
         {"Ctrl and a letter", {65, 20086}, L""},
         {"Windows and a letter", {65, 90068}, L""},
+        {"Ctrl and the lowest key", {65, 20001}, L""},
     };
     for (const auto& Row : Rows)
         EXPECT_EQ(After(Row.Codes), Row.strStands) << Row.szName;
