@@ -29,14 +29,14 @@ int32_t Bounce(int32_t nResult) {
 
 // First column of the row that holds no cell; NO_EMPTY_CELL when the row is full.
 int32_t FirstEmptyColumn(int32_t nRow) {
-    for (int32_t n = 1; n <= MAP_SEARCH_END; ++n) {
+    for (int32_t n = 1; n <= MAP_COLUMNS; ++n) {
         if (IsEmptyCell(n, nRow)) return n;
     }
     return NO_EMPTY_CELL;
 }
 
 int32_t FirstEmptyRow() {
-    for (int32_t n = 1; n <= MAP_SEARCH_END; ++n) {
+    for (int32_t n = 1; n <= MAP_ROWS; ++n) {
         if (IsEmptyCell(1, n)) return n;
     }
     return NO_EMPTY_CELL;
@@ -150,13 +150,18 @@ int32_t MoveCursor(int32_t nVk) {
     return nResult;
 }
 
+bool GoOnAfterRow(int32_t nVk, int32_t nResult) {
+    if (nVk != KeyCode::Right && nVk != KeyCode::Left) return false;
+    if (nResult == MOVE_ROW_END) {
+        nResult = MoveCursor(nVk == KeyCode::Right ? KeyCode::Down : KeyCode::Up);
+    }
+    if (nResult == MOVE_COLUMN_END) forms::FrmMain->ScanTimer.Enabled = false;
+    return true;
+}
+
 void ScanTimer_Timer() {
-    int32_t nResult = MoveCursor(Scanning.nScanDirection);
-    const bool bRight = Scanning.nScanDirection == KeyCode::Right;
-    const bool bLeft = Scanning.nScanDirection == KeyCode::Left;
-    if (nResult == MOVE_ROW_END && bRight) nResult = MoveCursor(KeyCode::Down);
-    if (nResult == MOVE_ROW_END && bLeft) nResult = MoveCursor(KeyCode::Up);
-    if (nResult == MOVE_COLUMN_END && (bRight || bLeft)) forms::FrmMain->ScanTimer.Enabled = false;
+    const int32_t nResult = MoveCursor(Scanning.nScanDirection);
+    GoOnAfterRow(Scanning.nScanDirection, nResult);
     const int32_t nDelay = objSetting.ScanDelay();
     if (nDelay > 0) platform::SleepMs(static_cast<uint32_t>(nDelay));
 }

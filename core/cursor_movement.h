@@ -16,8 +16,12 @@ inline constexpr int32_t MOVE_COLUMN_END = 2;  ///< wrapped or bounced at the en
 /// highlight and announcement.
 int32_t MoveCursor(int32_t nVk);
 
-/// One step of automatic scanning: along the row, then on to the next (rightwards) or previous
-/// (leftwards) row; ends the scan at the end of the map. Then pauses for the scan delay.
+/// What follows a sideways move that returned nResult: at the row's end the next row (rightwards)
+/// or the previous one (leftwards), at the map's end the end of the scan. Returns false, and does
+/// nothing, when the move was not sideways.
+bool GoOnAfterRow(int32_t nVk, int32_t nResult);
+
+/// One step of automatic scanning, and what follows it. Then pauses for the scan delay.
 void ScanTimer_Timer();
 
 struct ScanState {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/dialog_list.h"
 
+#include <initializer_list>
+
 #include "dialogs/about_form.h"
 #include "dialogs/app_setting_form.h"
 #include "dialogs/button_config_form.h"
@@ -22,12 +24,11 @@ void MakeDialogsAnew() {
 }
 
 void AttachDialogs() {
-    platform::AttachDialog(*FrmVoice);
-    platform::AttachDialog(*frmAbout);
-    platform::AttachDialog(*frmAppSetting);
-    platform::AttachDialog(*frmButtonConfig);
-    platform::AttachDialog(*frmConfig);
-    platform::AttachDialog(*frmMap);
+    for (forms::Form* pForm : std::initializer_list<forms::Form*>{
+             FrmVoice.get(), frmAbout.get(), frmAppSetting.get(), frmButtonConfig.get(),
+             frmConfig.get(), frmMap.get()}) {
+        platform::AttachDialog(*pForm);
+    }
 }
 
 }  // namespace taviro

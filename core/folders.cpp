@@ -24,8 +24,7 @@ std::wstring GetSpecialFolderPath(int32_t nFolderId) {
     platform::ItemIdList* pList = nullptr;
     if (platform::SpecialFolderLocation(NO_REAL_OWNER, nFolderId, pList) != 0) return {};
     // The list stays the shell's: a few bytes, once a run.
-    std::array<wchar_t, PATH_BUFFER> Buffer;
-    Buffer.fill(L' ');
+    std::array<wchar_t, PATH_BUFFER> Buffer{};
     if (!platform::PathFromItemIdList(pList, Buffer)) return {};
     const std::wstring_view strAll(Buffer.data(), Buffer.size());
     return std::wstring(strAll.substr(0, strAll.find(L'\0')));

@@ -89,12 +89,25 @@ ButtonKind KindOf(int32_t nButton) {
     return ButtonTable[static_cast<size_t>(nButton)].Kind;
 }
 
-bool RunsItsOwnAction(ButtonKind nKind) {
-    return nKind == ButtonKind::Code || nKind == ButtonKind::Command;
-}
-
-void StopScan() {
-    forms::FrmMain->ScanTimer.Enabled = false;
+// Carries out what the pressed button means, if one is pressed. Only what the action button does
+// depends on the mode.
+template <class Function>
+void RunButton(Function RunAction) {
+    const int32_t nButton = PressedButton();
+    switch (KindOf(nButton)) {
+        case ButtonKind::Unassigned:
+            break;
+        case ButtonKind::Mode:
+            ChangeMode(ModeEvent::ModeButton);
+            break;
+        case ButtonKind::Action:
+            RunAction();
+            break;
+        case ButtonKind::Code:
+        case ButtonKind::Command:
+            CommandAction(nButton);
+            break;
+    }
 }
 
 void TickChoiceList() {
@@ -120,11 +133,7 @@ void TickArrowMode() {
         if (bActs) SendInArrowMode(static_cast<uint16_t>(Towards.nVk));
         LogEvent(Towards.szLog);  // on every tick in which the direction holds
     });
-    const int32_t nButton = PressedButton();
-    const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
-    if (nKind == ButtonKind::Action) SendInArrowMode(KeyCode::Enter);
-    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
+    RunButton([] { SendInArrowMode(KeyCode::Enter); });
 }
 
 void StartOrChooseInScan() {
@@ -143,35 +152,21 @@ void StartOrChooseInScan() {
 // running scan into its direction.
 void MoveInScan(int32_t nVk) {
     const int32_t nResult = MoveCursor(nVk);
-    if (nVk != KeyCode::Right && nVk != KeyCode::Left) return;
-    int32_t nLast = nResult;
-    if (nResult == MOVE_ROW_END) {
-        nLast = MoveCursor(nVk == KeyCode::Right ? KeyCode::Down : KeyCode::Up);
-    }
-    if (nLast == MOVE_COLUMN_END) StopScan();
-    Scanning.nScanDirection = nVk;
+    if (GoOnAfterRow(nVk, nResult)) Scanning.nScanDirection = nVk;
 }
 
 void TickScanMode() {
-    const int32_t nButton = PressedButton();
-    const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
-    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
-    if (nKind == ButtonKind::Action) StartOrChooseInScan();
+    RunButton(StartOrChooseInScan);
     ForEachTilt([](const Direction& Towards, bool bActs) {
         if (bActs) MoveInScan(Towards.nVk);
     });
 }
 
-void MoveByTilts() {
+void TickSelectMode() {
+    RunButton([] { CommandAction(CELL_UNDER_CURSOR); });
     ForEachTilt([](const Direction& Towards, bool bActs) {
         if (bActs) MoveCursor(Towards.nVk);
     });
-}
-
-void RunMapButton(int32_t nButton, ButtonKind nKind) {
-    if (nKind == ButtonKind::Action) CommandAction(CELL_UNDER_CURSOR);
-    if (RunsItsOwnAction(nKind)) CommandAction(nButton);
 }
 
 // Returns false when the tick ends here, its memories kept: the application's map is gone.
@@ -181,20 +176,8 @@ bool TickAppMode() {
         ChangeMode(ModeEvent::AppMapGone);
         return false;
     }
-    const int32_t nButton = PressedButton();
-    const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
-    RunMapButton(nButton, nKind);
-    MoveByTilts();
+    TickSelectMode();  // the map that is shown is another, what is done with it the same
     return true;
-}
-
-void TickSelectMode() {
-    const int32_t nButton = PressedButton();
-    const ButtonKind nKind = KindOf(nButton);
-    if (nKind == ButtonKind::Mode) ChangeMode(ModeEvent::ModeButton);
-    RunMapButton(nButton, nKind);
-    MoveByTilts();
 }
 
 bool TickMode() {
@@ -231,8 +214,7 @@ void Wait(int16_t nMilliseconds) {
     const uint32_t nStart = platform::TickCount();
     do {
         platform::SleepMs(SLEEP_STEP_MS);
-    } while (nMilliseconds > 0 &&
-             platform::TickCount() - nStart < static_cast<uint32_t>(nMilliseconds));
+    } while (static_cast<int32_t>(platform::TickCount() - nStart) < nMilliseconds);
 }
 
 void Timer1_Timer() {
@@ -243,12 +225,8 @@ void Timer1_Timer() {
     Poll.nTilt = Tilt::None;
     Poll.nButtonDown = 0;
     if (!TickMode()) return;
-    if (Poll.nTilt == Tilt::None) {
-        Poll.nTiltCount = 0;
-        if (Modes.bAutoRepeatMode) AnnounceEndOfRepeat();
-    } else {
-        ++Poll.nTiltCount;
-    }
+    Poll.nTiltCount = Poll.nTilt == Tilt::None ? 0 : Poll.nTiltCount + 1;
+    if (Modes.bAutoRepeatMode && Poll.nTiltCount == 0) AnnounceEndOfRepeat();
     Poll.nPrevButton = Poll.nButtonDown;
     Poll.nPrevTilt = Poll.nTilt;
 }

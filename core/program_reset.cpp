@@ -45,8 +45,8 @@ void ResetProgram() {
     ChoiceList = {};
     Prediction = {};
     SequenceTables = {};
-    CommonMap.Clear();
-    AppMap.Clear();
+    CommonMap = {};
+    AppMap = {};
     platform::Reports = {};
     BindMainForm();
 }

@@ -43,7 +43,6 @@ using forms::FrmMain;
 constexpr uint32_t FIRST_JOYSTICK = 0;
 
 void LoadSettings() {
-    objSetting = cSetting{};
     objSetting.Init(Program.strDataPath + L"\\setting.ini", L"");
     Program.nCellTextSize = objSetting.CellTextSize();
     Program.nCellWidth = objSetting.CellWidth();
@@ -73,8 +72,7 @@ void HookKeyboard() {
 }
 
 void ShowFirstCell() {
-    Cursor.nColumn = Cursor.nRow = 1;
-    Cursor.Remember();
+    Cursor = {};
     SetHi(Cursor.nColumn, Cursor.nRow);
     ShowMap(true);
 }

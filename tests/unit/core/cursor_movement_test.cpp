@@ -128,6 +128,29 @@ TEST_F(CursorMovement, Left_LeavesTheCursorAtZero_WhenTheRowIsFull) {
     EXPECT_EQ(Desktop.nBeeps, 1U);
 }
 
+TEST_F(CursorMovement, Left_GoesToTheRowsLastCell_WhenOnlyTheLastColumnIsFree) {
+    for (int n = 1; n < MAP_COLUMNS; ++n)
+        CommonMap.Cell(n, 1)->Caption = L"x";
+    objSetting.RowWrap(1);
+    EXPECT_EQ(MoveFrom({1, 1}, L), MOVE_ROW_END);
+    EXPECT_EQ(Here(), (Position{MAP_COLUMNS - 1, 1}));
+}
+
+TEST_F(CursorMovement, Up_GoesToTheLastRow_WhenOnlyTheLastRowIsFree) {
+    for (int n = 1; n < MAP_ROWS; ++n)
+        CommonMap.Cell(1, n)->Caption = L"x";
+    objSetting.ColumnWrap(1);
+    EXPECT_EQ(MoveFrom({1, 1}, U), MOVE_COLUMN_END);
+    EXPECT_EQ(Here(), (Position{1, MAP_ROWS - 1}));
+}
+
+TEST_F(CursorMovement, Up_LeavesTheGridsCells_WhenTheMapIsEmptyAndWraps) {
+    CommonMap.Clear();
+    objSetting.ColumnWrap(1);
+    EXPECT_EQ(MoveFrom({1, 1}, U), MOVE_COLUMN_END);
+    EXPECT_EQ(Here(), (Position{0, 0})) << "there is no last row to go to";
+}
+
 TEST_F(CursorMovement, Left_GoesToColumnOne_WhenTheRowHasNoCell) {
     objSetting.RowWrap(0);
     EXPECT_EQ(MoveFrom({1, 7}, L), MOVE_ROW_END);
@@ -196,6 +219,15 @@ TEST_F(CursorMovement, RowChange_IsAnnouncedWithTheRowNumber_WhenSet) {
     EXPECT_EQ(Desktop.TakeEffects().front(), "say řádek  4, d");
     MoveFrom({1, 3}, U);
     EXPECT_EQ(Desktop.TakeEffects().front(), "say řádek  2, b");
+}
+
+TEST_F(CursorMovement, FirstMove_IsAnnouncedWithItsRow_WhenSet) {
+    objSetting.VoiceOnLineChange(1);
+    Cursor = {};
+    MoveCursor(R);
+    EXPECT_EQ(Desktop.TakeEffects().front(), "say řádek  1, b") << "no row was named before";
+    MoveCursor(R);
+    EXPECT_EQ(Desktop.TakeEffects().front(), "say c");
 }
 
 TEST_F(CursorMovement, MoveWithinTheRow_AnnouncesOnlyTheText_WhenRowChangesAreAnnounced) {

@@ -136,6 +136,16 @@ TEST_F(StartupTest, KeyNames_AreBuilt_BetweenTheMapAndTheLog) {
     EXPECT_TRUE(bLog);
 }
 
+TEST_F(StartupTest, Speech_BringsTheVoiceBack_WhenItsFormWasUnloaded) {
+    Main();
+    FrmVoice->Unload();
+    Desktop.TakeEffects();
+    SpeakIt(L"a");
+    EXPECT_TRUE(FrmVoice->IsLoaded());
+    const Effects Done = Desktop.TakeEffects();
+    EXPECT_NE(std::find(Done.begin(), Done.end(), Said("a")), Done.end());
+}
+
 TEST_F(StartupTest, Main_EndsSilently_WhenAnotherInstanceRuns) {
     Desktop.bOtherInstance = true;
     Main();

@@ -282,6 +282,13 @@ TEST_F(RepeatsEnd, SaysNothing_WhenOneCoordinateDiffers) {
     }
 }
 
+TEST_F(RepeatsEnd, SaysNothing_WhenNoRepeatWasAnnouncedYet_EvenInColumnZero) {
+    BeIn(Mode::Arrow);
+    StandOn(3, 1);
+    Cursor.nColumn = 0;  // where a step to the left from a full row's start leads
+    EXPECT_EQ(After(5), Effects{});
+}
+
 TEST_F(RepeatsEnd, HasNoTextOutsideTheGrid) {
     BeIn(Mode::Arrow);
     StandOn(3, 1);
