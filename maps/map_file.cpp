@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "maps/map_file.h"
 
+#include <charconv>
+#include <system_error>
+
 #include "maps/shown_map.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
+#include "platform/unneeded.h"
 #include "state/program_state.h"
 
 namespace taviro {
@@ -13,7 +17,8 @@ namespace {
 
 constexpr std::string_view LINE_END = "\r\n";
 
-// Takes the next line off the text; CR LF, a lone CR and a lone LF end a line.
+// Takes the next line off the text. CR and LF each end one: between the two of a pair stands an
+// empty line, which stores nothing.
 std::string_view TakeLine(std::string_view& strRest) {
     const auto nEnd = strRest.find_first_of(LINE_END);
     if (nEnd == std::string_view::npos) {
@@ -22,25 +27,21 @@ std::string_view TakeLine(std::string_view& strRest) {
         return strLast;
     }
     const std::string_view strLine = strRest.substr(0, nEnd);
-    const bool bPair = strRest.substr(nEnd, 2) == LINE_END;
-    strRest.remove_prefix(nEnd + (bPair ? 2 : 1));
+    strRest.remove_prefix(nEnd + 1);
     return strLine;
 }
 
 // The number at the start of the text, rounded. Leaves nValue alone when it does not fit.
-bool ReadNumber(std::string_view strText, int32_t& nValue) {
-    // Plain short numbers, which are all but a few, need no conversion.
-    constexpr size_t SHORT_DIGITS = 9;
-    int32_t nPlain = 0;
-    size_t n = 0;
-    while (n < strText.size() && n < SHORT_DIGITS && strText[n] >= '0' && strText[n] <= '9') {
-        nPlain = nPlain * 10 + (strText[n++] - '0');
-    }
-    if (n == strText.size() || (n > 0 && (strText[n] == ',' || strText[n] == ']'))) {
+void ReadNumber(std::string_view strText, int32_t& nValue) {
+    // Plain whole numbers, which are all but a few, need no conversion.
+    int32_t nPlain{};
+    const char* pEnd = strText.data() + strText.size();
+    const auto [pStop, nError] = std::from_chars(strText.data(), pEnd, nPlain);
+    if (nError == std::errc{} && pStop == pEnd) {
         nValue = nPlain;
-        return true;
+        return;
     }
-    return platform::RoundToInt32(platform::LeadingNumber(platform::FromAnsi(strText)), nValue);
+    Unneeded(platform::RoundToInt32(platform::LeadingNumber(platform::FromAnsi(strText)), nValue));
 }
 
 // Reads one map file into a grid; the cell of the last key carries over to the next line.
@@ -56,9 +57,8 @@ class MapReader {
             strLine.remove_prefix(nBracket + 1);
         }
         const auto nComma = strLine.find(',');
-        if (nComma != std::string_view::npos) {
-            StoreCell(strLine.substr(0, nComma), strLine.substr(nComma + 1));
-        }
+        if (nComma == std::string_view::npos) return;
+        if (StoreCell(strLine.substr(0, nComma), strLine.substr(nComma + 1))) ++nStored;
     }
 
     int32_t nStored = 0;  // cell lines that stored a cell
@@ -74,22 +74,26 @@ class MapReader {
     // and the whole key is read as the row.
     void ReadKey(std::string_view strKey) {
         const auto nComma = strKey.find(',');
-        if (nComma != std::string_view::npos && nComma > 0) {
-            ReadNumber(strKey.substr(1, nComma - 1), m_nColumn);
+        if (nComma != std::string_view::npos) {
+            if (nComma > 0) ReadNumber(strKey.substr(1, nComma - 1), m_nColumn);
+            strKey.remove_prefix(nComma + 1);
         }
-        ReadNumber(nComma == std::string_view::npos ? strKey : strKey.substr(nComma + 1), m_nRow);
+        ReadNumber(strKey, m_nRow);
     }
 
-    void StoreCell(std::string_view strCaption, std::string_view strRest) {
+    // Returns false when the cell is outside the grid.
+    bool StoreCell(std::string_view strCaption, std::string_view strRest) {
         MapCell* pCell = m_Grid.Cell(m_nColumn, m_nRow);
-        if (pCell == nullptr) return;
+        if (pCell == nullptr) return false;
         const auto nComma = strRest.find(',');
-        pCell->Caption = platform::FromAnsi(strCaption);
-        ReadNumber(strRest.substr(0, nComma), pCell->Code);
-        pCell->Command = nComma == std::string_view::npos
-                             ? std::wstring{}
-                             : platform::FromAnsi(strRest.substr(nComma + 1));
-        ++nStored;
+        int32_t nCode = pCell->Code;
+        ReadNumber(strRest.substr(0, nComma), nCode);
+        *pCell = {.Caption = platform::FromAnsi(strCaption),
+                  .Code = nCode,
+                  .Command = nComma == std::string_view::npos
+                                 ? std::wstring{}
+                                 : platform::FromAnsi(strRest.substr(nComma + 1))};
+        return true;
     }
 
     MapGrid& m_Grid;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "maps/map_grid.h"
 
+#include <utility>
+
 #include "state/program_state.h"
 
 namespace taviro {
@@ -11,8 +13,7 @@ const MapCell* MapGrid::Cell(int32_t nColumn, int32_t nRow) const {
 }
 
 MapCell* MapGrid::Cell(int32_t nColumn, int32_t nRow) {
-    if (nColumn < 0 || nColumn > MAP_COLUMNS || nRow < 0 || nRow > MAP_ROWS) return nullptr;
-    return &m_Cells[static_cast<size_t>(nColumn)][static_cast<size_t>(nRow)];
+    return const_cast<MapCell*>(std::as_const(*this).Cell(nColumn, nRow));
 }
 
 void MapGrid::Clear() {

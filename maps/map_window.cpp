@@ -77,8 +77,8 @@ void SizeWindow(const Layout& Done) {
     using platform::Metric;
     auto& Status = FrmMain->Label1;
     FrmMain->Width = (Done.nMaxLeft + Done.nCellWidth) * platform::TwipsPerPixelX();
-    Status.Left = 0;
     Status.Width = FrmMain->nScaleWidth;
+    Status.Left = 0;
     Status.Top = Done.nMaxTop + Done.nCellHeight + CELL_GAP;
     const int32_t nAround = platform::SystemMetric(Metric::MenuHeight) +
                             2 * platform::SystemMetric(Metric::FrameHeight) +

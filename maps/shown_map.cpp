@@ -20,6 +20,11 @@ bool ShowMapOf(const std::wstring& strAppName) {
     return true;
 }
 
+void ForgetApplication() {
+    Foreground.strCurrentAppName.clear();
+    ShowCommonMapAgain();
+}
+
 }  // namespace
 
 void ShowMap(bool bHighlight) {
@@ -41,14 +46,12 @@ void FollowApplication(const std::wstring& strAppName) {
     SaveAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
     Foreground.strCurrentAppName = strAppName;
     if (ShowMapOf(strAppName) || !Foreground.bAppMapShown) return;
-    Foreground.strCurrentAppName.clear();
-    ShowCommonMapAgain();
+    ForgetApplication();
 }
 
 void LeaveAppMap() {
     SaveAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
-    Foreground.strCurrentAppName.clear();
-    ShowCommonMapAgain();
+    ForgetApplication();
 }
 
 void ShowCommonMapAgain() {

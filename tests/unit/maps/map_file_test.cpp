@@ -74,6 +74,8 @@ const LineCase LINE_CASES[] = {
     {"CodeWithoutDigitsIsZero", L"[1,1]x,abc\r\n", 1, 1, L"x", 0, L""},
     {"CodeSkipsBlanks", L"[1,1]x, 1 2\r\n", 1, 1, L"x", 12, L""},
     {"OverflowingCode_KeepsTheOld", L"[1,1]x,5\r\n[1,1]y,99999999999,c\r\n", 1, 1, L"y", 5, L"c"},
+    {"LargestCode", L"[1,1]x,2147483647,c\r\n", 1, 1, L"x", 2147483647, L"c"},
+    {"CodeJustTooLarge_KeepsTheOld", L"[1,1]x,5\r\n[1,1]y,2147483648,c\r\n", 1, 1, L"y", 5, L"c"},
     // lines that store nothing
     {"NoCommaAfterTheKey_StoresNothing", L"[1,1]x,5\r\n[1,1]abc\r\n", 1, 1, L"x", 5, L""},
     {"EmptyLine_StoresNothing", L"[1,1]x,5\r\n\r\n", 1, 1, L"x", 5, L""},
