@@ -32,6 +32,8 @@ bool JoyInit(uint32_t nId) {
 
 void JoyRead() {
     Sample();
+    Joystick.nJoyX = static_cast<int32_t>(Joystick.JoyInfo.dwXpos);
+    Joystick.nJoyY = static_cast<int32_t>(Joystick.JoyInfo.dwYpos);
     // Taken apart from the highest button down by comparing. Bits above the sixteenth stay in the
     // rest, so a device with more buttons than that presses every lower one that fits.
     uint32_t nRest = Joystick.JoyInfo.dwButtons;
@@ -41,8 +43,6 @@ void JoyRead() {
         if (bPressed) nRest -= nBit;
         Joystick.bJoyButton[n] = bPressed;
     }
-    Joystick.nJoyX = static_cast<int32_t>(Joystick.JoyInfo.dwXpos);
-    Joystick.nJoyY = static_cast<int32_t>(Joystick.JoyInfo.dwYpos);
 }
 
 }  // namespace taviro

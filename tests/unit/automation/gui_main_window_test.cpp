@@ -187,6 +187,23 @@ TEST_F(GuiMainWindow, EveryCall_IsRefusedWithoutEffect_WhenTheMainWindowIsGone) 
     EXPECT_FALSE(FrmMain->IsLoaded());
 }
 
+TEST_F(GuiMainWindow, Results_AreNoneAtAll_WhenTheMainWindowIsGone) {
+    Window(EDITOR).nAccessibleChildren = 7;
+    EXPECT_EQ(Gui.Quit(), CallOutcome::Done);
+    int32_t nClicked = 9, hFound = 9, nChildren = 9, hChild = 9;
+    std::wstring strTitle = L"kept";
+    EXPECT_EQ(Gui.ClickOnWindow(L"Otázka", L"Button", nClicked), CallOutcome::Ended);
+    EXPECT_EQ(Gui.VBS_FindWindow(L"Otázka", L"", hFound), CallOutcome::Ended);
+    EXPECT_EQ(Gui.VBS_GetTitle(EDITOR, strTitle), CallOutcome::Ended);
+    EXPECT_EQ(Gui.VBS_GetChildNum(EDITOR, nChildren), CallOutcome::Ended);
+    EXPECT_EQ(Gui.VBS_GetChild(DIALOG, L"Button", hChild), CallOutcome::Ended);
+    EXPECT_EQ(nClicked, 0);
+    EXPECT_EQ(hFound, 0);
+    EXPECT_EQ(strTitle, L"");
+    EXPECT_EQ(nChildren, 0);
+    EXPECT_EQ(hChild, 0);
+}
+
 TEST_F(GuiMainWindow, EveryCall_IsRefused_WhenTheMainWindowIsUnloading) {
     // The shutdown lets messages run so that the reader's program can finish.
     Speech.objSpeechReader = platform::headless::MakeObject([](auto...) { return true; });

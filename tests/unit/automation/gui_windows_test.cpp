@@ -50,6 +50,19 @@ TEST_F(GuiWindows, ClickOnWindow_PassesOverChildrenThatHaveGone) {
     EXPECT_EQ(Click(L"Otázka", L""), 0);
 }
 
+TEST_F(GuiWindows, ClickOnWindow_ClicksNowhere_WhenTheChildGoesBeforeItsPlaceIsKnown) {
+    Desktop.Failures.Add({.strCall = "WindowRect", .nFrom = 2});  // the first is the window's own
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 0);
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{"pointer (100, 200)"});
+}
+
+TEST_F(GuiWindows, ClickOnWindow_LeavesThePointer_WhenTheWindowGoesBeforeItsPlaceIsKnown) {
+    Desktop.MouseAcceleration = {0, 0, 0};
+    Desktop.Failures.Next("WindowRect");
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 1) << "the child is still there";
+    EXPECT_EQ(Desktop.TakeEffects().front(), "pointer (120, 220)");
+}
+
 TEST_F(GuiWindows, ClickOnWindow_FindsAWindowWithoutATitle_WhenTheTitleIsEmpty) {
     Window(DIALOG).strTitle.clear();
     EXPECT_EQ(Click(L"", L"Button"), 1);
