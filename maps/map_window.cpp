@@ -24,16 +24,17 @@ constexpr int32_t LARGEST_TEXT = 2160;
 // One pass over a map that places its labels.
 struct Layout {
     const MapGrid& Grid;
-    const int32_t nCellWidth = std::clamp(Program.nCellWidth, 0, LARGEST_CELL);
-    const int32_t nCellHeight = std::clamp(Program.nCellHeight, 0, LARGEST_CELL);
+    const int32_t nCellWidth = std::min(std::max(Program.nCellWidth, 0), LARGEST_CELL);
+    const int32_t nCellHeight = std::min(std::max(Program.nCellHeight, 0), LARGEST_CELL);
     const forms::Font CellFont{.strName = L"Arial",
-                               .nSize = std::clamp(Program.nCellTextSize, 1, LARGEST_TEXT),
+                               .nSize = std::min(std::max(Program.nCellTextSize, 1), LARGEST_TEXT),
                                .bBold = true};
     int32_t nMaxLeft = 0;
     int32_t nMaxTop = 0;
 
     void PlaceCell(int32_t nColumn, int32_t nRow, const std::wstring& strCaption);
     void PlaceRow(int32_t nRow);
+    ~Layout() { ReleaseMeasureFont(); }
 };
 
 void Layout::PlaceCell(int32_t nColumn, int32_t nRow, const std::wstring& strCaption) {
@@ -102,7 +103,6 @@ void LayOutMap() {
     for (; nRow <= MAP_ROWS && !Grid.Cell(1, nRow)->Caption.empty(); ++nRow)
         Pass.PlaceRow(nRow);
     if (nRow == 1) HideCells();
-    ReleaseMeasureFont();
     SizeWindow(Pass);
     if (const MapCell* pCell = Grid.Cell(Cursor.nColumn, Cursor.nRow)) {
         FrmMain->Caption = L"Taviro - " + pCell->Caption;
@@ -113,10 +113,9 @@ void SetHi(int32_t nColumn, int32_t nRow) {
     const bool bFound =
         nColumn >= 1 && nColumn <= MAP_SEARCH_END && nRow >= 1 && nRow <= MAP_SEARCH_END;
     if (bFound) {
-        const int32_t nIndex = (nRow - 1) * LABELS_PER_ROW + nColumn;
         Colour(FrmMain->HiIndex, forms::COLOUR_BLACK, forms::COLOUR_WHITE);
-        Colour(nIndex, forms::COLOUR_WHITE, forms::COLOUR_BLACK);
-        FrmMain->HiIndex = nIndex;
+        FrmMain->HiIndex = (nRow - 1) * LABELS_PER_ROW + nColumn;
+        Colour(FrmMain->HiIndex, forms::COLOUR_WHITE, forms::COLOUR_BLACK);
     }
     if (const MapCell* pCell = ShownMap().Cell(nColumn, nRow)) {
         FrmMain->Label1.Caption = pCell->Caption;
