@@ -74,10 +74,10 @@ constexpr ActionKind MODIFIED{.szName = "virtual key with modifiers",
                               .nEffect = WordEffect::ModifiedKey};
 
 constexpr ComposedLetter COMPOSED_LETTERS[] = {
-    {.nLetter = L'ď', .Action = {.nModifiers = 0, .nKind = KIND_CARON, .nKey = 32}},
-    {.nLetter = L'ň', .Action = {.nModifiers = 0, .nKind = KIND_CARON, .nKey = 49}},
-    {.nLetter = L'ť', .Action = {.nModifiers = 0, .nKind = KIND_CARON, .nKey = 20}},
-    {.nLetter = L'ó', .Action = {.nModifiers = 0, .nKind = KIND_ACUTE, .nKey = 24}},
+    {.nLetter = L'ď', .Action = {.nKind = KIND_CARON, .nKey = 32}},
+    {.nLetter = L'ň', .Action = {.nKind = KIND_CARON, .nKey = 49}},
+    {.nLetter = L'ť', .Action = {.nKind = KIND_CARON, .nKey = 20}},
+    {.nLetter = L'ó', .Action = {.nKind = KIND_ACUTE, .nKey = 24}},
 };
 
 }  // namespace

@@ -63,16 +63,16 @@ enum class WordEffect {
 
 /// A key that goes down or up around the key itself, by scan code.
 struct ScanEvent {
-    uint16_t nScan = 0;
-    bool bDown = false;
+    uint16_t nScan;
+    bool bDown;
 };
 
 struct ActionKind {
-    const char* szName = "";  ///< for tests and messages of the tools
-    KeyRoute nRoute = KeyRoute::VirtualKey;
+    const char* szName;  ///< for tests and messages of the tools
+    KeyRoute nRoute;
     std::span<const ScanEvent> Before;  ///< sent one by one before the key, and after it
     std::span<const ScanEvent> After;
-    WordEffect nEffect = WordEffect::LayoutCharacter;
+    WordEffect nEffect;
 };
 
 /// The kind of an action. With modifiers every key is a virtual key, whatever the digit says, and
@@ -81,7 +81,7 @@ const ActionKind& KindOf(const ActionCode& Action);
 
 /// A letter that is typed as a dead key and a letter: the Czech layout has no key for it.
 struct ComposedLetter {
-    wchar_t nLetter = 0;
+    wchar_t nLetter;
     ActionCode Action;
 };
 

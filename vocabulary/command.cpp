@@ -1,27 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "vocabulary/command.h"
 
+#include <algorithm>
+
 #include "vocabulary/list_text.h"
 
 namespace taviro {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr wchar_t COLUMN_MARK = L'^';
 constexpr wchar_t ARGUMENTS_MARK = L':';
 constexpr wchar_t QUOTE = L'"';
 
 // By the number of the mode mark; the first stands for none.
-constexpr std::wstring_view MODE_MARKS{L"\0<|>", 4};
+constexpr std::wstring_view MODE_MARKS = L"\0<|>"sv;
 
 ModeMark ModeMarkOf(wchar_t nCharacter) {
     const auto nMark = MODE_MARKS.find(nCharacter);
     return nMark == std::wstring_view::npos ? ModeMark::None : static_cast<ModeMark>(nMark);
 }
 
-size_t AfterColumnMarks(std::wstring_view strText, size_t nFrom) {
-    const auto nEnd = strText.find_first_not_of(COLUMN_MARK, nFrom);
-    return nEnd == std::wstring_view::npos ? strText.size() : nEnd;
+std::wstring_view BehindColumnMarks(std::wstring_view strText) {
+    strText.remove_prefix(std::min(strText.find_first_not_of(COLUMN_MARK), strText.size()));
+    return strText;
 }
 
 }  // namespace
@@ -29,10 +33,10 @@ size_t AfterColumnMarks(std::wstring_view strText, size_t nFrom) {
 Command ParseCommand(std::wstring_view strText) {
     Command Found;
     Found.bResetsColumn = strText.find(COLUMN_MARK) != std::wstring_view::npos;
-    size_t nStart = AfterColumnMarks(strText, 0);
-    if (nStart < strText.size()) Found.nMode = ModeMarkOf(strText[nStart]);
-    if (Found.nMode != ModeMark::None) nStart = AfterColumnMarks(strText, nStart + 1);
-    Found.strText = strText.substr(nStart);
+    std::wstring_view strRest = BehindColumnMarks(strText);
+    if (!strRest.empty()) Found.nMode = ModeMarkOf(strRest.front());
+    if (Found.nMode != ModeMark::None) strRest = BehindColumnMarks(strRest.substr(1));
+    Found.strText = strRest;
     Found.nKind = IsListText(Found.strText) ? CommandKind::List : CommandKind::Launch;
     return Found;
 }

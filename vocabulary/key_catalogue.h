@@ -8,8 +8,8 @@
 namespace taviro {
 
 struct CatalogueKey {
-    const wchar_t* szName = L"";
-    int32_t nCode = 0;
+    const wchar_t* szName;
+    int32_t nCode;
 };
 
 inline constexpr int32_t KEY_NAME_COUNT = 101;

@@ -38,7 +38,6 @@ constexpr NamedKey NAMED_KEYS[] = {
     {"F12", 123},       {"F13", 124},        {"F14", 125},     {"F15", 126},      {"F16", 127},
     {"NUMLOCK", 144},   {"SCROLLLOCK", 145},
 };
-constexpr size_t LONGEST_NAME = 10;
 
 char UpperLetter(char n) {
     return n >= 'a' && n <= 'z' ? static_cast<char>(n - 'a' + 'A') : n;
@@ -94,7 +93,6 @@ SequenceStep SequenceReader::TakeStep() {
 }
 
 uint8_t NamedVk(std::string_view strToken) {
-    if (strToken.empty() || strToken.size() > LONGEST_NAME) return 0;
     std::string strUpper(strToken);
     std::transform(strUpper.begin(), strUpper.end(), strUpper.begin(), UpperLetter);
     const auto* pKey = std::find_if(std::begin(NAMED_KEYS), std::end(NAMED_KEYS),

@@ -186,6 +186,50 @@ TEST(ActionCodes, ComposedLetters_AreKnownByTheirCodes) {
         EXPECT_EQ(ComposedLetterOf(ParseActionCode(nCode)), L'\0') << nCode;
 }
 
+// Maps, settings and scripts store them.
+TEST(KeyCodes, Names_HaveTheSystemsNumbers) {
+    const struct {
+        const char* szName;
+        int32_t nCode;
+        int32_t nNumber;
+    } Rows[] = {
+        {"Backspace", KeyCode::Backspace, 0x08},
+        {"Tab", KeyCode::Tab, 0x09},
+        {"Enter", KeyCode::Enter, 0x0D},
+        {"Shift", KeyCode::Shift, 0x10},
+        {"Ctrl", KeyCode::Ctrl, 0x11},
+        {"Alt", KeyCode::Alt, 0x12},
+        {"CapsLock", KeyCode::CapsLock, 0x14},
+        {"Escape", KeyCode::Escape, 0x1B},
+        {"PageUp", KeyCode::PageUp, 0x21},
+        {"PageDown", KeyCode::PageDown, 0x22},
+        {"End", KeyCode::End, 0x23},
+        {"Home", KeyCode::Home, 0x24},
+        {"Left", KeyCode::Left, 0x25},
+        {"Up", KeyCode::Up, 0x26},
+        {"Right", KeyCode::Right, 0x27},
+        {"Down", KeyCode::Down, 0x28},
+        {"Delete", KeyCode::Delete, 0x2E},
+        {"LeftWindows", KeyCode::LeftWindows, 0x5B},
+        {"LeftShift", KeyCode::LeftShift, 0xA0},
+        {"RightShift", KeyCode::RightShift, 0xA1},
+        {"LeftCtrl", KeyCode::LeftCtrl, 0xA2},
+        {"RightCtrl", KeyCode::RightCtrl, 0xA3},
+        {"LeftAlt", KeyCode::LeftAlt, 0xA4},
+        {"RightAlt", KeyCode::RightAlt, 0xA5},
+        {"as many as a byte has values", KeyCode::Count, 0x100},
+        // The keyboard's, of the set that it sends.
+        {"scan code of the dead key", ScanCode::DeadKey, 0x0D},
+        {"scan code of Ctrl", ScanCode::Ctrl, 0x1D},
+        {"scan code of left Shift", ScanCode::LeftShift, 0x2A},
+        {"scan code of right Shift", ScanCode::RightShift, 0x36},
+        {"scan code of Alt", ScanCode::Alt, 0x38},
+        {"scan code of AltGr's Ctrl", ScanCode::AltGrCtrl, 0x21D},
+    };
+    for (const auto& Row : Rows)
+        EXPECT_EQ(Row.nCode, Row.nNumber) << Row.szName;
+}
+
 TEST(KeyCodes, ArrowsAndMovingKeys_AreExactlyThose) {
     std::vector<int32_t> Arrows, Moving;
     for (int32_t nVk = 0; nVk < KeyCode::Count; ++nVk) {

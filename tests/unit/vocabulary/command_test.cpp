@@ -28,6 +28,8 @@ TEST(Commands, Text_MeansModeResetAndWhatIsCarriedOut) {
         {.szText = L"^", .Meaning = {ModeMark::None, true, CommandKind::Launch, L""}},
         {.szText = L"calc^", .Meaning = {ModeMark::None, true, CommandKind::Launch, L"calc^"}},
         {.szText = L"x:y^z", .Meaning = {ModeMark::None, true, CommandKind::Launch, L"x:y^z"}},
+        {.szText = L"^^", .Meaning = {ModeMark::None, true, CommandKind::Launch, L""}},
+        {.szText = L"<^^", .Meaning = {ModeMark::Selection, true, CommandKind::Launch, L""}},
         {.szText = L"^calc", .Meaning = {ModeMark::None, true, CommandKind::Launch, L"calc"}},
         // In front of another mark it does not hide that.
         {.szText = L"^|notepad",
