@@ -79,7 +79,6 @@ void FillWithNumbers(forms::ComboBox& List, int32_t nFirst, int32_t nLast) {
     std::vector<std::wstring> Numbers;
     for (int32_t n = nFirst; n <= nLast; ++n)
         Numbers.push_back(std::to_wstring(n));
-    List.Clear();
     List.Items = Numbers;
 }
 
@@ -103,6 +102,7 @@ AppSettingForm::AppSettingForm() : Form(L"frmAppSetting") {
     Text2.OnGotFocus = [this] { nFocusField = FIELD_TEXT2; };
     Text2.OnLostFocus = [this] { nFocusField = FIELD_NONE; };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
+    Text2.Visible = false;
 }
 
 void AppSettingForm::Form_Load() {
@@ -114,8 +114,6 @@ void AppSettingForm::Form_Load() {
     chkScanMode_Click();  // the box may have been as it is now
     FillLists();
     txtActionButton.Text = L"";
-    Text2.Text = L"";
-    Text2.Visible = false;
     Timer1.Enabled = true;
 }
 
@@ -125,7 +123,7 @@ void AppSettingForm::FillLists() {
         forms::ComboBox& List = this->*Setting.pList;
         FillWithNumbers(List, Setting.nFirstText, Setting.nLastText);
         const int32_t nValue = (objSetting.*Setting.Get)();
-        if (nValue > 0) List.Select(nValue - 1);
+        List.Select(std::max(nValue, 0) - 1);
     }
     Combo1.Clear();
     for (const wchar_t* szDelay : SCAN_DELAYS)
@@ -148,7 +146,7 @@ void AppSettingForm::StoreSettings() const {
         const int32_t nIndex = (this->*Setting.pList).ListIndex;
         if (nIndex >= 0) (objSetting.*Setting.Set)(nIndex + 1);
     }
-    int32_t nDelay = 0;
+    int32_t nDelay{};
     if (platform::WholeTextToInt32(Combo1.SelectedText(), nDelay)) objSetting.ScanDelay(nDelay);
 }
 
@@ -186,7 +184,7 @@ void AppSettingForm::Timer1_Timer() {
     if (!txtActionButton.Visible) return;
     if (txtActionButton.Text.Get().empty())
         return platform::ShowInformation(PRESS_FIRST, L"Taviro");
-    int32_t nButton = 0;
+    int32_t nButton{};
     // A digit was just written there.
     Unneeded(platform::RoundToInt32(platform::LeadingNumber(txtActionButton.Text.Get()), nButton));
     frmButtonConfig->SetButton(nButton);

@@ -52,9 +52,8 @@ ButtonAction* ButtonConfigForm::Row() const {
 
 void ButtonConfigForm::FillControls() {
     const ButtonAction* pRow = Row();
-    ButtonAction Shown;
-    Shown.Kind = ButtonKind::Unassigned;
-    if (pRow != nullptr) Shown = *pRow;
+    const ButtonAction Shown =
+        pRow == nullptr ? ButtonAction{.Kind = ButtonKind::Unassigned} : *pRow;
     OptionType.Selected = -1;
     OptionType.Choose(static_cast<int32_t>(Shown.Kind));
     KeyOfForm(*this).Show(Shown.Code);

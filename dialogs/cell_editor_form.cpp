@@ -36,7 +36,6 @@ void FillNumbers(forms::ComboBox& Combo, int32_t nSelected) {
     std::vector<std::wstring> Numbers;
     for (int32_t n = 1; n <= MAP_SEARCH_END; ++n)
         Numbers.push_back(std::to_wstring(n));
-    Combo.Clear();
     Combo.Items = Numbers;
     Combo.Select(nSelected - 1);
 }
@@ -71,10 +70,10 @@ void CellEditorForm::Open() {
     m_nColumn = Cursor.nColumn;
     m_nRow = Cursor.nRow;
     m_Map = CurrentMap();
-    FillNumbers(ComboX, m_nColumn);
-    FillNumbers(ComboY, m_nRow);
     const MapCell* pCell = ShownMap().Cell(m_nColumn, m_nRow);
     const MapCell Cell = pCell == nullptr ? MapCell{} : *pCell;
+    FillNumbers(ComboX, m_nColumn);
+    FillNumbers(ComboY, m_nRow);
     Caption = L"Nastavení položky - " + Cell.Caption;
     Text4.Text = Cell.Caption;
     lblCode.Caption = L"kód " + std::to_wstring(Cell.Code);

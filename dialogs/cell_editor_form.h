@@ -52,8 +52,8 @@ class CellEditorForm : public forms::Form {
     void Save();
 
     // The highlight and the map at opening.
-    int32_t m_nColumn = 1;
-    int32_t m_nRow = 1;
+    int32_t m_nColumn{};
+    int32_t m_nRow{};
     MapOnScreen m_Map;
 };
 

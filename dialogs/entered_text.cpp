@@ -7,11 +7,11 @@ namespace taviro {
 
 namespace {
 
-constexpr wchar_t FIRST_PRINTABLE = L' ';
+constexpr wchar_t LAST_CONTROL = 0x1F;
 constexpr wchar_t DELETE_CHARACTER = 0x7F;
 
 bool IsControl(wchar_t nCharacter) {
-    return nCharacter < FIRST_PRINTABLE || nCharacter == DELETE_CHARACTER;
+    return nCharacter <= LAST_CONTROL || nCharacter == DELETE_CHARACTER;
 }
 
 }  // namespace

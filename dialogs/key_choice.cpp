@@ -6,13 +6,17 @@
 
 namespace taviro {
 
+std::array<KeyChoice::ModifierBox, 4> KeyChoice::Boxes() const {
+    return {{{chkSHIFT, Modifier::Shift},
+             {chkCTRL, Modifier::Ctrl},
+             {chkALT, Modifier::Alt},
+             {chkWin, Modifier::Windows}}};
+}
+
 void KeyChoice::Show(int32_t nCode) const {
     const ActionCode Action = ParseActionCode(nCode);
-    chkWin.Value = HasModifier(Action, Modifier::Windows);
-    chkALT.Value = HasModifier(Action, Modifier::Alt);
-    chkCTRL.Value = HasModifier(Action, Modifier::Ctrl);
-    chkSHIFT.Value = HasModifier(Action, Modifier::Shift);
-    ComboKey.Clear();
+    for (const ModifierBox& One : Boxes())
+        One.Box.Value = HasModifier(Action, One.nModifier);
     ComboKey.Items = KeyNames();
     ComboKey.Select(KeyIndexOf(UnmodifiedCode(nCode)));
 }
@@ -21,18 +25,17 @@ int32_t KeyChoice::Code(int32_t nUnselected) const {
     int32_t nKey = nUnselected;
     (void)KeyCodeAt(ComboKey.ListIndex, nKey);
     ActionCode Action = ParseActionCode(nKey);
-    Action.nModifiers = 0;
-    if (chkCTRL.Value) Action.nModifiers += Modifier::Ctrl;
-    if (chkSHIFT.Value) Action.nModifiers += Modifier::Shift;
-    if (chkALT.Value) Action.nModifiers += Modifier::Alt;
+    for (const ModifierBox& One : Boxes()) {
+        if (One.Box.Value) Action.nModifiers += One.nModifier;
+    }
     if (chkWin.Value) Action.nModifiers = Modifier::Windows;
     return ComposeActionCode(Action);
 }
 
 void KeyChoice::Enable(bool bEnabled) const {
     ComboKey.Enabled = bEnabled;
-    for (forms::CheckBox* pBox : {&chkSHIFT, &chkCTRL, &chkALT, &chkWin})
-        pBox->Enabled = bEnabled;
+    for (const ModifierBox& One : Boxes())
+        One.Box.Enabled = bEnabled;
 }
 
 }  // namespace taviro

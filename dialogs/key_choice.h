@@ -3,6 +3,7 @@
 // ticked Windows key goes with no other modifier.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "forms/dialog_controls.h"
@@ -22,6 +23,13 @@ struct KeyChoice {
     /// without a selection.
     int32_t Code(int32_t nUnselected) const;
     void Enable(bool bEnabled) const;
+
+  private:
+    struct ModifierBox {
+        forms::CheckBox& Box;
+        int32_t nModifier;
+    };
+    [[nodiscard]] std::array<ModifierBox, 4> Boxes() const;
 };
 
 }  // namespace taviro

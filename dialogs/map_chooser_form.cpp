@@ -70,7 +70,6 @@ void MapChooserForm::Place() {
 void MapChooserForm::FillFiles() {
     std::vector<std::wstring> Files = platform::ListFiles(Program.strDataPath + L"\\data*.ini");
     std::erase_if(Files, [](const std::wstring& strFile) { return !IsMapFile(strFile); });
-    File1.Clear();
     File1.Items = Files;
     Command1.Enabled = File1.Select(0);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/voice_form.h"
 
+#include <initializer_list>
 #include <utility>
 
 #include "feedback/speech.h"
@@ -33,11 +34,10 @@ int32_t LevelOf(int32_t nPosition) {
     return RoundedSteps(nPosition) + LEAST_LEVEL;
 }
 
-// Puts a bar where it belongs without the effects of moving it. What is no position leaves it at
-// its start.
+// Puts a bar where it belongs without the effects of moving it. What is no position leaves it where
+// it is.
 void PlaceQuietly(forms::ScrollBar& Bar, int32_t nPosition) {
     auto OnChange = std::exchange(Bar.OnChange, nullptr);
-    Bar.Value = Bar.nMin;
     Bar.MoveTo(nPosition);
     Bar.OnChange = std::move(OnChange);
 }
@@ -58,17 +58,21 @@ VoiceForm::VoiceForm() : Form(L"FrmVoice") {
     HScroll_Volume.OnChange = [this] { HScroll_Volume_Change(); };
     HScroll_Pitch.OnChange = [this] { HScroll_Pitch_Change(); };
     cmdOK.OnClick = [this] { Unload(); };
+    for (forms::Control* pControl :
+         std::initializer_list<forms::Control*>{&Text1, &Command1, &Command2, &Command3})
+        pControl->Visible = false;
 }
 
 void VoiceForm::Form_Load() {
     ClearControls();
-    Frame_List.Caption = lblList.Caption.Get();
-    Frame_Vol.Caption = lbl_Vol.Caption.Get();
-    Frame_Rate.Caption = lbl_Rate.Caption.Get();
-    Frame_Pitch.Caption = lbl_Pitch.Caption.Get();
-    Text1.Visible = false;
-    for (forms::Button* pButton : {&Command1, &Command2, &Command3})
-        pButton->Visible = false;
+    const std::pair<forms::GroupFrame&, const forms::Label&> FRAMES[] = {
+        {Frame_List, lblList},
+        {Frame_Vol, lbl_Vol},
+        {Frame_Rate, lbl_Rate},
+        {Frame_Pitch, lbl_Pitch},
+    };
+    for (const auto& [Frame, Label] : FRAMES)
+        Frame.Caption = Label.Caption.Get();
     FitHeight();
     CreateVoice();
     FillVoiceList();
@@ -106,14 +110,14 @@ void VoiceForm::FillVoiceList() {
 // Each bar that moves applies its value once more, and speaks. Without an engine to tell its rate
 // and volume their bars do not move, and stand where the settings are from the beginning.
 void VoiceForm::PlaceBars() {
-    int32_t nRate = 0;
+    int32_t nRate{};
     SetVoiceRate(objSetting.Rate());
     if (GetVoiceRate(nRate)) {
         HScroll_Rate.MoveTo(PositionOf(nRate));
     } else {
         PlaceQuietly(HScroll_Rate, PositionOf(objSetting.Rate()));
     }
-    int32_t nVolume = 0;
+    int32_t nVolume{};
     SetVoiceVolume(objSetting.Volume());
     if (GetVoiceVolume(nVolume)) {
         HScroll_Volume.MoveTo(nVolume);
@@ -154,8 +158,8 @@ void VoiceForm::HScroll_Pitch_Change() const {
 
 void VoiceForm::Form_Unload() {
     Program.bDialogActive = false;
-    int32_t nRate = 0;
-    int32_t nVolume = 0;
+    int32_t nRate{};
+    int32_t nVolume{};
     if (GetVoiceRate(nRate)) objSetting.Rate(nRate);
     if (GetVoiceVolume(nVolume)) objSetting.Volume(nVolume);
     objSetting.SaveSetting();

@@ -21,9 +21,9 @@ enum class ButtonKind : int32_t {
 };
 
 struct ButtonAction {
-    ButtonKind Kind = ButtonKind::Action;
+    ButtonKind Kind{};
     std::wstring Command;  ///< for kind Command, with real double quotes
-    int32_t Code = 0;      ///< for kind Code: an action code
+    int32_t Code{};        ///< for kind Code: an action code
 
     bool operator==(const ButtonAction&) const = default;
 };

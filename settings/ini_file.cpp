@@ -12,9 +12,11 @@ namespace taviro {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr size_t BUFFER_SIZE = 1024;           // what the settings' readers offer, in characters
 constexpr std::string_view LINE_END = "\r\n";  // of lines that are added
-constexpr std::string_view TEXT_ENDS("\r\n\0", 3);
+constexpr std::string_view TEXT_ENDS = "\r\n\0"sv;
 constexpr std::string_view DIGITS = "0123456789";
 
 std::string_view UpToNul(std::string_view strText) {
@@ -69,8 +71,8 @@ class Edits {
     }
 
     void AppendToSection(const IniText::Section& objSection, std::string_view strLine) {
-        const auto [objLast, bUnknown] = LastLines.try_emplace(objSection.nBegin);
-        if (bUnknown) objLast->second = objText.LastLine(objSection);
+        const auto [objLast, bUnknown] = LineEnds.try_emplace(objSection.nBegin);
+        if (bUnknown) objLast->second = objText.EndOfLastLine(objSection);
         const size_t nOffset = objLast->second.nNext;
         const auto [objFound, bFirst] = Changes.try_emplace(nOffset, Edit{nOffset, {}});
         if (bFirst && !objLast->second.bEnded) objFound->second.strNew += LINE_END;
@@ -95,7 +97,7 @@ class Edits {
 
     const IniText& objText;
     std::map<size_t, Edit> Changes;
-    std::map<size_t, IniLine> LastLines;  ///< by section: found once, not for every key
+    std::map<size_t, IniLine> LineEnds;  ///< by section: found once, not for every key
 };
 
 /// The sections that the file does not have yet, in the order of their first key.

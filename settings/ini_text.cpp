@@ -147,11 +147,9 @@ size_t IniText::FindEntry(const Section& objSection, std::string_view strKey, si
     return Find(objEntries, strKey, nEntry, objSection.nEndEntry);
 }
 
-IniLine IniText::LastLine(const Section& objSection) const {
+IniLine IniText::EndOfLastLine(const Section& objSection) const {
     size_t nBegin = objSection.nEnd;  // the header stops the search if nothing else does
     while (IsBlank(strBytes[nBegin - 1]) || IsLineEnd(strBytes[nBegin - 1]))
-        --nBegin;
-    while (nBegin > FirstLine() && !IsLineEnd(strBytes[nBegin - 1]))
         --nBegin;
     return LineAt(nBegin);
 }

@@ -67,8 +67,9 @@ class IniText {
     /// The line that begins at the offset.
     [[nodiscard]] IniLine LineAt(size_t nOffset) const;
 
-    /// The last line of the section that is not blank (the header, when all others are).
-    [[nodiscard]] IniLine LastLine(const Section& objSection) const;
+    /// What is left of the section's last line that is not blank (the header, when all others are)
+    /// behind its last character: where it ends, and whether it does.
+    [[nodiscard]] IniLine EndOfLastLine(const Section& objSection) const;
 
   private:
     /// Lines in file order, each with the print of its name.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/setting.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -42,33 +41,32 @@ struct cSetting::Row {
     ReadAs nReadAs;
     const wchar_t* strDefault;
     SaveAs nSaveAs;
-    int nSaveOrder;                             ///< of the keys in a file saved for the first time
     std::wstring cSetting::*strText = nullptr;  ///< null for a number
 };
 
 const cSetting::Row cSetting::Rows[] = {
     // clang-format off
-    {INFO, L"Delay", &cSetting::nDelay, Int, L"1", Nothing, 0},
-    {INFO, L"SndName", nullptr, Text, L"C:\\", Nothing, 0, &cSetting::strSndName},
-    {INFO, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute, 4},
-    {INFO, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute, 3},
-    {INFO, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute, 2},
-    {INFO, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute, 1},
-    {INFO, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs, 17},
-    {INFO, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs, 18},
-    {INFO, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute, 9},
-    {INFO, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute, 10},
-    {VOICE, L"Name", nullptr, Text, L"Male", AsIs, 5, &cSetting::strVoiceName},
-    {VOICE, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs, 8},
-    {VOICE, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs, 6},
-    {VOICE, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs, 7},
-    {INFO, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute, 11},
-    {INFO, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute, 12},
-    {INFO, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute, 13},
-    {INFO, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute, 14},
-    {INFO, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute, 15},
-    {INFO, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute, 16},
-    {INFO, L"Log", &cSetting::nLog, Int, L"0", Absolute, 19},
+    {INFO, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute},
+    {INFO, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute},
+    {INFO, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute},
+    {INFO, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute},
+    {VOICE, L"Name", nullptr, Text, L"Male", AsIs, &cSetting::strVoiceName},
+    {VOICE, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs},
+    {VOICE, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs},
+    {VOICE, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs},
+    {INFO, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute},
+    {INFO, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute},
+    {INFO, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute},
+    {INFO, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute},
+    {INFO, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute},
+    {INFO, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute},
+    {INFO, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute},
+    {INFO, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute},
+    {INFO, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs},
+    {INFO, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs},
+    {INFO, L"Log", &cSetting::nLog, Int, L"0", Absolute},
+    {INFO, L"Delay", &cSetting::nDelay, Int, L"1", Nothing},
+    {INFO, L"SndName", nullptr, Text, L"C:\\", Nothing, &cSetting::strSndName},
     // clang-format on
 };
 
@@ -118,9 +116,8 @@ int32_t cSetting::GetInt(std::wstring_view strSection, std::wstring_view strKey,
 
 void cSetting::Init(const std::wstring& sPathDefult, const std::wstring& sPathApp) {
     strDefaultPath = sPathDefult;
-    strAppPath = sPathApp;
     objDefaultSource = Open(strDefaultPath);
-    objAppSource = Open(strAppPath);
+    objAppSource = Open(sPathApp);
     for (const Row& objRow : Rows)
         ReadRow(objRow);
     ReadButtons();
@@ -164,16 +161,10 @@ std::wstring cSetting::TextToSave(const Row& objRow) const {
 }
 
 std::vector<IniEntry> cSetting::EntriesToSave() const {
-    std::vector<const Row*> SavedRows;
-    for (const Row& objRow : Rows) {
-        if (objRow.nSaveAs != Nothing) SavedRows.push_back(&objRow);
-    }
-    std::sort(SavedRows.begin(), SavedRows.end(), [](const Row* pFirst, const Row* pSecond) {
-        return pFirst->nSaveOrder < pSecond->nSaveOrder;
-    });
     std::vector<IniEntry> Entries;
-    for (const Row* pRow : SavedRows) {
-        Entries.push_back({pRow->strSection, pRow->strKey, TextToSave(*pRow)});
+    for (const Row& objRow : Rows) {
+        if (objRow.nSaveAs == Nothing) continue;
+        Entries.push_back({objRow.strSection, objRow.strKey, TextToSave(objRow)});
     }
     for (size_t i = 0; i < nButtonCount; ++i) {
         Entries.push_back({BUTTONS, std::to_wstring(i), ButtonText(ButtonTable[i])});

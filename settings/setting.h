@@ -79,12 +79,12 @@ class cSetting {
 
   private:
     struct Row;               ///< one setting: its place, default, reading and saving
-    static const Row Rows[];  ///< in the order of reading
+    static const Row Rows[];  ///< in the order of the keys in a file saved for the first time
 
     /// A file as Init found it.
     struct Source {
-        bool bExists = false;
-        bool bUnreadable = false;
+        bool bExists{};
+        bool bUnreadable{};
         IniFile objFile;
     };
 
@@ -106,7 +106,6 @@ class cSetting {
     std::vector<IniEntry> EntriesToSave() const;
 
     std::wstring strDefaultPath;
-    std::wstring strAppPath;
     Source objDefaultSource;  ///< both held while Init runs
     Source objAppSource;
     std::vector<IniEntry>

@@ -189,6 +189,8 @@ TEST_P(AppSettingList, StoresThePositionOfWhatTheUserChoosesOnOKAlone) {
 
 TEST_P(AppSettingList, SelectsNothingAndKeepsAValueOutsideTheList) {
     for (const int32_t nBad : {INT32_MIN, -1, 0, GetParam().nEntries + 1, INT32_MAX}) {
+        Store(8);
+        OpenAndConfirm();
         Store(nBad);
         WithForm([&] {
             EXPECT_EQ(List().ListIndex, -1) << nBad;
@@ -247,11 +249,21 @@ TEST_F(AppSettingFormTest, Map_IsLaidOutAnew_WhenASizeChanged) {
 
 TEST_F(AppSettingFormTest, CommonMap_ComesBack_WhenASizeChangesOverAnApplicationsMap) {
     Foreground.bAppMapShown = true;
+    Cursor.nColumn = 2;
     WithForm([] {
         frmAppSetting->ComboCellWidth.Select(99);
         frmAppSetting->cmdOK.Click();
     });
     EXPECT_FALSE(Foreground.bAppMapShown);
+    EXPECT_EQ(forms::FrmMain->HiIndex, 2) << "the highlight stands where the cursor is";
+}
+
+TEST_F(AppSettingFormTest, ScanArea_IsDisabled_WhenFormIsFirstLoadedWithoutScanning) {
+    WithForm([] {
+        EXPECT_FALSE(frmAppSetting->ComboScanX.Enabled);
+        EXPECT_FALSE(frmAppSetting->ComboScanY.Enabled);
+        frmAppSetting->cmdCancel.Click();
+    });
 }
 
 TEST_F(AppSettingFormTest, ScanArea_FollowsItsBox_WhenClickedAndWhenLoaded) {

@@ -53,9 +53,11 @@ TEST_F(CellEditorTest, Code_IsShownAndSavedAgain) {
 }
 
 TEST_F(CellEditorTest, WindowsKey_ReplacesOtherModifiers_WhenTheyAreTickedToo) {
-    OpenCell(L"x,90065");
-    frmConfig->chkCTRL.Click();
-    EXPECT_EQ(SavedCell(), "x,90065");
+    for (forms::CheckBox* pBox : {&frmConfig->chkSHIFT, &frmConfig->chkCTRL, &frmConfig->chkALT}) {
+        OpenCell(L"x,90065");
+        pBox->Click();
+        EXPECT_EQ(SavedCell(), "x,90065") << platform::ToUtf8(pBox->strName);
+    }
 }
 
 TEST_F(CellEditorTest, Modifier_IsStoredOverAnyKindOfKey_WhenTicked) {

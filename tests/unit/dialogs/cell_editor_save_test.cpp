@@ -72,6 +72,20 @@ TEST_F(CellEditorTest, ChangedCaption_IsOnScreenAtOnce) {
     EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"nový");
 }
 
+TEST_F(CellEditorTest, Cell_IsInItsFile_BeforeTheEditorIsGone) {
+    ShowCommon(GRID);
+    OpenAt(2, 1);
+    frmConfig->Text4.Type(L"nová");
+    Desktop.TakeEffects();
+    Ok();
+    const auto Done = Desktop.TakeEffects();
+    ASSERT_FALSE(Done.empty());
+    EXPECT_EQ(
+        std::count(Done.begin(), Done.end(), "save " + platform::ToUtf8(DATA_PATH) + "\\data.ini"),
+        1);
+    EXPECT_EQ(Done.back(), "frmConfig hidden");
+}
+
 TEST_F(CellEditorTest, Nothing_IsSaved_WhenClosedWithoutOk) {
     ShowCommon(GRID);
     OpenAt(1, 1);
@@ -213,6 +227,11 @@ TEST_F(CellEditorTest, Caption_ShowsWhatTheFileCanHold_WhenSomethingElseIsEntere
         {"LineBreak", L"a\r\nb", "a b", "a b,66,cmd"},
         {"LoneBreaks", L"a\nb\rc", "a b c", "a b c,66,cmd"},
         {"ForeignLetters", L"a\u4E2D\u044Fb", "a??b", "a??b,66,cmd"},
+        {"ControlsAtTheEndsOfTheirRanges",
+         L"a\x1F"
+         L"b\x7F"
+         L"c",
+         "a b c", "a b c,66,cmd"},
         {"TabAndZero", std::wstring(L"a\tb\0c", 5), "a b c", "a b c,66,cmd"},
         {"CzechLetters", L"příšerně žluťoučký", "příšerně žluťoučký", "příšerně žluťoučký,66,cmd"},
         {"ContinuationMark", L"_x", "_x", "_x,66,cmd"},

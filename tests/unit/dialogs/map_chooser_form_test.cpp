@@ -96,6 +96,17 @@ TEST_F(MapChooserTest, Window_StandsOverTheMainWindowsInside) {
     EXPECT_EQ(frmMap->Left, 301 * 7) << "the nearest whole twips of a pixel";
 }
 
+TEST_F(MapChooserTest, Window_IsPlacedByTheSystem_WhenTheMainWindowsPlaceIsUnknown) {
+    frmMap->Show();
+    EXPECT_NE(frmMap->Left, forms::UNPLACED);
+    EXPECT_NE(frmMap->Top, forms::UNPLACED);
+    frmMap->Unload();
+    Desktop.Failures.Always("WindowRect");
+    frmMap->Show();
+    EXPECT_EQ(frmMap->Left, forms::UNPLACED);
+    EXPECT_EQ(frmMap->Top, forms::UNPLACED);
+}
+
 struct FileCase {
     const char* szName;
     const wchar_t* szFile;

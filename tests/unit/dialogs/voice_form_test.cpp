@@ -308,6 +308,9 @@ TEST_F(VoiceFormTest, OK_StoresWhatTheEngineHas_WhenItDiffersFromTheBars) {
     FrmVoice->cmdOK.Click();
     EXPECT_EQ(objSetting.Rate(), -2);
     EXPECT_EQ(objSetting.Volume(), 33);
+    for (const wchar_t* szLine : {L"Rate=-2\r\n", L"Volume=33\r\n"})
+        EXPECT_NE(DataText(L"setting.ini").find(szLine), std::wstring::npos)
+            << platform::ToUtf8(szLine);
 }
 
 TEST_F(VoiceFormTest, OK_ChangesNothing_WhenUserChangedNothing) {
