@@ -39,9 +39,10 @@ void ReadNumber(std::string_view strText, int32_t& nValue) {
     const auto [pStop, nError] = std::from_chars(strText.data(), pEnd, nPlain);
     if (nError == std::errc{} && pStop == pEnd) {
         nValue = nPlain;
-        return;
+    } else {
+        const double fNumber = platform::LeadingNumber(platform::FromAnsi(strText));
+        Unneeded(platform::RoundToInt32(fNumber, nValue));
     }
-    Unneeded(platform::RoundToInt32(platform::LeadingNumber(platform::FromAnsi(strText)), nValue));
 }
 
 // Reads one map file into a grid; the cell of the last key carries over to the next line.

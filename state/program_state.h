@@ -13,9 +13,9 @@ struct ProgramState {
     bool bJoystickPresent = false;
 
     // Copies of the cell settings for the map's layout: pixels, and points for the text.
-    int32_t nCellTextSize = 0;
-    int32_t nCellWidth = 0;
-    int32_t nCellHeight = 0;
+    int32_t nCellTextSize{};
+    int32_t nCellWidth{};
+    int32_t nCellHeight{};
 
     bool bPauseJoystick = false;  ///< the poll loop idles: a dialog reads the joystick itself
     bool bDialogActive = false;  ///< the keyboard hook passes everything: someone types in a dialog
