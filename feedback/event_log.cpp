@@ -11,8 +11,16 @@
 namespace taviro {
 
 namespace {
+
 constexpr std::wstring_view LINE_END = L"\r\n";
+
+// The tick in the menu follows what the log does.
+void SwitchLog(bool bOn) {
+    EventLog.bLog = bOn;
+    forms::FrmMain->mnuLog.Checked = EventLog.bLog;
 }
+
+}  // namespace
 
 void LogEvent(std::wstring_view strText) {
     if (!EventLog.bLog) return;
@@ -20,15 +28,13 @@ void LogEvent(std::wstring_view strText) {
 }
 
 void StartLog() {
-    EventLog.bLog = true;
-    forms::FrmMain->mnuLog.Checked = true;
+    SwitchLog(true);
     EventLog.strLog = platform::DateTimeText();
 }
 
 void ToggleLog() {
     if (!EventLog.bLog) return StartLog();
-    EventLog.bLog = false;
-    forms::FrmMain->mnuLog.Checked = false;
+    SwitchLog(false);
     FlushLog();
 }
 

@@ -41,22 +41,24 @@ void SpeakThroughEngine(const std::wstring& strMessage, bool bWait) {
     Call(Speech.objVoice, L"Speak", Arguments);
 }
 
-// The engine's list of voices. Returns false on failure.
-bool GetVoices(AutomationObject& Voices) {
-    std::array<AutomationArgument, 2> Filters{
-        {{.Value = std::wstring{}}, {.Value = std::wstring{}}}};
+// The object that a method gives, empty on failure. An empty object refuses every call in turn.
+AutomationObject ObjectFrom(const AutomationObject& Giver, const std::wstring& strMethod,
+                            std::span<AutomationArgument> Arguments) {
     AutomationValue Result;
-    if (!platform::CallMethod(Speech.objVoice, L"GetVoices", Filters, Result)) return false;
-    if (const auto* pVoices = std::get_if<AutomationObject>(&Result)) Voices = *pVoices;
-    return Voices != nullptr;
+    Unneeded(platform::CallMethod(Giver, strMethod, Arguments, Result));  // refused, it stays empty
+    const auto* pObject = std::get_if<AutomationObject>(&Result);
+    return pObject == nullptr ? AutomationObject{} : *pObject;
 }
 
-bool GetVoiceAt(const AutomationObject& Voices, int32_t nIndex, AutomationObject& Token) {
+AutomationObject VoiceList() {
+    std::array<AutomationArgument, 2> Filters{
+        {{.Value = std::wstring{}}, {.Value = std::wstring{}}}};
+    return ObjectFrom(Speech.objVoice, L"GetVoices", Filters);
+}
+
+AutomationObject VoiceAt(const AutomationObject& Voices, int32_t nIndex) {
     AutomationArgument Index{.Value = nIndex};
-    AutomationValue Result;
-    if (!platform::CallMethod(Voices, L"Item", {&Index, 1}, Result)) return false;
-    if (const auto* pToken = std::get_if<AutomationObject>(&Result)) Token = *pToken;
-    return Token != nullptr;
+    return ObjectFrom(Voices, L"Item", {&Index, 1});
 }
 
 // The text that names a voice. Returns false, and leaves the text alone, on failure.
@@ -92,8 +94,8 @@ void TellReader(const std::wstring& strMethod, AutomationArgument Argument) {
 
 // Takes the voice from a fresh list, as the one that was searched may have changed meanwhile.
 void UseVoice(int32_t nIndex) {
-    AutomationObject Voices, Token;
-    if (!GetVoices(Voices) || !GetVoiceAt(Voices, nIndex, Token)) return;
+    const AutomationObject Token = VoiceAt(VoiceList(), nIndex);
+    if (Token == nullptr) return;
     // Refused: the engine's current voice stays.
     Unneeded(platform::PutProperty(Speech.objVoice, L"Voice", Token));
 }
@@ -107,12 +109,11 @@ void CreateSpeechReader() {
 
 std::vector<std::wstring> VoiceDescriptions() {
     std::vector<std::wstring> Descriptions;
-    AutomationObject Voices;
-    if (!GetVoices(Voices)) return {};
+    const AutomationObject Voices = VoiceList();
     const int32_t nCount = CountOf(Voices);
     for (int32_t n = 0; n < nCount; ++n) {
-        AutomationObject Token;
-        if (!GetVoiceAt(Voices, n, Token)) break;
+        const AutomationObject Token = VoiceAt(Voices, n);
+        if (Token == nullptr) break;
         std::wstring strText;
         // A voice without a name could not be chosen by it.
         if (GetDescription(Token, strText)) Descriptions.push_back(strText);
@@ -131,14 +132,12 @@ void SpeakIt(const std::wstring& strMessage, bool bWait) {
 void CheckSAPI() {
     Speech.bUseReader = objSetting.VoiceName() == READER_VOICE;
     if (Speech.bUseReader) return;
-    AutomationObject Voices;
-    if (!GetVoices(Voices)) return;
+    const AutomationObject Voices = VoiceList();
     const int32_t nCount = CountOf(Voices);
     for (int32_t n = 0; n < nCount; ++n) {
-        AutomationObject Token;
         std::wstring strText;
         // A voice that cannot be asked ends the search; the engine's current one stays.
-        if (!GetVoiceAt(Voices, n, Token) || !GetDescription(Token, strText)) return;
+        if (!GetDescription(VoiceAt(Voices, n), strText)) return;
         if (strText == objSetting.VoiceName()) return UseVoice(n);
     }
 }
@@ -179,10 +178,10 @@ void SetReaderVolume(int16_t nVolume) {
 
 void QuietHostVoice() {
     const auto hHost = platform::FindTopWindow(L"", L"HOSTWATCH");
-    if (hHost == 0 || !platform::IsWindowHandle(hHost)) return;
+    if (!platform::IsWindowHandle(hHost)) return;
     if (platform::WindowClassName(hHost).find(L"ThunderRT6Main") == std::wstring::npos) return;
     AutomationObject Relay;
-    if (!platform::CreateAutomationObject(L"Relayer.Voice", Relay)) return;
+    Unneeded(platform::CreateAutomationObject(L"Relayer.Voice", Relay));  // none, nobody is called
     std::array<AutomationArgument, 3> Arguments{
         {{.Value = platform::NullString{}}, {.Value = int16_t{0}}, {.Value = int16_t{4}}}};
     Call(Relay, L"Voice", Arguments);

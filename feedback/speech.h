@@ -19,8 +19,8 @@ struct SpeechState {
     platform::AutomationObject objSpeechReader;  ///< external reader; empty when not installed
     platform::AutomationObject objVoice;         ///< speech engine; lives while the voice form does
     bool bUseReader = false;
-    int32_t nSpeakFlags = 0;    ///< flags of asynchronous speech
-    int32_t nPrefixLength = 0;  ///< length of the last utterance's pitch markup
+    int32_t nSpeakFlags{};    ///< flags of asynchronous speech
+    int32_t nPrefixLength{};  ///< length of the last utterance's pitch markup
     /// Loads the voice form, which prepares the engine; registered by the floor that owns the form.
     std::function<void()> LoadVoiceForm;
 };

@@ -122,7 +122,9 @@ bool IsWindowHandle(WindowHandle hWindow) {
 
 std::wstring WindowClassName(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
-    return pWindow == nullptr || Desktop.Refuses(__func__) ? L"" : pWindow->strClass;
+    if (Desktop.Refuses(__func__)) return L"";
+    if (pWindow == nullptr) ReportFailure(__func__, CODE_FAILED);
+    return pWindow == nullptr ? L"" : pWindow->strClass;
 }
 
 std::vector<ProcessEntry> SnapshotProcesses() {

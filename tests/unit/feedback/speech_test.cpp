@@ -223,6 +223,11 @@ TEST_F(SpeechTest, QuietHostVoice_CallsRelay_WhenHostRuns) {
     }
 }
 
+TEST_F(SpeechTest, QuietHostVoice_AsksNothingOfAWindow_WhenNoHostRuns) {
+    QuietHostVoice();
+    EXPECT_TRUE(Desktop.DebuggerLines.empty()) << "no failure is told with every word";
+}
+
 TEST_F(SpeechTest, QuietHostVoice_DoesNothing_WhenRelayIsNotRegistered) {
     OpenHostWindow(L"HOSTWATCH", L"ThunderRT6Main");
     Desktop.Classes.erase(L"Relayer.Voice");
