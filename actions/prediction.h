@@ -17,7 +17,7 @@ struct PredictionState {
     /// Characters of the current word typed so far; a NUL stands for a key whose character is not
     /// known. This is what the dictionary is asked with, and it may hand a corrected one back.
     std::wstring strPrefix;
-    int32_t nTypedCount = 0;  ///< length of the prefix when the last prediction list was opened
+    int32_t nTypedCount{};  ///< length of the prefix when the last prediction list was opened
     /// The text of the "*"-marked entry confirmed last: the next marked one is put in front of it.
     std::wstring strSuffix;
     StandingWord Standing;  ///< what of the word is in the text, and so may be erased

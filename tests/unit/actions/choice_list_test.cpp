@@ -130,6 +130,7 @@ TEST_F(ChoiceListBox, Hide_LeavesTheStatusLineWhereANewLayoutPutIt) {
 }
 
 TEST_F(ChoiceListBox, Hide_DoesNothing_WhenNoListIsShown) {
+    FrmMain->Label1.Top = 300;
     Open(L"*;a");
     HideList();
     const int32_t nTop = FrmMain->Label1.Top;

@@ -184,8 +184,8 @@ class WaitingTest : public ModeSoundsTest {
         return std::string(Modes.bSelectMode ? "select" : "") + (Modes.bScanMode ? "scan" : "") +
                (Modes.bArrowMode ? "arrow" : "") + (Modes.bAppMode ? "application" : "");
     }
-    /// Leaves arrow mode by its button. Returns how long the tick took, ms.
-    static uint32_t LeaveArrowMode() {
+    /// Goes on to the next mode by its button. Returns how long the tick took, ms.
+    static uint32_t PushModeButton() {
         PressButton(1);
         const uint32_t nBefore = Desktop.nNow;
         Ticks(1);
@@ -196,7 +196,7 @@ class WaitingTest : public ModeSoundsTest {
 
 TEST_F(WaitingTest, PollLoop_IsNotEnteredAgain_WhileItsTickWaitsForASound) {
     const uint32_t nReads = Desktop.Joystick.nReads;
-    EXPECT_GE(LeaveArrowMode(), 950U);
+    EXPECT_GE(PushModeButton(), 950U);
     EXPECT_EQ(Desktop.Joystick.nReads, nReads + 1) << "one look at the joystick, in one tick";
     EXPECT_TRUE(Modes.bSelectMode);
     Ticks(1);
@@ -221,19 +221,45 @@ TEST_F(WaitingTest, ScanStep_RunsInsideTheWait_AndNoStepInsideAnother) {
     EXPECT_EQ(nDeepest, 1);
 }
 
+// The highlight would move on while the user hears where it stands.
+TEST_F(WaitingTest, ScanStep_DoesNotRun_WhileTheModeThatFollowsIsAnnounced) {
+    const auto RunScan = [](int& nSteps) {
+        forms::FrmMain->ScanTimer.OnTimer = [&nSteps] { ++nSteps; };
+        forms::FrmMain->ScanTimer.Interval = 150;  // beyond the tick that leaves
+        forms::FrmMain->ScanTimer.Enabled = true;
+    };
+    int nSteps = 0;
+    for (const Mode nMode : {Mode::Arrow, Mode::Scan}) {
+        Modes.Set(nMode);
+        RunScan(nSteps);
+        EXPECT_GE(PushModeButton(), 950U);
+        Ticks(1);
+    }
+    EnterEditor();
+    RunScan(nSteps);
+    EXPECT_GE(PushModeButton(), 950U);
+    Ticks(1);
+    EnterEditor();
+    RunScan(nSteps);
+    Desktop.hForeground = 0;
+    forms::FrmMain->Timer1.Tick();
+    EXPECT_TRUE(Modes.bSelectMode);
+    EXPECT_EQ(nSteps, 0);
+}
+
 TEST_F(WaitingTest, PhysicalKey_ReachesTheProgramInFront_WhileAModeSoundPlays) {
     Desktop.At(Desktop.nNow + 400, [] {
         Desktop.PhysicalKey('X', true);
         Desktop.PhysicalKey('X', false);
     });
-    LeaveArrowMode();
+    PushModeButton();
     EXPECT_EQ(Desktop.Keyboard.strTyped, L"x");
 }
 
 TEST_F(WaitingTest, ModeFlag_IsSetAfterTheAnnouncement_WhenArrowModeIsLeft) {
     std::string strMeanwhile;
     Desktop.At(Desktop.nNow + 400, [&] { strMeanwhile = SetFlags(); });
-    LeaveArrowMode();
+    PushModeButton();
     EXPECT_EQ(strMeanwhile, "") << "arrow mode is over, selection not yet on";
     EXPECT_EQ(SetFlags(), "select");
 }
