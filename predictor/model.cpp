@@ -146,7 +146,7 @@ bool Model::PlaceSections(std::string& strError) {
 }
 
 uint32_t Model::Number(const Section& Place, size_t nIndex) const {
-    return nIndex < Place.nCount ? LongAt(m_Bytes, Place.nOffset + nIndex * LONG_SIZE) : 0;
+    return LongAt(m_Bytes, Place.nOffset + nIndex * LONG_SIZE);
 }
 
 uint16_t Model::Maximum(uint32_t nLevel, uint32_t nIndex) const {
@@ -191,7 +191,7 @@ bool Model::Encode(std::wstring_view strLower, std::string& strCodes) const {
     strCodes.clear();
     for (const wchar_t nLetter : strLower) {
         const auto nIndex = m_strLetters.find(nLetter);
-        if (nIndex == std::wstring::npos || nLetter == 0) return false;
+        if (nIndex == std::wstring::npos) return false;
         strCodes += static_cast<char>(nIndex + 1);
     }
     return true;
@@ -225,7 +225,6 @@ bool Model::NextEntry(Entry& Current) const {
 bool Model::ReadEntry(WordId nWord, Entry& Found) const {
     if (nWord >= m_nWords) return false;
     Found.nOffset = m_Text.nOffset + Number(m_Offsets, nWord / BLOCK);
-    Found.strCodes.clear();
     for (uint32_t n = 0; n <= nWord % BLOCK; ++n) {
         if (!NextEntry(Found)) return false;
     }
@@ -278,7 +277,6 @@ WordId Model::LowerBound(std::string_view strCodes, WordRange Range) const {
 WordRange Model::Narrow(WordRange Range, std::string_view strCodes, uint8_t nNextCode) const {
     std::string strBound(strCodes);
     strBound += static_cast<char>(nNextCode);
-    Range.nEnd = std::min(Range.nEnd, m_nWords);
     Range.nFirst = LowerBound(strBound, Range);
     strBound.back() = static_cast<char>(nNextCode + 1);
     Range.nEnd = LowerBound(strBound, Range);
@@ -289,7 +287,7 @@ WordId Model::Find(std::wstring_view strLower) const {
     std::string strCodes;
     if (strLower.empty() || !Encode(strLower, strCodes)) return NO_WORD;
     WordId nBest = NO_WORD;
-    for (WordId n = LowerBound(strCodes, All()); n < m_nWords && Codes(n) == strCodes; ++n) {
+    for (WordId n = LowerBound(strCodes, All()); Codes(n) == strCodes; ++n) {
         if (nBest == NO_WORD || Weight(n) > Weight(nBest)) nBest = n;
     }
     return nBest;
@@ -307,8 +305,7 @@ uint32_t Model::FindContext(uint32_t nContext) const {
             nHigh = nMiddle;
         }
     }
-    const bool bFound = nLow < m_nContexts && Number(m_Contexts, nLow * CONTEXT_FIELDS) == nContext;
-    return bFound ? nLow : m_nContexts;
+    return Number(m_Contexts, nLow * CONTEXT_FIELDS) == nContext ? nLow : m_nContexts;
 }
 
 Model::ContextSize Model::SizeOfContext(uint32_t nContext) const {

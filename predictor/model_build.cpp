@@ -19,9 +19,9 @@ namespace {
 
 struct Sorted {
     std::string strCodes;
-    Capitals nCapitals = Capitals::None;
-    uint32_t nMask = 0;
-    uint16_t nWeight = 0;
+    Capitals nCapitals;
+    uint32_t nMask;
+    uint16_t nWeight;
 };
 
 struct Parts {
@@ -56,15 +56,27 @@ double ProbabilityOf(uint16_t nWeight) {
     return std::pow(10.0, nWeight / WEIGHT_SCALE - WEIGHT_OFFSET);
 }
 
-// Which letters are capitals, as a mask and, where there is one, as a kind.
-void SetCapitals(std::wstring_view strWord, Sorted& Word) {
+// Which letters are capitals, the first in the lowest bit.
+uint32_t CapitalsOf(std::wstring_view strWord) {
+    uint32_t nMask = 0;
     for (size_t n = 0; n < strWord.size(); ++n)
-        Word.nMask |= IsCapital(strWord[n]) ? 1U << n : 0U;
-    const auto nAll = static_cast<uint32_t>((uint64_t{1} << strWord.size()) - 1);
-    Word.nCapitals = Word.nMask == 0      ? Capitals::None
-                     : Word.nMask == 1    ? Capitals::First
-                     : Word.nMask == nAll ? Capitals::All
-                                          : Capitals::Masked;
+        nMask |= IsCapital(strWord[n]) ? 1U << n : 0U;
+    return nMask;
+}
+
+Capitals KindOf(uint32_t nMask, size_t nLetters) {
+    const auto nAll = static_cast<uint32_t>((uint64_t{1} << nLetters) - 1);
+    return nMask == 0      ? Capitals::None
+           : nMask == 1    ? Capitals::First
+           : nMask == nAll ? Capitals::All
+                           : Capitals::Masked;
+}
+
+std::string CodesOf(std::wstring_view strWord, const std::wstring& strLetters) {
+    std::string strCodes;
+    for (const wchar_t nLetter : LowerText(strWord))
+        strCodes += static_cast<char>(strLetters.find(nLetter) + 1);
+    return strCodes;
 }
 
 void SortWords(const Tables& From, Parts& Made) {
@@ -77,12 +89,10 @@ void SortWords(const Tables& From, Parts& Made) {
     Made.strLetters.assign(Letters.begin(), Letters.end());
     for (const WordEntry& Entry : From.Words) {
         if (!IsOfferable(Entry.strWord)) continue;
-        Sorted Word;
-        for (const wchar_t nLetter : LowerText(Entry.strWord))
-            Word.strCodes += static_cast<char>(Made.strLetters.find(nLetter) + 1);
-        SetCapitals(Entry.strWord, Word);
-        Word.nWeight = WeightOf(Entry.dLogProbability);
-        Made.Words.push_back(std::move(Word));
+        const uint32_t nMask = CapitalsOf(Entry.strWord);
+        Made.Words.push_back({CodesOf(Entry.strWord, Made.strLetters),
+                              KindOf(nMask, Entry.strWord.size()), nMask,
+                              WeightOf(Entry.dLogProbability)});
     }
     const auto SameWord = [](const Sorted& A, const Sorted& B) {
         return A.strCodes == B.strCodes && A.nMask == B.nMask;
@@ -122,10 +132,7 @@ void FillContexts(const Tables& From, Parts& Made) {
     const auto Place = [&](std::wstring_view strWord) {
         if (strWord == L"<s>") return SENTENCE_START;
         if (strWord == L"<,>") return AFTER_COMMA;
-        std::string strCodes;
-        for (const wchar_t nLetter : LowerText(strWord))
-            strCodes += static_cast<char>(Made.strLetters.find(nLetter) + 1);
-        const auto it = Places.find(strCodes);
+        const auto it = Places.find(CodesOf(strWord, Made.strLetters));
         return it == Places.end() ? NO_WORD : it->second;
     };
     for (const PairEntry& Pair : From.Pairs) {
@@ -193,25 +200,25 @@ std::string TextOf(const std::vector<Sorted>& Words, std::vector<uint32_t>& Offs
 
 // Returns how many followers were written.
 uint32_t WriteContexts(std::string& Bytes, const Parts& Made) {
-    std::string Followers;
-    uint32_t nFollowers = 0;
+    std::vector<uint32_t> Followers;
+    const auto Count = [&Followers] { return static_cast<uint32_t>(Followers.size()); };
     for (const auto& [nContext, Nexts] : Made.Contexts) {
         double dTotal = 0;
         PutLong(Bytes, nContext);
-        PutLong(Bytes, nFollowers);
+        PutLong(Bytes, Count());
         for (const auto& [nNext, dCount] : Nexts) {
             dTotal += dCount;
             const double dScaled = std::min(std::round(std::log2(dCount) * COUNT_SCALE), 255.0);
-            PutLong(Followers, nNext | static_cast<uint32_t>(dScaled) << WORD_BITS);
-            ++nFollowers;
+            Followers.push_back(nNext | static_cast<uint32_t>(dScaled) << WORD_BITS);
         }
         PutLong(Bytes, static_cast<uint32_t>(std::min(dTotal, 4e9)));
     }
     PutLong(Bytes, NO_WORD);
-    PutLong(Bytes, nFollowers);
+    PutLong(Bytes, Count());
     PutLong(Bytes, 0);
-    Bytes += Followers;
-    return nFollowers;
+    for (const uint32_t nFollower : Followers)
+        PutLong(Bytes, nFollower);
+    return Count();
 }
 
 std::string Written(const Parts& Made) {
@@ -230,11 +237,13 @@ std::string Written(const Parts& Made) {
         PutLong(Bytes, nOffset);
     PatchLong(Bytes, HEADER_FOLLOWERS, WriteContexts(Bytes, Made));
     Bytes += strText;
-    PatchLong(Bytes, HEADER_SIZE_OF_FILE, static_cast<uint32_t>(Bytes.size()));
-    PatchLong(Bytes, HEADER_WORDS, static_cast<uint32_t>(Made.Words.size()));
-    PatchLong(Bytes, HEADER_LETTERS, static_cast<uint32_t>(Made.strLetters.size()));
-    PatchLong(Bytes, HEADER_CONTEXTS, static_cast<uint32_t>(Made.Contexts.size()));
-    PatchLong(Bytes, HEADER_TEXT, static_cast<uint32_t>(strText.size()));
+    const std::pair<size_t, size_t> SIZES[] = {{HEADER_SIZE_OF_FILE, Bytes.size()},
+                                               {HEADER_WORDS, Made.Words.size()},
+                                               {HEADER_LETTERS, Made.strLetters.size()},
+                                               {HEADER_CONTEXTS, Made.Contexts.size()},
+                                               {HEADER_TEXT, strText.size()}};
+    for (const auto& [nOffset, nSize] : SIZES)
+        PatchLong(Bytes, nOffset, static_cast<uint32_t>(nSize));
     PatchLong(Bytes, HEADER_CHECKSUM, Checksum(std::string_view(Bytes).substr(HEADER_WORDS)));
     return Bytes;
 }
@@ -279,8 +288,8 @@ bool ReadTable(std::string_view strText, Tables& Read, std::string& strError) {
 std::string BuildModel(const Tables& From, std::string& strError) {
     Parts Made;
     SortWords(From, Made);
-    if (Made.Words.size() > MOST_WORDS || Made.strLetters.size() > MOST_LETTERS) {
-        strError = "too many words or letters";
+    if (Made.Words.size() > MOST_WORDS) {
+        strError = "too many words";
         return {};
     }
     FillLevels(Made);

@@ -16,10 +16,7 @@ Answer Predictor::GetPrediction(std::wstring_view strPrefix) {
     if (m_Stream.Take(Words, strPrefix, Settings.Stream)) LearnFinished();
     m_Shown.clear();
     const std::wstring& strTyped = m_Stream.Typed();
-    const bool bWord =
-        !strTyped.empty() && std::all_of(strTyped.begin(), strTyped.end(),
-                                         [](auto n) { return n == UNKNOWN_LETTER || IsLetter(n); });
-    if (bWord) {
+    if (!strTyped.empty()) {
         Query Asked{.strTyped = strTyped,
                     .Contexts = m_Stream.Contexts(Words, Settings.Stream),
                     .Passed = {},

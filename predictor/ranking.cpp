@@ -66,11 +66,6 @@ double Trust(double dSeen, double dTrust, double dHalf) {
     return dSeen > 0 ? dTrust * dSeen / (dSeen + dHalf) : 0;
 }
 
-// An unknown first letter is most likely one.
-bool IsBegunWithCapital(std::wstring_view strTyped) {
-    return !strTyped.empty() && (strTyped.front() == UNKNOWN_LETTER || IsCapital(strTyped.front()));
-}
-
 void Ranker::Weigh() {
     double dPairs = 0;
     for (const Context& Before : m_Asked.Contexts) {
@@ -115,16 +110,14 @@ std::wstring Ranker::FixedBeginning() const {
 }
 
 void Ranker::CollectOwn() {
-    if (m_dOwn <= 0) return;
-    const double dUnit = m_dOwn / m_Own.Total();
     const std::wstring strFixed = FixedBeginning();
     const bool bAllFixed = strFixed.size() == m_Asked.strTyped.size();
     for (auto it = m_Own.Words().lower_bound(strFixed); it != m_Own.Words().end(); ++it) {
         if (!it->first.starts_with(strFixed)) break;
         const double dCount = m_Own.Now(it->second.Count);
-        if (dCount < HARDLY_WRITTEN && it->second.nWord != NO_WORD) continue;
-        if (!bAllFixed && !BeginsWith(it->first, m_Asked.strTyped, m_nMatch)) continue;
-        AddOwn(it->second, dCount * dUnit);
+        const bool bSays = dCount >= HARDLY_WRITTEN || it->second.nWord == NO_WORD;
+        const bool bFits = bAllFixed || BeginsWith(it->first, m_Asked.strTyped, m_nMatch);
+        if (bSays && bFits) AddOwn(it->second, dCount * m_dOwn / m_Own.Total());
     }
 }
 
@@ -133,14 +126,15 @@ void Ranker::CollectOwnFollowers() {
     for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
         const std::wstring& strBefore = m_Asked.Contexts[n].strLower;
         const Learned::Followers* pNexts = m_Own.After(strBefore);
-        if (pNexts == nullptr || m_OwnPairShares[n] <= 0) continue;
+        if (pNexts == nullptr) continue;
         const double dUnit = m_OwnPairShares[n] / m_Own.TotalAfter(strBefore);
         for (auto itNext = pNexts->lower_bound(strFixed); itNext != pNexts->end(); ++itNext) {
             if (!itNext->first.starts_with(strFixed)) break;
             const auto it = m_Own.Words().find(itNext->first);
             const bool bFits = BeginsWith(itNext->first, m_Asked.strTyped, m_nMatch);
-            if (!bFits || it == m_Own.Words().end()) continue;
-            AddOwn(it->second, m_Own.Now(itNext->second) * dUnit);
+            if (bFits && it != m_Own.Words().end()) {
+                AddOwn(it->second, m_Own.Now(itNext->second) * dUnit);
+            }
         }
     }
 }
@@ -150,17 +144,17 @@ void Ranker::MergeCandidates() {
     std::sort(m_Candidates.begin(), m_Candidates.end(), [](const auto& A, const auto& B) {
         return A.nWord != B.nWord ? A.nWord < B.nWord : std::less<>()(A.pOwn, B.pOwn);
     });
-    size_t nKept = 0;
-    for (size_t n = 0; n < m_Candidates.size(); ++n) {
-        const Candidate& Next = m_Candidates[n];
-        Candidate* pLast = nKept > 0 ? &m_Candidates[nKept - 1] : nullptr;
-        if (pLast != nullptr && pLast->nWord == Next.nWord && pLast->pOwn == Next.pOwn) {
-            pLast->dExtra += Next.dExtra;
-        } else if (nKept++ != n) {
-            m_Candidates[nKept - 1] = Next;
+    std::vector<Candidate> Merged;
+    Merged.reserve(m_Candidates.size());
+    for (const Candidate& Next : m_Candidates) {
+        if (!Merged.empty() && Merged.back().nWord == Next.nWord &&
+            Merged.back().pOwn == Next.pOwn) {
+            Merged.back().dExtra += Next.dExtra;
+        } else {
+            Merged.push_back(Next);
         }
     }
-    m_Candidates.resize(nKept);
+    m_Candidates = std::move(Merged);
 }
 
 double Ranker::CaseFactor(const std::wstring& strWord) const {
@@ -229,16 +223,13 @@ void Ranker::ConsiderCandidates() {
 // The words with nothing but their frequency, until none can be good enough any more.
 void Ranker::WalkFrequencies() {
     BestFirst Walk(m_Words, m_Ranges);
-    WordId nWord = 0;
-    while (Walk.Next(nWord)) {
+    for (WordId nWord = Walk.Next(); nWord != NO_WORD; nWord = Walk.Next()) {
         const double dScore = m_Words.Probability(nWord) * m_dBase;
         if (dScore <= Enough()) return;
         const auto it = std::lower_bound(m_Candidates.begin(), m_Candidates.end(), nWord,
                                          [](const auto& A, WordId n) { return A.nWord < n; });
         if (it != m_Candidates.end() && it->nWord == nWord) continue;
-        const std::wstring strWord = m_Words.Word(nWord);
-        if (strWord.empty()) return;  // a damaged text: nothing behind it is right either
-        Consider(strWord, dScore);
+        Consider(m_Words.Word(nWord), dScore);
     }
 }
 
@@ -269,7 +260,7 @@ std::vector<Offer> Ranker::Run(Match nMatch, const std::vector<Offer>& Better) {
         dShown += Shown.dProbability;
     const double dMass = std::max(WholeMass() - m_dPassed, dShown);
     for (Offer& Shown : m_Best)
-        Shown.dProbability /= dMass > 0 ? dMass : 1;
+        Shown.dProbability /= dMass;
     return std::move(m_Best);
 }
 
@@ -279,6 +270,10 @@ bool HasPlainLetter(std::wstring_view strTyped) {
 }
 
 }  // namespace
+
+bool IsBegunWithCapital(std::wstring_view strTyped) {
+    return !strTyped.empty() && (strTyped.front() == UNKNOWN_LETTER || IsCapital(strTyped.front()));
+}
 
 std::wstring AsBegun(std::wstring_view strWord, std::wstring_view strTyped) {
     std::wstring strText(strWord);

@@ -30,17 +30,17 @@ struct RankingConstants {
 /// What may have come before the word: a word in small letters, or the start of a sentence or a
 /// comma as the dictionary's own contexts; its share of the probability, all shares at most 1.
 struct Context {
-    uint32_t nContext = NO_WORD;
+    uint32_t nContext;
     std::wstring strLower;
-    double dShare = 0;
+    double dShare;
 };
 
 struct Query {
     std::wstring strTyped;  ///< may hold unknown letters
     std::vector<Context> Contexts;
     std::vector<std::wstring> Passed;  ///< words not to be offered, in small letters
-    size_t nMost = 5;                  ///< words wanted
-    std::wstring strUntypeable = {};   ///< words with one of these letters are not to be offered
+    size_t nMost;                      ///< words wanted
+    std::wstring strUntypeable;        ///< words with one of these letters are not to be offered
 };
 
 /// A word as it would be typed, and how likely it is, given what was typed.
@@ -48,6 +48,9 @@ struct Offer {
     std::wstring strText;
     double dProbability;
 };
+
+/// Whether a word begins with a capital, or with an unknown letter, which most likely is one.
+[[nodiscard]] bool IsBegunWithCapital(std::wstring_view strTyped);
 
 /// The likeliest words, best first: those that begin exactly as typed before those that do so
 /// without diacritical marks. What is already typed to its end is not among them.

@@ -52,8 +52,9 @@ void Extend(const Model& Words, const Stem& From, wchar_t nTyped, Match nMatch,
         const auto nCode = static_cast<uint8_t>(n);
         if (!FindsLetter(nTyped, Words.Letter(nCode), nMatch)) continue;
         const WordRange Range = Words.Narrow(From.Range, From.strCodes, nCode);
-        if (Range.IsEmpty()) continue;
-        Extended.push_back({From.strCodes + static_cast<char>(nCode), Range});
+        if (!Range.IsEmpty()) {
+            Extended.push_back({From.strCodes + static_cast<char>(nCode), Range});
+        }
     }
 }
 
@@ -104,10 +105,8 @@ BestFirst::BestFirst(const Model& Words, const std::vector<WordRange>& Ranges) :
         if (Range.IsEmpty()) continue;
         // The lowest node that covers the whole range.
         uint32_t nLevel = 0;
-        while (nLevel + 1 < Words.LevelCount() &&
-               Range.nFirst >> (BLOCK_BITS * nLevel) != (Range.nEnd - 1) >> (BLOCK_BITS * nLevel)) {
+        while (Range.nFirst >> (BLOCK_BITS * nLevel) != (Range.nEnd - 1) >> (BLOCK_BITS * nLevel))
             ++nLevel;
-        }
         Push(nLevel, Range.nFirst >> (BLOCK_BITS * nLevel), Range);
     }
 }
@@ -117,14 +116,11 @@ void BestFirst::Push(uint32_t nLevel, uint32_t nIndex, WordRange Range) {
         {m_pWords->Maximum(nLevel, nIndex), nIndex << (BLOCK_BITS * nLevel), nLevel, Range});
 }
 
-bool BestFirst::Next(WordId& nWord) {
+WordId BestFirst::Next() {
     while (!m_Open.empty()) {
         const Node Best = m_Open.top();
         m_Open.pop();
-        if (Best.nLevel == 0) {
-            nWord = Best.nFirst;
-            return true;
-        }
+        if (Best.nLevel == 0) return Best.nFirst;
         const uint32_t nChildLevel = Best.nLevel - 1;
         const uint32_t nShift = BLOCK_BITS * nChildLevel;
         const uint32_t nFirstChild = Best.nFirst >> nShift;
@@ -133,7 +129,7 @@ bool BestFirst::Next(WordId& nWord) {
         for (uint32_t n = nFrom; n <= nTo; ++n)
             Push(nChildLevel, n, Best.Range);
     }
-    return false;
+    return NO_WORD;
 }
 
 }  // namespace taviro::predictor

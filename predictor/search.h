@@ -31,8 +31,8 @@ enum class Match {
 class BestFirst {
   public:
     BestFirst(const Model& Words, const std::vector<WordRange>& Ranges);
-    /// The next word; false when there are no more.
-    [[nodiscard]] bool Next(WordId& nWord);
+    /// The next word; NO_WORD when there are no more.
+    [[nodiscard]] WordId Next();
 
   private:
     struct Node {

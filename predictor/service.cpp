@@ -42,25 +42,24 @@ void ReadOptionFile(const std::filesystem::path& Path, PredictorSettings& Settin
     if (!std::filesystem::exists(Path, Error) && !Error) return;
     MappedFile File;
     std::string strError;
-    if (!File.Open(Path, strError)) {
-        Complaints.push_back(About(Path, strError));
-        return;
-    }
+    if (!File.Open(Path, strError)) Complaints.push_back(About(Path, strError));
     for (const std::string& strComplaint : ReadOptions(File.Bytes(), Settings))
         Complaints.push_back(About(Path, strComplaint));
+}
+
+bool Remove(const std::filesystem::path& Path, std::string& strError) {
+    std::error_code Error;
+    std::filesystem::remove(Path, Error);
+    if (Error) strError = About(Path, "The file cannot be removed.");
+    return !Error;
 }
 
 }  // namespace
 
 bool RemoveLearned(const std::filesystem::path& Path, std::string& strError) {
     bool bRemoved = true;
-    for (const char* strEnding : {"", HALF_WRITTEN, ASIDE}) {
-        std::error_code Error;
-        std::filesystem::remove(Beside(Path, strEnding), Error);
-        if (!Error) continue;
-        strError = About(Beside(Path, strEnding), "The file cannot be removed.");
-        bRemoved = false;
-    }
+    for (const char* strEnding : {"", HALF_WRITTEN, ASIDE})
+        bRemoved = Remove(Beside(Path, strEnding), strError) && bRemoved;
     return bRemoved;
 }
 
@@ -68,6 +67,7 @@ std::vector<std::string> Service::Open(const ServiceFiles& Files, std::wstring s
                                        bool bOwnsLearned) {
     const std::scoped_lock Guard(m_Lock);
     m_Files = Files;
+    m_bSaves = bOwnsLearned;
     m_Settings.strUntypeable = std::move(strUntypeable);
     std::vector<std::string> Complaints;
     std::string strError;
@@ -75,7 +75,6 @@ std::vector<std::string> Service::Open(const ServiceFiles& Files, std::wstring s
         Complaints.push_back(About(Files.Dictionary, strError));
     }
     ReadOptionFile(Files.Options, m_Settings, Complaints);
-    m_bSaves = bOwnsLearned;
     LoadWords(Complaints);
     return Complaints;
 }
@@ -100,14 +99,15 @@ bool Service::IsUnsaved() const {
     return m_bUnsaved && m_bSaves;
 }
 
+std::optional<std::string> Service::TakeUnsaved() {
+    const std::scoped_lock Guard(m_Lock);
+    if (!m_bSaves || !std::exchange(m_bUnsaved, false)) return {};
+    return m_Own.Write();
+}
+
 bool Service::Save(std::string& strError) {
-    std::string Written;
-    {
-        const std::scoped_lock Guard(m_Lock);
-        if (!m_bSaves || !std::exchange(m_bUnsaved, false)) return true;
-        Written = m_Own.Write();
-    }
-    if (SaveLearnedText(Written, m_Files.Learned, strError)) return true;
+    const std::optional<std::string> Written = TakeUnsaved();
+    if (!Written || SaveLearnedText(*Written, m_Files.Learned, strError)) return true;
     const std::scoped_lock Guard(m_Lock);
     m_bUnsaved = true;
     return false;

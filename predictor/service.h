@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,7 @@ class Service {
     friend class Session;
 
     void LoadWords(std::vector<std::string>& Complaints);
+    std::optional<std::string> TakeUnsaved();
 
     mutable std::mutex m_Lock;  // guards all that is below
     MappedFile m_File;

@@ -2,6 +2,7 @@
 #include "predictor/stream.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "predictor/letters.h"
 
@@ -22,9 +23,8 @@ Context ContextOf(const Model& Words, std::wstring_view strWord, double dShare) 
 std::wstring LikeliestOfLength(const Model& Words, const std::wstring& strTyped) {
     constexpr int MOST_LOOKED_AT = 50;
     BestFirst Walk(Words, RangesOf(Words, strTyped, Match::Exact));
-    WordId nWord = 0;
-    for (int n = 0; n < MOST_LOOKED_AT && Walk.Next(nWord); ++n) {
-        std::wstring strWord = Words.Word(nWord);
+    for (int n = 0; n < MOST_LOOKED_AT; ++n) {
+        std::wstring strWord = Words.Word(Walk.Next());
         if (strWord.size() == strTyped.size()) return strWord;
     }
     return {};
@@ -117,16 +117,13 @@ void Stream::FinishWord(const Model& Words, const StreamConstants& Constants) {
     for (const Guess& One : m_Finished)
         dWhole += One.dShare;
     for (Guess& One : m_Finished)
-        One.dShare /= dWhole > 0 ? dWhole : 1;
-    std::stable_sort(m_Finished.begin(), m_Finished.end(),
-                     [](const Guess& A, const Guess& B) { return A.dShare > B.dShare; });
+        One.dShare /= dWhole;
+    std::ranges::stable_sort(m_Finished, std::greater(), &Guess::dShare);
     if (m_Finished.size() > MOST_GUESSES) m_Finished.resize(MOST_GUESSES);
 }
 
 std::vector<Context> Stream::Contexts(const Model& Words, const StreamConstants& Constants) const {
-    const wchar_t nFirst = m_strTyped.empty() ? L'a' : m_strTyped.front();
-    const bool bCapital = nFirst == UNKNOWN_LETTER || IsCapital(nFirst);
-    double dStart = bCapital ? Constants.dStartCapital : 0;
+    double dStart = IsBegunWithCapital(m_strTyped) ? Constants.dStartCapital : 0;
     if (m_Finished.empty()) dStart = std::max(dStart, Constants.dStartFirst);
     std::vector<Context> Found;
     if (dStart > 0) Found.push_back({SENTENCE_START, {}, dStart});

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <random>
+#include <set>
 
 #include "predictor/letters.h"
 #include "predictor/search.h"
@@ -35,11 +36,11 @@ struct RandomDictionary {
         EXPECT_TRUE(Words.Open(Bytes, strError)) << strError;
         for (WordId n = 0; n < Words.WordCount(); ++n)
             Entries.push_back({Words.Word(n), std::log10(Words.Probability(n))});
-        for (const WordEntry& Entry : From.Words) {
-            EXPECT_TRUE(std::any_of(Entries.begin(), Entries.end(), [&](const WordEntry& Known) {
-                return Known.strWord == Entry.strWord;
-            }));
-        }
+        std::set<std::wstring> Known;
+        for (const WordEntry& Entry : Entries)
+            Known.insert(Entry.strWord);
+        for (const WordEntry& Entry : From.Words)
+            EXPECT_TRUE(Known.contains(Entry.strWord)) << ToUtf8(Entry.strWord);
     }
 };
 
@@ -54,7 +55,7 @@ TEST(PredictorModel, Words_ComeBackSortedWithCapitalsAndWeights) {
 
 // The oracle walks all words; the search may not differ in a single one.
 TEST(PredictorSearch, Walk_FindsWhatLookingAtAllWordsFinds) {
-    const RandomDictionary Made(2500);
+    const RandomDictionary Made(600);
     const std::wstring NUL(1, UNKNOWN_LETTER);
     const std::wstring TYPED[] = {L"",        L"a",
                                   L"á",       L"ka",
@@ -75,7 +76,7 @@ TEST(PredictorSearch, Walk_FindsWhatLookingAtAllWordsFinds) {
             std::sort(Expected.begin(), Expected.end(), std::greater<>());
             std::vector<uint16_t> Found;
             BestFirst Walk(Made.Words, RangesOf(Made.Words, strTyped, nMatch));
-            for (WordId n = 0; Walk.Next(n);) {
+            for (WordId n = Walk.Next(); n != NO_WORD; n = Walk.Next()) {
                 const bool bLongEnough = Made.Words.Word(n).size() >= strTyped.size();
                 if (bLongEnough) Found.push_back(Made.Words.Weight(n));
             }
@@ -98,7 +99,8 @@ TEST(PredictorModel, Mass_IsTheSumOfItsWords) {
 }
 
 TEST(PredictorModel, Find_PrefersTheLikelierSpelling) {
-    const std::string Bytes = CompiledModel({{L"most", 0.2}, {L"Most", 0.01}, {L"kosa", 0.1}});
+    const std::string Bytes = CompiledModel(
+        {{L"most", 0.2}, {L"Most", 0.01}, {L"kosa", 0.1}, {L"praha", 0.001}, {L"Praha", 0.02}});
     Model Words;
     std::string strError;
     ASSERT_TRUE(Words.Open(Bytes, strError));
@@ -106,6 +108,8 @@ TEST(PredictorModel, Find_PrefersTheLikelierSpelling) {
     EXPECT_EQ(Words.Find(L"mos"), NO_WORD);
     EXPECT_EQ(Words.Find(L""), NO_WORD);
     EXPECT_EQ(Words.Find(L"x"), NO_WORD);
+    EXPECT_EQ(Words.Find(L"mostx"), NO_WORD);
+    EXPECT_EQ(Words.Word(Words.Find(L"praha")), L"Praha");
     EXPECT_EQ(Words.Word(99), L"");
 }
 
@@ -136,9 +140,14 @@ TEST(PredictorModel, Tables_AreReadLineByLine) {
     std::string strError;
     EXPECT_TRUE(ReadTable("# note\nse\t-1.5\r\n\nž\t-2\nžít\tse\t12\n", Read, strError));
     ASSERT_EQ(Read.Words.size(), 2U);
+    EXPECT_EQ(Read.Words[0].strWord, L"se");
+    EXPECT_EQ(Read.Words[0].dLogProbability, -1.5);
     EXPECT_EQ(Read.Words[1].strWord, L"ž");
+    EXPECT_EQ(Read.Words[1].dLogProbability, -2);
     ASSERT_EQ(Read.Pairs.size(), 1U);
+    EXPECT_EQ(Read.Pairs[0].strFirst, L"žít");
     EXPECT_EQ(Read.Pairs[0].strSecond, L"se");
+    EXPECT_EQ(Read.Pairs[0].dCount, 12);
     EXPECT_FALSE(ReadTable("a\t-1\nslovo\n", Read, strError));
     EXPECT_EQ(strError, "line 2: neither a word nor a pair with its number");
     EXPECT_FALSE(ReadTable("a\t-1x\n", Read, strError));
@@ -158,6 +167,9 @@ TEST(PredictorModel, BadFile_IsRefusedWithItsFault) {
     Flipped[Flipped.size() / 2] = static_cast<char>(Flipped[Flipped.size() / 2] ^ 4);
     const BadFile CASES[] = {
         {"empty", "", "The dictionary file is too short."},
+        {"less than its beginning", Good.substr(0, 35), "The dictionary file is too short."},
+        {"its beginning alone", Good.substr(0, 36),
+         "The dictionary file is cut off or has been added to."},
         {"other kind", OtherKind, "The dictionary file is of another kind or version."},
         {"cut", Good.substr(0, Good.size() - 1),
          "The dictionary file is cut off or has been added to."},
@@ -182,32 +194,98 @@ TEST(PredictorModel, EveryCutOfAFile_IsRefused) {
     }
 }
 
+std::string WithNumber(std::string Bytes, size_t nPlace, uint32_t nNumber) {
+    for (size_t n = 0; n < 4; ++n)
+        Bytes[nPlace + n] = static_cast<char>(nNumber >> (8 * n));
+    return Bytes;
+}
+
+// The file as if it had been made so: its checksum fits.
+std::string Summed(const std::string& Bytes) {
+    return WithNumber(Bytes, 12, Checksum(std::string_view(Bytes).substr(16)));
+}
+
+TEST(PredictorModel, NumbersThatCannotBe_AreRefused) {
+    const std::string Good = CompiledModel(EVERYDAY_WORDS);
+    struct Case {
+        size_t nPlace;
+        uint32_t nNumber;
+        bool bImpossible;  // in itself, not only beside the others
+    };
+    constexpr Case CASES[] = {{16, 8388608, false}, {16, 8388609, true},  {20, 250, false},
+                              {20, 251, true},      {24, 8388608, false}, {24, 8388609, true},
+                              {28, 1, false},       {32, 1, false}};
+    for (const Case& One : CASES) {
+        const std::string Bytes = Summed(WithNumber(Good, One.nPlace, One.nNumber));
+        Model Words;
+        std::string strError;
+        EXPECT_FALSE(Words.Open(Bytes, strError)) << One.nPlace;
+        EXPECT_EQ(strError, One.bImpossible
+                                ? "The dictionary file holds impossible numbers."
+                                : "The parts of the dictionary file do not fit together.")
+            << One.nPlace << " " << One.nNumber;
+        EXPECT_EQ(Words.WordCount(), 0U);
+    }
+}
+
+TEST(PredictorModel, AlphabetOfOtherSigns_IsRefused) {
+    for (const char nSign : {'!', 'A', '\0'}) {
+        std::string Bytes = CompiledModel({{L"a", 0.5}});
+        Bytes[36] = nSign;
+        Bytes = Summed(Bytes);
+        Model Words;
+        std::string strError;
+        EXPECT_FALSE(Words.Open(Bytes, strError)) << nSign;
+        EXPECT_EQ(strError, "The dictionary file holds letters that are none.") << nSign;
+    }
+}
+
+// The text of the words, at the end of the file, is cut off within the last word or holds a letter
+// that the alphabet has not.
+TEST(PredictorModel, WordOfADamagedText_IsNone) {
+    const std::string Good = CompiledModel({{L"ab", 0.5}, {L"ac", 0.5}});
+    std::vector<std::string> Files;
+    for (const uint32_t nCut : {1U, 2U, 3U}) {
+        std::string Bytes = Good.substr(0, Good.size() - nCut);
+        Bytes = WithNumber(Bytes, 8, static_cast<uint32_t>(Bytes.size()));
+        Files.push_back(Summed(WithNumber(Bytes, 32, 4 + 3 - nCut)));
+    }
+    Files.push_back(Summed(Good.substr(0, Good.size() - 1) + '\x09'));
+    for (const std::string& Bytes : Files) {
+        Model Words;
+        std::string strError;
+        ASSERT_TRUE(Words.Open(Bytes, strError)) << strError;
+        EXPECT_EQ(Words.Word(0), L"ab") << Bytes.size();
+        EXPECT_EQ(Words.Word(1), L"") << Bytes.size();
+    }
+}
+
 // Every byte behind the header changed, with a checksum that fits: whatever comes out, nothing
 // outside the file is read (the sanitizers watch) and no list breaks its format.
-TEST(PredictorModel, HostileFile_NeverHarms) {
+class PredictorHostileFile : public ::testing::TestWithParam<int> {};
+
+TEST_P(PredictorHostileFile, NeverHarms) {
     const std::string Good = CompiledModel(EVERYDAY_WORDS, {{L"dobrý", L"den", 9}});
     for (size_t nPlace = HEADER_WORDS; nPlace < Good.size(); ++nPlace) {
-        for (const int nValue : {0, 1, 0x7F, 0xFF}) {
-            std::string Bytes = Good;
-            Bytes[nPlace] = static_cast<char>(nValue);
-            const uint32_t nSum = Checksum(std::string_view(Bytes).substr(HEADER_WORDS));
-            for (size_t n = 0; n < 4; ++n)
-                Bytes[HEADER_CHECKSUM + n] = static_cast<char>(nSum >> (8 * n));
-            Predictor Asked;
-            std::string strError;
-            if (!Asked.Words.Open(Bytes, strError)) {
-                EXPECT_FALSE(strError.empty());
-                continue;
-            }
-            Asked.Settings.bAlways = true;
-            for (const wchar_t* szPrefix : {L"d", L"do", L"dobrý", L"d", L"p", L"s"}) {
-                const std::wstring strList = Asked.GetPrediction(szPrefix).strList;
-                for (const wchar_t n : strList)
-                    EXPECT_TRUE(n == L';' || n == L' ' || IsLetter(n));
-            }
+        std::string Bytes = Good;
+        Bytes[nPlace] = static_cast<char>(GetParam());
+        Bytes = Summed(Bytes);
+        Predictor Asked;
+        std::string strError;
+        if (!Asked.Words.Open(Bytes, strError)) {
+            EXPECT_FALSE(strError.empty());
+            continue;
+        }
+        Asked.Settings.bAlways = true;
+        for (const wchar_t* szPrefix : {L"d", L"do", L"dobrý", L"d", L"p", L"s"}) {
+            const std::wstring strList = Asked.GetPrediction(szPrefix).strList;
+            for (const wchar_t n : strList)
+                EXPECT_TRUE(n == L';' || n == L' ' || IsLetter(n));
         }
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(ByteValues, PredictorHostileFile, ::testing::Values(0, 1, 0x7F, 0xFF));
 
 }  // namespace
 }  // namespace taviro::predictor

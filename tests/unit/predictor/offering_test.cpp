@@ -26,6 +26,14 @@ TEST(PredictorOffering, Gain_WeighsLettersAgainstAnswers) {
                 0.5 * 3.8 + 0.25 * 3.7 - 0.25 * 0.3, 1e-9);
 }
 
+// With a stick on the delivered map a letter takes 0.8 s, a step in the list and a press 0.2 s
+// each.
+TEST(PredictorOffering, UsualCosts_AreThoseOfTheStick) {
+    EXPECT_NEAR(ExpectedGain({}, 1, {}), -0.2 / 0.8, 1e-9);
+    EXPECT_NEAR(ExpectedGain({{L"slovo", 1}}, 2, {}), 3 + 0.9 - 0.2 / 0.8, 1e-9);
+    EXPECT_NEAR(ExpectedGain({{L"slovo", 0}, {L"slona", 1}}, 2, {}), 3 + 0.9 - 0.4 / 0.8, 1e-9);
+}
+
 class PredictorOffers : public PredictorTest {
   protected:
     PredictorOffers() : PredictorTest(Words(), {}) {

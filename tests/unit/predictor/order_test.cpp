@@ -82,6 +82,7 @@ TEST(PredictorRegistration, Name_LeadsToTheServerWhosePathIsQuoted) {
     EXPECT_EQ(TextOf(L"CLSID\\" + strClass + L"\\LocalServer32"), L"\"" + SERVER + L"\"");
     EXPECT_EQ(TextOf(L"CLSID\\" + strClass + L"\\ProgID"), L"Presager.Dict.1");
     EXPECT_EQ(TextOf(L"CLSID\\" + strClass + L"\\VersionIndependentProgID"), L"Presager.Dict");
+    EXPECT_EQ(TextOf(L"CLSID\\" + strClass), L"Slovník programu Taviro");
 }
 
 TEST(PredictorRegistration, EveryKey_GoesWithOneOfTheTrees) {
@@ -110,6 +111,8 @@ TEST(PredictorOptions, Text_IsRead) {
         {"[presager]\nWORDS = 1\n learn\t=\t0", 1, false, true, 0},
         {"\xEF\xBB\xBF[Presager]\nWords=20", 20, true, true, 0},
         {"; a note\n# another\n\n[Presager]\nWords=3", 3, true, true, 0},
+        {"[Presager]\n; a note\n\n#another\n;\nWords=3", 3, true, true, 0},
+        {"[PRESAGER]\nBLANKS=0\nWORDS=2\nLEARN=0", 2, false, false, 0},
         {"Words=3", 5, true, true, 0},
         {"[Other]\nWords=3\nnonsense\n[Presager]\nBlanks=0\n[Other]\nLearn=0", 5, true, false, 0},
         {"[Presager]\nWords=3\nWords=4", 4, true, true, 0},
@@ -142,6 +145,10 @@ TEST(PredictorTypeable, Letters_AreThoseThatTheKeyboardDoesNotType) {
     for (const wchar_t nLetter : std::wstring(L"óďňťČŽÁŁ"))
         EXPECT_NE(strLetters.find(nLetter), std::wstring::npos) << static_cast<unsigned>(nLetter);
     EXPECT_EQ(strLetters.find(L'×'), std::wstring::npos) << "no letter";
+    EXPECT_EQ(LettersWithoutKey([](wchar_t) { return true; }), L"");
+    const std::wstring strAll = LettersWithoutKey([](wchar_t) { return false; });
+    EXPECT_TRUE(strAll.starts_with(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyzÀ"));
+    EXPECT_TRUE(strAll.ends_with(L"Žžſ"));
 }
 
 }  // namespace

@@ -43,6 +43,11 @@ TEST_F(PredictorRanking, Lists) {
         {"an unknown first letter is a capital", NUL + L"ut", L";Auto"},
         {"but not one with a mark", NUL + L"est", L";Cesta;Sestra"},
         {"unknown letters at the end", L"aut" + NUL, L""},
+        {"more letters than the word has", L"aut" + NUL + NUL, L""},
+        {"begun small, a name comes behind", L"pra", L";pravda;Praha;prádlo"},
+        {"begun with a capital, a name comes first", L"Pra", L";Praha;Pravda;Prádlo"},
+        {"an unknown first letter is a capital to names too", NUL + L"ra", L";Praha;Pravda;Prádlo"},
+        {"two capitals are all capitals", L"DO", L";DOBRÝ;DOBŘE"},
         {"longer than any word", std::wstring(40, L'a'), L""},
     };
     for (const ListCase& One : CASES) {
@@ -55,6 +60,10 @@ TEST_F(PredictorRanking, UnknownFirstLetter_IsACapitalUnlessItHasAMark) {
     EXPECT_EQ(AsBegun(L"šest", NUL + L"e"), L"šest");
     EXPECT_EQ(AsBegun(L"šest", L"Še"), L"Šest");
     EXPECT_EQ(AsBegun(L"", L"A"), L"");
+    EXPECT_EQ(AsBegun(L"praha", L"P"), L"Praha");
+    EXPECT_EQ(AsBegun(L"praha", L"PR"), L"PRAHA");
+    EXPECT_EQ(AsBegun(L"praha", L"PRa"), L"Praha");
+    EXPECT_EQ(AsBegun(L"Praha", L""), L"Praha");
 }
 
 TEST_F(PredictorRanking, PreviousWord_BringsItsFollowersUp) {
@@ -110,12 +119,17 @@ TEST_F(PredictorRanking, OwnWords_ComeUpWithUse) {
     Asked.Own.Note(L"", L"Taviro", NO_WORD);
     EXPECT_EQ(After(L"x", L"tav"), L";Taviro");
     EXPECT_EQ(After(L"x", NUL + L"av"), L";Taviro");
+    EXPECT_EQ(After(L"x", L"ta" + NUL + L"i"), L";Taviro");
+    EXPECT_EQ(After(L"x", L"ta" + NUL + L"o"), L"");
+    Asked.Own.Note(L"", L"žížala", NO_WORD);
+    EXPECT_EQ(After(L"x", L"ziz"), L";žížala");
     for (int n = 0; n < 50; ++n) {
         Asked.NoteWritten(L"", L"auto");
         Asked.NoteWritten(L"auto", L"dobře");
     }
     EXPECT_TRUE(After(L"auto", L"d").starts_with(L";dobře"));
     EXPECT_TRUE(After(L"auto", L"").starts_with(L";dobře"));
+    EXPECT_EQ(After(L"auto", NUL + L"es").find(L"obře"), std::wstring::npos);
 }
 
 TEST_F(PredictorRanking, OwnWordsReadFromAFile_AreThoseOfTheDictionary) {

@@ -115,6 +115,9 @@ TEST_F(PredictorService, Forgetting_EmptiesFileAndMemoryOfAllClients) {
     std::string strError;
     ASSERT_TRUE(Shared.Save(strError)) << strError;
     Write(m_Files.Learned.string() + ".bad", "damaged earlier");
+    Write(m_Files.Learned.string() + ".new", "interrupted earlier");
+    WriteOwnWord(User);
+    EXPECT_TRUE(Shared.IsUnsaved());
     EXPECT_TRUE(Shared.Forget(strError)) << strError;
     EXPECT_TRUE(fs::is_empty(m_Files.Learned.parent_path()));
     EXPECT_FALSE(Offers(User, L"plk", L"plkuj"));
@@ -168,6 +171,29 @@ TEST_F(PredictorService, DamagedLearnedFile_IsSetAside) {
     EXPECT_NE(Read(m_Files.Learned).find("plkuj"), std::string::npos);
 }
 
+TEST_F(PredictorService, DamagedLearnedFileThatCannotBeMoved_IsNotWrittenOver) {
+    const std::string Damaged = "no words";
+    Write(m_Files.Learned, Damaged);
+    fs::create_directories(fs::path(m_Files.Learned.string() + ".bad") / "in the way");
+    Service Shared;
+    EXPECT_EQ(Shared.Open(m_Files, L"").size(), 1U);
+    Session User(Shared);
+    WriteOwnWord(User);
+    EXPECT_FALSE(Shared.IsUnsaved());
+    std::string strError;
+    EXPECT_TRUE(Shared.Save(strError)) << strError;
+    EXPECT_EQ(Read(m_Files.Learned), Damaged);
+}
+
+// What the dictionary says of a word and what the user wrote count together.
+TEST_F(PredictorService, LearnedWords_AreThoseOfTheDictionary) {
+    Write(m_Files.Learned, "Taviro learned words 1\n55000 den\n45000 do\n");
+    Service Shared;
+    EXPECT_TRUE(Shared.Open(m_Files, L"").empty());
+    Session User(Shared);
+    EXPECT_TRUE(User.Ask(L"d").strList.starts_with(L";do ;den ")) << "den alone has more use";
+}
+
 TEST_F(PredictorService, LearnedWords_AreNotSaved_WhenAnotherServerKeepsThem) {
     const std::string Damaged = "not to be touched";
     Write(m_Files.Learned, Damaged);
@@ -211,6 +237,16 @@ TEST_F(PredictorService, Options_AreFollowedAndNonsenseIsTold) {
     EXPECT_EQ(strList.find(L' '), std::wstring::npos);
 }
 
+TEST_F(PredictorService, OptionsThatCannotBeRead_AreTold) {
+    fs::create_directories(m_Files.Options / "in the way");
+    Service Shared;
+    const std::vector<std::string> Complaints = Shared.Open(m_Files, L"");
+    ASSERT_EQ(Complaints.size(), 1U);
+    EXPECT_TRUE(Complaints[0].starts_with("presager.ini: ")) << Complaints[0];
+    Session User(Shared);
+    EXPECT_TRUE(Offers(User, L"dob", L"dobř"));
+}
+
 TEST_F(PredictorService, WordsWithUntypeableLetters_AreNotOffered) {
     Service Plain;
     (void)Plain.Open(m_Files, L"");
@@ -226,8 +262,8 @@ TEST_F(PredictorService, ErasedWord_IsOfferedNothing) {
     Service Shared;
     (void)Shared.Open(m_Files, L"");
     Session User(Shared);
-    (void)User.Ask(L"d");
-    const Answer Given = User.Ask(L"d\b");
+    EXPECT_TRUE(Offers(User, L"dob", L"dobř"));
+    const Answer Given = User.Ask(L"dob\b\b\b");
     EXPECT_EQ(Given.strPrefix, L"");
     EXPECT_EQ(Given.strList, L"");
 }

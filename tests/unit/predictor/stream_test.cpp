@@ -20,6 +20,10 @@ TEST_F(PredictorStream, Cleaned_IsWhatStandsInTheText) {
                           {L"\b", L""},
                           {L"ab\tc", L"c"},
                           {L"\x1B", L""},
+                          {L"ab\x1F"
+                           L"c",
+                           L"c"},
+                          {L"ab c", L"ab c"},
                           {std::wstring(L"a\0b", 3), std::wstring(L"a\0b", 3)}};
     for (const Case& One : CASES)
         EXPECT_EQ(Stream::Cleaned(One.strPrefix), One.strText);
@@ -65,9 +69,11 @@ TEST_F(PredictorStream, Backspace_GoesBackWithinTheWordAndCorrectsThePrefix) {
 }
 
 TEST_F(PredictorStream, NoWord_BringsNoList) {
+    EXPECT_EQ(List(L""), L"");
     for (const std::wstring& strPrefix :
-         {std::wstring(L"12"), std::wstring(L"d1"), std::wstring(L"d;"), std::wstring(),
-          std::wstring(L"("), std::wstring(5000, L'd'), std::wstring(L"\xFFFD\x1234")}) {
+         {std::wstring(L"12"), std::wstring(L"d1"), std::wstring(L"d;"), std::wstring(L"("),
+          std::wstring(5000, L'd'), std::wstring(L"\xFFFD\x1234")}) {
+        EXPECT_NE(List(L"d"), L"");
         EXPECT_EQ(List(strPrefix), L"");
     }
 }
@@ -87,6 +93,10 @@ TEST_F(PredictorStream, BackspaceBehindATakenWord_DoesNotEndTheWordBefore) {
     (void)List(L"dob");
     EXPECT_EQ(Asked.GetPrediction(L"\b").strPrefix, L"");
     EXPECT_TRUE(List(L"d").starts_with(L";den"));
+}
+
+TEST_F(PredictorStream, FirstWordOfAll_MayBeginASentence) {
+    EXPECT_TRUE(List(L"d").starts_with(L";děkuji"));
 }
 
 TEST_F(PredictorStream, CapitalBegins_MostLikelyASentence) {
@@ -120,6 +130,8 @@ TEST_F(PredictorStream, CapsLock_IsExpectedAgain_UntilALetterFollows) {
     EXPECT_EQ(Known.strList, L";Auto");
     EXPECT_EQ(Known.strPrefix, strNul + L"a");  // Caps Lock is still to be released
     EXPECT_EQ(List(strNul + L"a" + strNul), L";Auto");
+    Type(L"pes");  // a word without a capital tells nothing of Caps Lock
+    EXPECT_EQ(Asked.GetPrediction(strNul + L"a").strList, L";Auto");
     (void)List(L"x");
     EXPECT_EQ(List(strNul + L"ut"), L";Auto");
     EXPECT_EQ(List(strNul + L"u").find(L"U"), std::wstring::npos);
@@ -188,17 +200,32 @@ TEST_F(PredictorStream, Learning_CanBeOff) {
     Asked.NoteWritten(L"", L"nazdar");
     EXPECT_TRUE(Asked.Own.IsEmpty());
     EXPECT_FALSE(Asked.TakeChanged());
+    Asked.Settings.bLearns = true;
+    Asked.NoteWritten(L"", L"nazdar");
+    EXPECT_FALSE(Asked.Own.IsEmpty());
+    EXPECT_TRUE(Asked.TakeChanged());
 }
 
 TEST_F(PredictorStream, Forget_LeavesNothing) {
     Type(L"nazdar");
-    (void)List(L"d");
+    EXPECT_NE(List(L"d"), L"");
     Asked.Forget();
     EXPECT_TRUE(Asked.Own.IsEmpty());
     EXPECT_TRUE(Asked.TakeChanged());
+    EXPECT_TRUE(Asked.Shown().empty());
     EXPECT_EQ(List(L"n"), L"");
     (void)List(L"d");
     EXPECT_FALSE(Asked.Own.Words().contains(L"nazdar"));
+}
+
+TEST_F(PredictorStream, WordBeforeForgetting_HasNoFollower) {
+    Type(L"nazdar");
+    (void)List(L"d");
+    Asked.Forget();
+    Type(L"nazdar");
+    (void)List(L"d");
+    EXPECT_TRUE(Asked.Own.Words().contains(L"nazdar"));
+    EXPECT_EQ(Asked.Own.After(L"nazdar"), nullptr);
 }
 
 }  // namespace
