@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "dialogs/button_config_form.h"
 #include "input/joystick_reader.h"
@@ -125,9 +127,8 @@ void AppSettingForm::FillLists() {
         const int32_t nValue = (objSetting.*Setting.Get)();
         List.Select(std::max(nValue, 0) - 1);
     }
-    Combo1.Clear();
-    for (const wchar_t* szDelay : SCAN_DELAYS)
-        Combo1.AddItem(szDelay);
+    const std::vector<std::wstring> Delays(std::begin(SCAN_DELAYS), std::end(SCAN_DELAYS));
+    Combo1.Items = Delays;
     Combo1.SelectText(std::to_wstring(objSetting.ScanDelay()));
 }
 

@@ -57,7 +57,8 @@ void ButtonConfigForm::FillControls() {
     OptionType.Selected = -1;
     OptionType.Choose(static_cast<int32_t>(Shown.Kind));
     KeyOfForm(*this).Show(Shown.Code);
-    Text3.Text = Shown.Kind == ButtonKind::Command ? Shown.Command : std::wstring{};
+    const bool bCommand = Shown.Kind == ButtonKind::Command;
+    Text3.Text = bCommand ? Shown.Command : std::wstring{};
 }
 
 void ButtonConfigForm::StoreRow() {

@@ -7,7 +7,7 @@ namespace taviro {
 
 namespace {
 
-constexpr wchar_t LAST_CONTROL = 0x1F;
+constexpr wchar_t LAST_CONTROL = L'\x1F';
 constexpr wchar_t DELETE_CHARACTER = 0x7F;
 
 bool IsControl(wchar_t nCharacter) {

@@ -33,9 +33,9 @@ int32_t KeyChoice::Code(int32_t nUnselected) const {
 }
 
 void KeyChoice::Enable(bool bEnabled) const {
-    ComboKey.Enabled = bEnabled;
-    for (const ModifierBox& One : Boxes())
-        One.Box.Enabled = bEnabled;
+    forms::Control* const CONTROLS[] = {&ComboKey, &chkSHIFT, &chkCTRL, &chkALT, &chkWin};
+    for (forms::Control* pControl : CONTROLS)
+        pControl->Enabled = bEnabled;
 }
 
 }  // namespace taviro

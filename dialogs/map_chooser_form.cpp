@@ -61,9 +61,9 @@ void MapChooserForm::Place() {
         Top = forms::UNPLACED;
         return;
     }
+    Left = (Main.nLeft + SystemMetric(Metric::BorderWidth)) * platform::TwipsPerPixelX();
     const int32_t nAbove = SystemMetric(Metric::BorderHeight) +
                            SystemMetric(Metric::CaptionHeight) + SystemMetric(Metric::MenuHeight);
-    Left = (Main.nLeft + SystemMetric(Metric::BorderWidth)) * platform::TwipsPerPixelX();
     Top = (Main.nTop + nAbove) * platform::TwipsPerPixelY();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/voice_form.h"
 
-#include <initializer_list>
 #include <utility>
 
 #include "feedback/speech.h"
@@ -58,13 +57,14 @@ VoiceForm::VoiceForm() : Form(L"FrmVoice") {
     HScroll_Volume.OnChange = [this] { HScroll_Volume_Change(); };
     HScroll_Pitch.OnChange = [this] { HScroll_Pitch_Change(); };
     cmdOK.OnClick = [this] { Unload(); };
-    for (forms::Control* pControl :
-         std::initializer_list<forms::Control*>{&Text1, &Command1, &Command2, &Command3})
+    forms::Control* const HIDDEN[] = {&Text1, &Command1, &Command2, &Command3};
+    for (forms::Control* pControl : HIDDEN)
         pControl->Visible = false;
 }
 
 void VoiceForm::Form_Load() {
     ClearControls();
+    FitHeight();
     const std::pair<forms::GroupFrame&, const forms::Label&> FRAMES[] = {
         {Frame_List, lblList},
         {Frame_Vol, lbl_Vol},
@@ -73,7 +73,6 @@ void VoiceForm::Form_Load() {
     };
     for (const auto& [Frame, Label] : FRAMES)
         Frame.Caption = Label.Caption.Get();
-    FitHeight();
     CreateVoice();
     FillVoiceList();
     PlaceBars();
@@ -86,9 +85,10 @@ void VoiceForm::ClearControls() {
     lbl_Vol.Caption = L"H&lasitost:";
     lbl_Pitch.Caption = L"&Výška:";
     VoiceList.Clear();
-    for (forms::ScrollBar* pBar : {&HScroll_Rate, &HScroll_Volume, &HScroll_Pitch})
-        PlaceQuietly(*pBar, pBar->nMin);
     Text1.Text = L"";
+    forms::ScrollBar* const BARS[] = {&HScroll_Rate, &HScroll_Volume, &HScroll_Pitch};
+    for (forms::ScrollBar* pBar : BARS)
+        PlaceQuietly(*pBar, pBar->nMin);
 }
 
 // Where the controls stand is known only once the view has laid them out; a height of 0 leaves the
@@ -133,34 +133,31 @@ void VoiceForm::VoiceList_Click() const {
 }
 
 void VoiceForm::HScroll_Rate_Change() const {
-    const int32_t nRate = LevelOf(HScroll_Rate.Value);
-    objSetting.Rate(nRate);
-    SetVoiceRate(nRate);
-    SetReaderTempo(nRate);
+    objSetting.Rate(LevelOf(HScroll_Rate.Value));
+    SetVoiceRate(objSetting.Rate());
+    SetReaderTempo(objSetting.Rate());
     SpeakPosition(HScroll_Rate);
 }
 
 void VoiceForm::HScroll_Volume_Change() const {
-    const int32_t nVolume = HScroll_Volume.Value;
-    objSetting.Volume(nVolume);
-    SetVoiceVolume(nVolume);
-    SetReaderVolume(static_cast<int16_t>(RoundedSteps(nVolume)));
+    objSetting.Volume(HScroll_Volume.Value);
+    SetVoiceVolume(objSetting.Volume());
+    SetReaderVolume(static_cast<int16_t>(RoundedSteps(objSetting.Volume())));
     SpeakPosition(HScroll_Volume);
 }
 
 // The engine gets its pitch with every utterance.
 void VoiceForm::HScroll_Pitch_Change() const {
-    const int32_t nPitch = LevelOf(HScroll_Pitch.Value);
-    objSetting.Pitch(nPitch);
-    SetReaderPitch(nPitch);
+    objSetting.Pitch(LevelOf(HScroll_Pitch.Value));
+    SetReaderPitch(objSetting.Pitch());
     SpeakPosition(HScroll_Pitch);
 }
 
 void VoiceForm::Form_Unload() {
     Program.bDialogActive = false;
     int32_t nRate{};
-    int32_t nVolume{};
     if (GetVoiceRate(nRate)) objSetting.Rate(nRate);
+    int32_t nVolume{};
     if (GetVoiceVolume(nVolume)) objSetting.Volume(nVolume);
     objSetting.SaveSetting();
     Speech.objVoice.reset();

@@ -41,7 +41,7 @@ char PrintOf(std::string_view strName) {
     for (const char nByte : strName) {
         nHash = (nHash ^ static_cast<unsigned char>(LowerByte(nByte))) * 16777619U;
     }
-    return static_cast<char>((nHash ^ (nHash >> 8U) ^ (nHash >> 16U) ^ (nHash >> 24U)) & 0xFFU);
+    return static_cast<char>(nHash >> 24U);
 }
 
 void ParseEntry(std::string_view strLine, IniLine& objLine) {
@@ -87,15 +87,14 @@ void IniText::NamedLines::Add(const IniLine& objLine) {
 }
 
 IniText::IniText(std::string strFileBytes) : strBytes(std::move(strFileBytes)) {
-    for (size_t nOffset = FirstLine(); nOffset < strBytes.size();) {
-        const IniLine objLine = LineAt(nOffset);
+    for (IniLine objLine = LineAt(FirstLine()); objLine.nBegin < strBytes.size();
+         objLine = LineAt(objLine.nNext)) {
         if (objLine.nType == IniLine::Type::Header) {
             objHeaders.Add(objLine);
             nFirstEntries.push_back(objEntries.nOffsets.size());
         } else if (objLine.nType == IniLine::Type::Entry) {
             objEntries.Add(objLine);
         }
-        nOffset = objLine.nNext;
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/headless/memory_files.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/text.h"
@@ -35,6 +36,20 @@ bool Matches(std::wstring_view strName, std::wstring_view strPattern) {
     if (strName.empty()) return false;
     if (strPattern.front() != L'?' && strPattern.front() != strName.front()) return false;
     return Matches(strName.substr(1), strPattern.substr(1));
+}
+
+// The name that old programs know a file by: eight characters and an extension of three. The
+// system's search goes by it as well, so "*.ini" finds "long.inix".
+std::wstring ShortName(const std::wstring& strName) {
+    const auto nDot = std::min(strName.rfind(L'.'), strName.size());
+    const std::wstring strBase = strName.substr(0, nDot);
+    const std::wstring strEnd = strName.substr(nDot);
+    if (strBase.size() <= 8 && strEnd.size() <= 4) return strName;
+    return strBase.substr(0, 6) + L"~1" + strEnd.substr(0, 4);
+}
+
+bool IsFoundBy(const std::wstring& strName, std::wstring_view strPattern) {
+    return Matches(strName, strPattern) || Matches(ShortName(strName), strPattern);
 }
 
 }  // namespace
@@ -138,7 +153,7 @@ std::vector<std::wstring> MemoryFiles::List(std::wstring_view strPattern) const 
          it != m_Nodes.end() && it->first.starts_with(strFolder); ++it) {
         const std::wstring strName = it->first.substr(strFolder.size());
         const bool bHere = strName.find(L'\\') == std::wstring::npos;
-        if (bHere && !it->second.bFolder && Matches(strName, strNames)) {
+        if (bHere && !it->second.bFolder && IsFoundBy(strName, strNames)) {
             Names.push_back(it->second.strName);
         }
     }

@@ -177,6 +177,16 @@ TEST(MemoryFiles, List_MatchesPattern_WhenNamesDiffer) {
     }
 }
 
+TEST(MemoryFiles, List_GoesByShortNamesToo_AsTheSystemsSearchDoes) {
+    MemoryFiles Files;
+    for (const wchar_t* szName : {L"a.ini", L"b.inix", L"letter.html", L"long name.txt"})
+        Files.Put(std::wstring(L"C:\\t\\") + szName, "");
+    EXPECT_EQ(Files.List(L"C:\\t\\*.ini"), (Names{L"a.ini", L"b.inix"}));
+    EXPECT_EQ(Files.List(L"C:\\t\\letter.htm"), Names{});
+    EXPECT_EQ(Files.List(L"C:\\t\\*.htm"), Names{L"letter.html"});
+    EXPECT_EQ(Files.List(L"C:\\t\\long n~1.txt"), Names{L"long name.txt"});
+}
+
 // The file contract as the program sees it.
 class FileContractTest : public ::testing::Test {
   protected:
