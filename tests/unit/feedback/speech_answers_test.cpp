@@ -81,6 +81,23 @@ TEST_F(SpeechAnswers, Voice_IsListedAndChosen_OnlyWhenEveryAnswerIsOfItsKind) {
     }
 }
 
+// The search for a name ends at such a voice too: those behind it could be offered, never chosen.
+TEST_F(SpeechAnswers, VoicesBehindOneThatIsNotGiven_AreNotListed) {
+    const auto GiveAllButTheSecond = [](MemberUse nUse, const std::wstring&,
+                                        std::span<AutomationArgument> All,
+                                        AutomationValue& Result) {
+        if (nUse == MemberUse::Get) {
+            Result = int32_t{3};
+            return true;
+        }
+        if (All[0].Value == AutomationValue{int32_t{1}}) return false;
+        Result = MakeAnswering(TELLS_NAME);
+        return true;
+    };
+    AnswerVoicesWith(platform::headless::MakeObject(GiveAllButTheSecond));
+    EXPECT_EQ(VoiceDescriptions(), std::vector<std::wstring>{L"Jana"});
+}
+
 // The engine's list is asked for once more before the voice is taken from it.
 TEST_F(SpeechAnswers, CurrentVoiceStays_WhenTheFoundOneHasGoneMeanwhile) {
     const struct {
