@@ -87,8 +87,14 @@ void IniText::NamedLines::Add(const IniLine& objLine) {
 }
 
 IniText::IniText(std::string strFileBytes) : strBytes(std::move(strFileBytes)) {
-    for (IniLine objLine = LineAt(FirstLine()); objLine.nBegin < strBytes.size();
-         objLine = LineAt(objLine.nNext)) {
+    // Line ends are passed over at once: a file may be nothing else.
+    const auto BehindLineEnds = [this](size_t nFrom) {
+        const auto objFrom = strBytes.begin() + static_cast<std::ptrdiff_t>(nFrom);
+        const auto objText = std::find_if_not(objFrom, strBytes.end(), IsLineEnd);
+        return static_cast<size_t>(objText - strBytes.begin());
+    };
+    for (IniLine objLine = LineAt(BehindLineEnds(FirstLine())); objLine.nBegin < strBytes.size();
+         objLine = LineAt(BehindLineEnds(objLine.nNext))) {
         if (objLine.nType == IniLine::Type::Header) {
             objHeaders.Add(objLine);
             nFirstEntries.push_back(objEntries.nOffsets.size());
