@@ -124,6 +124,7 @@ TEST_F(KeyboardHookTest, KeyboardProc_TouchesNothing_WhenCodeIsNotZero) {
     EXPECT_EQ(Called, Effects{});
     EXPECT_EQ(KeyboardHook.KeyInfo.vkCode, 0U);
     EXPECT_EQ(KeyboardHook.nHookVkCode, 0U);
+    EXPECT_EQ(KeyboardHook.nHookScanCode, 0U);
 }
 
 TEST_F(KeyboardHookTest, KeyboardProc_CopiesEvent_WhenAJoystickTakesTheKeyAway) {
