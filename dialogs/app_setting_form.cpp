@@ -127,8 +127,7 @@ void AppSettingForm::FillLists() {
         const int32_t nValue = (objSetting.*Setting.Get)();
         List.Select(std::max(nValue, 0) - 1);
     }
-    const std::vector<std::wstring> Delays(std::begin(SCAN_DELAYS), std::end(SCAN_DELAYS));
-    Combo1.Items = Delays;
+    Combo1.Items = std::vector<std::wstring>(std::begin(SCAN_DELAYS), std::end(SCAN_DELAYS));
     Combo1.SelectText(std::to_wstring(objSetting.ScanDelay()));
 }
 
