@@ -14,7 +14,6 @@ size_t Predictor::Wanted() const {
 
 Answer Predictor::GetPrediction(std::wstring_view strPrefix) {
     if (m_Stream.Take(Words, strPrefix, Settings.Stream)) LearnFinished();
-    m_Shown.clear();
     const std::wstring& strTyped = m_Stream.Typed();
     if (!strTyped.empty()) {
         Query Asked{.strTyped = strTyped,

@@ -29,10 +29,10 @@ TEST(PredictorLearned, WhatIsNoWord_ChangesNothing) {
         bool bLearned;
     };
     constexpr WordId LISTED = 3;
-    constexpr Case CASES[] = {{L"nazdar", NO_WORD, true}, {L"xkcd", NO_WORD, false},
-                              {L"v", NO_WORD, false},     {L"v", LISTED, true},
-                              {L"DPH", LISTED, true},     {L"a;b", LISTED, false},
-                              {L"", LISTED, false}};
+    const Case CASES[] = {{L"nazdar", NO_WORD, true}, {L"xkcd", NO_WORD, false},
+                          {L"v", NO_WORD, false},     {L"v", LISTED, true},
+                          {L"DPH", LISTED, true},     {L"a;b", LISTED, false},
+                          {L"", LISTED, false}};
     for (const Case& One : CASES) {
         Learned Own;
         Own.Note(L"", One.szWord, One.nWord);
@@ -169,6 +169,9 @@ TEST_F(PredictorPairs, Beyond24000_TheRarestTenthGoes) {
     EXPECT_NEAR(Own.TotalAfter(NumberedWord(100)), dSum, 1e-6);
     NoteFaintWord();  // there is room again
     EXPECT_TRUE(IsFaintWordKept());
+    NotePairs(2401);  // those that went
+    NoteFaintWord();
+    EXPECT_EQ(Pairs(), 21600U);
 }
 
 TEST_F(PredictorPairs, SamePairAgain_TakesNoRoom) {

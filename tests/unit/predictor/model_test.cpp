@@ -85,6 +85,33 @@ TEST(PredictorSearch, Walk_FindsWhatLookingAtAllWordsFinds) {
     }
 }
 
+TEST(PredictorSearch, Beginning_IsFoundLetterByLetter) {
+    struct Case {
+        const wchar_t* szWord;
+        std::wstring strTyped;
+        bool bExact, bFolded;
+    };
+    const Case CASES[] = {
+        {L"ano", L"", true, true},       {L"ano", L"an", true, true},
+        {L"ano", L"AN", true, true},     {L"ano", L"ano", true, true},
+        {L"ano", L"anoo", false, false}, {L"ano", L"no", false, false},
+        {L"šest", L"se", false, true},   {L"sestra", L"še", false, false},
+        {L"šest", L"Š", true, true},     {L"ano", std::wstring(L"\0n", 2), true, true},
+    };
+    for (const Case& One : CASES) {
+        EXPECT_EQ(BeginsWith(One.szWord, One.strTyped, Match::Exact), One.bExact)
+            << ToUtf8(One.szWord) << " " << ToUtf8(One.strTyped);
+        EXPECT_EQ(BeginsWith(One.szWord, One.strTyped, Match::Folded), One.bFolded)
+            << ToUtf8(One.szWord) << " " << ToUtf8(One.strTyped);
+    }
+}
+
+TEST(PredictorSearch, MoreLettersThanAWordCanHave_FindNothing) {
+    const RandomDictionary Made(20);
+    EXPECT_FALSE(RangesOf(Made.Words, std::wstring(31, UNKNOWN_LETTER), Match::Exact).empty());
+    EXPECT_TRUE(RangesOf(Made.Words, std::wstring(32, UNKNOWN_LETTER), Match::Exact).empty());
+}
+
 TEST(PredictorModel, Mass_IsTheSumOfItsWords) {
     const RandomDictionary Made(700);
     const uint32_t nWords = Made.Words.WordCount();

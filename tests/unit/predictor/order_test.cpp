@@ -116,6 +116,7 @@ TEST(PredictorOptions, Text_IsRead) {
         {"Words=3", 5, true, true, 0},
         {"[Other]\nWords=3\nnonsense\n[Presager]\nBlanks=0\n[Other]\nLearn=0", 5, true, false, 0},
         {"[Presager]\nWords=3\nWords=4", 4, true, true, 0},
+        {"[Presager]\nLearn=0\nLearn=1\nBlanks=0\nBlanks=1", 5, true, true, 0},
         // Without sense: told, and the option stays.
         {"[Presager]\nWords=0\nWords=21\nWords=-1\nWords=5x\nWords=\nWords", 5, true, true, 6},
         {"[Presager]\nLearn=2\nBlanks=yes\nBlanks=0", 5, true, false, 2},
