@@ -87,7 +87,6 @@ void Ranker::CollectFollowers() {
     std::vector<Follower> Found;
     for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
         const uint32_t nContext = m_Asked.Contexts[n].nContext;
-        if (m_PairShares[n] <= 0) continue;
         Found.clear();
         for (const WordRange& Range : m_Ranges)
             m_Words.AppendFollowers(nContext, Range, Found);
