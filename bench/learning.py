@@ -84,7 +84,7 @@ def main() -> int:
             path.write_text(text, encoding="utf-8")
             print(f"{name}: {len(text.split())} words", flush=True)
             texts.append(path)
-        return subprocess.run([build / "predictor/taviro_effort", "--learn",
+        return subprocess.run([build / "tools/taviro_effort", "words", "--learn",
                                build / "predictor/czech.dict", "data/data.ini", *texts],
                               check=False).returncode
 

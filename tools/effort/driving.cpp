@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tools/effort/driving.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "actions/entry_typing.h"
-#include "core/program_reset.h"
-#include "core/startup.h"
 #include "forms/main_form.h"
 #include "platform/headless/desktop.h"
 #include "platform/headless/user.h"
-#include "platform/main_window.h"
 #include "platform/text.h"
-#include "platform/unneeded.h"
 #include "predictor/letters.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tools/effort/map_keys.h"
+#include "tools/effort/measured_run.h"
 #include "tools/effort/words_of_text.h"
 
 namespace taviro::effort {
@@ -33,21 +29,12 @@ constexpr uint32_t SCAN_STEP_MS = 1000;
 constexpr int LONGEST_WAY = 60;     // tilts in one direction: a longer way goes astray
 constexpr int LONGEST_SCAN = 4000;  // ticks: a scan that takes longer goes astray
 
-const std::wstring PROGRAM_DATA = L"C:\\Program Files\\Taviro\\data\\";
-const std::wstring USER_DATA =
-    L"C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro\\";
-
 // Scanning begins at the map's first cell after every choice.
 constexpr std::string_view SCAN_SETTINGS =
     "[Info]\r\nScanMode=1\r\nTriggerColumnReset=1\r\nTriggerRowReset=1\r\n";
 
 void StartProgram(std::string_view strMapFile, const DrivingWay& Way) {
-    Desktop = platform::headless::DesktopState{};
-    Desktop.bRecording = false;
-    ResetProgram();
-    Desktop.Files.Put(PROGRAM_DATA + L"data.ini", strMapFile);
-    Desktop.Files.Put(USER_DATA + L"data.ini", strMapFile);
-    if (Way.bScans) Desktop.Files.Put(USER_DATA + L"setting.ini", SCAN_SETTINGS);
+    PrepareDesktop(strMapFile, Way.bScans ? SCAN_SETTINGS : std::string_view());
     if (Way.pPredictor != nullptr) {
         Desktop.Classes[L"Presager.Dict"] = [pPredictor = Way.pPredictor] {
             return platform::headless::MakeObject(
@@ -61,8 +48,7 @@ void StartProgram(std::string_view strMapFile, const DrivingWay& Way) {
                 });
         };
     }
-    Unneeded(platform::OpenMainWindow(*FrmMain));  // the virtual desktop never refuses
-    Main();
+    OpenProgram();
 }
 
 class Driver {
@@ -252,35 +238,19 @@ Effort Drive(std::string_view strMapFile, const std::wstring& strText, const Dri
     }
     User.Spent.nMilliseconds = Desktop.nNow - nStart;
     User.Spent.nCharacters = strText.size();
-    if (User.Spent.strError.empty() && Desktop.Keyboard.strTyped != strText) {
-        User.Spent.strError =
-            "another text arrived: " + platform::ToUtf8(Desktop.Keyboard.strTyped);
-    }
-    FrmMain->Unload();
-    platform::CloseMainWindow();
+    if (User.Spent.strError.empty()) User.Spent.strError = ArrivalError(strText);
+    CloseProgram();
     return User.Spent;
 }
 
 std::wstring Typeable(std::string_view strMapFile, std::wstring_view strText) {
-    struct Plain {
-        wchar_t nSign;
-        const wchar_t* szPlain;
-    };
-    constexpr Plain PLAINS[] = {{L'–', L"-"},  {L'—', L"-"},   {L'„', L"\""}, {L'“', L"\""},
-                                {L'”', L"\""}, {L'…', L"..."}, {L'\'', L""},  {L'\r', L""}};
     StartProgram(strMapFile, {});
     std::wstring strTypeable;
-    for (const wchar_t nCharacter : strText) {
-        const auto it = std::find_if(std::begin(PLAINS), std::end(PLAINS),
-                                     [&](const Plain& Sign) { return Sign.nSign == nCharacter; });
-        const std::wstring strPlain =
-            it == std::end(PLAINS) ? std::wstring(1, nCharacter) : it->szPlain;
-        for (const wchar_t n : strPlain) {
-            if (!CellsFor(n).empty()) strTypeable += n;
-        }
+    for (const wchar_t nCharacter : WithPlainSigns(strText)) {
+        // Czech has no apostrophe: what looks like one is a quotation mark.
+        if (nCharacter != L'\'' && !CellsFor(nCharacter).empty()) strTypeable += nCharacter;
     }
-    FrmMain->Unload();
-    platform::CloseMainWindow();
+    CloseProgram();
     return strTypeable;
 }
 

@@ -1,167 +1,42 @@
 // SPDX-License-Identifier: MIT
-// taviro_effort DICTIONARY MAP TEXT...: what typing each text costs, by keys with a list after each
-// letter, and by moves, presses and time in the real program, without and with the predictor;
-// --learn: what a long text by one writer gains when the predictor learns from it.
+// taviro_effort: what typing costs a user without errors. See commands.h.
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
-#include <string>
 #include <vector>
 
-#include "predictor/files.h"
-#include "predictor/utf8.h"
-#include "tools/effort/driving.h"
-#include "tools/effort/key_count.h"
+#include "tools/effort/commands.h"
 
 namespace {
 
-using namespace taviro;
 using namespace taviro::effort;
 
-struct Request {
-    bool bKeys = true;
-    bool bStick = true;
-    bool bScan = false;
-    bool bLearn = false;
-    std::vector<const char*> Files;
-};
-
-Request RequestOf(int nCount, char** Arguments) {
-    Request Asked;
-    for (int n = 1; n < nCount; ++n) {
-        if (std::strcmp(Arguments[n], "--keys") == 0) {
-            Asked.bStick = false;
-        } else if (std::strcmp(Arguments[n], "--stick") == 0) {
-            Asked.bKeys = false;
-        } else if (std::strcmp(Arguments[n], "--scan") == 0) {
-            Asked.bKeys = Asked.bStick = false;
-            Asked.bScan = true;
-        } else if (std::strcmp(Arguments[n], "--learn") == 0) {
-            Asked.bKeys = Asked.bStick = false;
-            Asked.bLearn = true;
-        } else {
-            Asked.Files.push_back(Arguments[n]);
-        }
-    }
-    return Asked;
-}
-
-bool ReadFile(const char* szPath, std::string& strText) {
-    std::ifstream File(szPath, std::ios::binary);
-    strText.assign((std::istreambuf_iterator<char>(File)), {});
-    if (!File && strText.empty()) (void)std::fprintf(stderr, "%s: cannot be read\n", szPath);
-    return static_cast<bool>(File) || !strText.empty();
-}
-
-struct NamedWay {
+struct NamedCommand {
     const char* szName;
-    KeyCountWay Way;
+    int (*pRun)(CommandWords Given);
 };
-constexpr NamedWay WAYS[] = {
-    {"list after each letter", {.bRepeats = true}},
-    {"no word offered twice", {}},
-    {"the same, learning what is inferred", {.bLearns = true}},
-    {"true word before, list before letters", {.bTruth = true, .bBeforeLetters = true}},
-    {"the same, learning", {.bTruth = true, .bBeforeLetters = true, .bLearns = true}},
-};
+constexpr NamedCommand COMMANDS[] = {
+    {"words", MeasureWords}, {"maps", MeasureMaps}, {"arrange", ArrangeMap}};
 
-void PrintKeys(std::string_view Dictionary, const std::wstring& strText) {
-    std::printf("  %-40s %14s %20s\n", "keys spared, %", "blank erased", "blank goes by itself");
-    for (const NamedWay& Named : WAYS) {
-        double dSavings[2] = {};
-        for (int n = 0; n < 2; ++n) {
-            predictor::Predictor Asked;
-            std::string strError;
-            if (!Asked.Words.Open(Dictionary, strError)) return;
-            KeyCountWay Way = Named.Way;
-            Way.bFreeBlank = n == 1;
-            dSavings[n] = CountKeys(Asked, strText, Way).Whole.Savings();
-        }
-        std::printf("  %-40s %14.2f %20.2f\n", Named.szName, dSavings[0], dSavings[1]);
-    }
-}
-
-struct LearningWay {
-    const char* szName;
-    KeyCountWay Way;
-};
-constexpr LearningWay LEARNING_WAYS[] = {
-    {"list after each letter", {.bRepeats = true, .bFreeBlank = true}},
-    {"no word offered twice", {.bFreeBlank = true}},
-    {"true word before, list before letters",
-     {.bTruth = true, .bBeforeLetters = true, .bFreeBlank = true}},
-};
-
-void PrintLearning(std::string_view Dictionary, const std::wstring& strText) {
-    std::printf("  %-40s %9s %9s %9s %9s\n", "keys spared, % (blank goes by itself)", "without",
-                "learning", "last 1/4", "learning");
-    for (const LearningWay& Named : LEARNING_WAYS) {
-        TextCount Counts[2];
-        for (int n = 0; n < 2; ++n) {
-            predictor::Predictor Asked;
-            std::string strError;
-            if (!Asked.Words.Open(Dictionary, strError)) return;
-            KeyCountWay Way = Named.Way;
-            Way.bLearns = n == 1;
-            Counts[n] = CountKeys(Asked, strText, Way);
-        }
-        std::printf("  %-40s %9.2f %9.2f %9.2f %9.2f\n", Named.szName, Counts[0].Whole.Savings(),
-                    Counts[1].Whole.Savings(), Counts[0].LastQuarter.Savings(),
-                    Counts[1].LastQuarter.Savings());
-    }
-}
-
-bool PrintDriving(std::string_view Dictionary, const std::string& strMap,
-                  const std::wstring& strText, bool bScans) {
-    predictor::Predictor Asked;
-    std::string strError;
-    if (!Asked.Words.Open(Dictionary, strError)) return false;
-    Asked.Settings.strUntypeable = UntypeableLetters();
-    const std::wstring strTyped = Typeable(strMap, strText);
-    const Effort Bare = Drive(strMap, strTyped, {.bScans = bScans});
-    const Effort Helped = Drive(strMap, strTyped, {.bScans = bScans, .pPredictor = &Asked});
-    std::printf("  %-16s %8s %8s %8s %8s %10s\n", bScans ? "scanning" : "stick", "moves", "presses",
-                "taken", "sent away", "s/char");
-    for (const Effort* pSpent : {&Bare, &Helped}) {
-        if (!pSpent->strError.empty()) std::printf("  FAILED: %s\n", pSpent->strError.c_str());
-        std::printf("  %-16s %8zu %8zu %8zu %8zu %10.4f\n",
-                    pSpent == &Bare ? "without" : "with predictor", pSpent->nMoves,
-                    pSpent->nPresses, pSpent->nTaken, pSpent->nDismissed,
-                    pSpent->SecondsPerCharacter());
-    }
-    std::printf("  time spared: %.1f %%\n",
-                100 - 100 * Helped.SecondsPerCharacter() / Bare.SecondsPerCharacter());
-    return Bare.strError.empty() && Helped.strError.empty();
-}
+constexpr const char* USAGE =
+    "usage: taviro_effort words [--keys|--learn|--stick|--scan] DICTIONARY MAP TEXT...\n"
+    "           what typing each text costs, by keys with a list after each letter, and by\n"
+    "           moves, presses and time in the real program, without and with the predictor;\n"
+    "           --learn: what a long text by one writer gains when the predictor learns from it\n"
+    "       taviro_effort maps MAP... --texts TEXT...\n"
+    "           what typing the texts costs on each map\n"
+    "       taviro_effort arrange frequency|near|annealed|readable ROWS WORDS MAP SEED\n"
+    "           writes the map with its upper rows in an order that costs less\n";
 
 }  // namespace
 
 int main(int nCount, char** Arguments) {
-    const Request Asked = RequestOf(nCount, Arguments);
-    if (Asked.Files.size() < 3) {
-        (void)std::fprintf(
-            stderr,
-            "usage: taviro_effort [--keys|--learn|--stick|--scan] DICTIONARY MAP TEXT...\n");
-        return 2;
+    const std::vector<const char*> Given(Arguments + 1, Arguments + nCount);
+    int nResult = WRONG_WORDS;
+    for (const NamedCommand& Known : COMMANDS) {
+        if (!Given.empty() && std::strcmp(Given[0], Known.szName) == 0) {
+            nResult = Known.pRun(CommandWords(Given).subspan(1));
+        }
     }
-    predictor::MappedFile Dictionary;
-    std::string strError;
-    std::string strMap;
-    if (!Dictionary.Open(Asked.Files[0], strError) || !ReadFile(Asked.Files[1], strMap)) {
-        (void)std::fprintf(stderr, "%s: %s\n", Asked.Files[0], strError.c_str());
-        return 1;
-    }
-    bool bGood = true;
-    for (size_t n = 2; n < Asked.Files.size(); ++n) {
-        std::string strBytes;
-        if (!ReadFile(Asked.Files[n], strBytes)) return 1;
-        const std::wstring strText = predictor::FromUtf8(strBytes);
-        std::printf("%s: %zu characters\n", Asked.Files[n], strText.size());
-        if (Asked.bLearn) PrintLearning(Dictionary.Bytes(), strText);
-        if (Asked.bKeys) PrintKeys(Dictionary.Bytes(), strText);
-        if (Asked.bStick) bGood = PrintDriving(Dictionary.Bytes(), strMap, strText, false) && bGood;
-        if (Asked.bScan) bGood = PrintDriving(Dictionary.Bytes(), strMap, strText, true) && bGood;
-    }
-    return bGood ? 0 : 1;
+    if (nResult == WRONG_WORDS) (void)std::fputs(USAGE, stderr);
+    return nResult;
 }

@@ -6,12 +6,9 @@
 #include <string_view>
 #include <vector>
 
-namespace taviro::effort {
+#include "tools/effort/routes.h"
 
-struct CellPlace {
-    int32_t nColumn = 0;
-    int32_t nRow = 0;
-};
+namespace taviro::effort {
 
 /// The cells to be chosen one after the other; none when the map cannot type the character. A
 /// capital without a cell of its own is typed between two uses of the cell "Caps".

@@ -13,7 +13,7 @@
 #include "tests/unit/maps/map_faults.h"
 #include "tests/unit/program_fixture.h"
 #include "tests/unit/source_tree.h"
-#include "tools/map_cost/typing_cells.h"
+#include "tools/effort/typing_cells.h"
 #include "tools/simulator/host_files.h"
 #include "vocabulary/key_code.h"
 
@@ -21,8 +21,8 @@ namespace taviro {
 
 namespace {
 
-using map_cost::CellPlace;
-using map_cost::TypingCells;
+using effort::CellPlace;
+using effort::TypingCells;
 
 // The map of every day, the two that may take its place, and those of applications by the names of
 // their executables as the system's list of processes gives them.
@@ -180,7 +180,7 @@ TEST_P(CommonMaps, DeadKeys_MakeCapitalsWithMarks) {
     const MapGrid Grid = GridOf(GetParam());
     const TypingCells Cells(Grid);
     const auto CellOf = [&](std::wstring_view strCaption) {
-        for (const CellPlace Place : map_cost::Routes(Grid, {}).Cells()) {
+        for (const CellPlace Place : effort::Routes(Grid, {}).Cells()) {
             if (Grid.Cell(Place.nColumn, Place.nRow)->Caption == strCaption) return Place;
         }
         return CellPlace{};

@@ -8,12 +8,12 @@
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"
 #include "tests/unit/source_tree.h"
-#include "tools/map_cost/arrangement.h"
-#include "tools/map_cost/letter_counts.h"
-#include "tools/map_cost/typing_run.h"
+#include "tools/effort/arrangement.h"
+#include "tools/effort/letter_counts.h"
+#include "tools/effort/typing_run.h"
 #include "tools/simulator/host_files.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
@@ -122,4 +122,4 @@ TEST_F(MapCost, DeliveredMap_SparesAFifthOfTheAlphabetsTilts) {
     EXPECT_LT(ExpectedTilts(Delivered("data.ini"), CzechCounts()), 0.8 * dAlphabet);
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

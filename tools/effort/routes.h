@@ -8,7 +8,7 @@
 
 #include "maps/map_grid.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 struct CellPlace {
     int32_t nColumn = 0;  ///< 0: no cell
@@ -49,4 +49,4 @@ class Routes {
     Wraps m_Edges;
 };
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

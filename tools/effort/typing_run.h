@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "tools/map_cost/routes.h"
+#include "tools/effort/routes.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 struct TypingWay {
     Wraps Edges;
@@ -30,4 +30,4 @@ struct TypingCost {
 [[nodiscard]] TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
                                   const TypingWay& Way);
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

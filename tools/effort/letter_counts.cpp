@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/map_cost/letter_counts.h"
+#include "tools/effort/letter_counts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 
 #include "platform/text.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
@@ -55,4 +55,4 @@ LetterCounts CountLetters(std::string_view strTable) {
     return Counts;
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

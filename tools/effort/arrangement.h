@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "maps/map_grid.h"
-#include "tools/map_cost/letter_counts.h"
+#include "tools/effort/letter_counts.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 enum class Order : uint8_t {
     Frequency,  ///< the most frequent first, row by row: shortest for scanning from the first cell
@@ -24,4 +24,4 @@ void Arrange(MapGrid& Grid, int32_t nRows, Order Wanted, const LetterCounts& Cou
 /// Tilts a character with the stick, from the counts of two characters in a row.
 [[nodiscard]] double ExpectedTilts(const MapGrid& Grid, const LetterCounts& Counts);
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tools/map_cost/routes.h"
+#include "tools/effort/routes.h"
 
 #include <algorithm>
 #include <deque>
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
@@ -92,4 +92,4 @@ std::vector<Step> Routes::Way(CellPlace From, CellPlace To) const {
     return Tilts;
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

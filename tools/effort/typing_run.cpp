@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "tools/map_cost/typing_run.h"
+#include "tools/effort/typing_run.h"
 
-#include "core/program_reset.h"
-#include "core/startup.h"
-#include "forms/main_form.h"
 #include "platform/headless/desktop.h"
 #include "platform/headless/user.h"
-#include "platform/main_window.h"
-#include "platform/text.h"
-#include "platform/unneeded.h"
 #include "state/cursor_state.h"
-#include "tools/map_cost/typing_cells.h"
+#include "tools/effort/measured_run.h"
+#include "tools/effort/typing_cells.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
@@ -22,9 +17,6 @@ using platform::headless::PushButton;
 constexpr int ACTION_BUTTON = 0;
 constexpr int MODE_BUTTON = 1;
 constexpr int LONGEST_SCAN = 8000;  // looks: a scan that takes longer goes astray
-
-const std::wstring USER_DATA =
-    L"C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro\\";
 
 std::string SettingsFor(const TypingWay& Way) {
     const auto Line = [](const char* szName, bool bOn) {
@@ -86,13 +78,8 @@ void User::Choose(CellPlace Wanted) {
 
 TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
                     const TypingWay& Way) {
-    Desktop = platform::headless::DesktopState{};
-    Desktop.bRecording = false;
-    ResetProgram();
-    Desktop.Files.Put(USER_DATA + L"data.ini", strMapFile);
-    Desktop.Files.Put(USER_DATA + L"setting.ini", SettingsFor(Way));
-    Unneeded(platform::OpenMainWindow(*forms::FrmMain));  // the virtual desktop never refuses
-    Main();
+    PrepareDesktop(strMapFile, SettingsFor(Way));
+    OpenProgram();
     // Pressing all keys to find the cells must not disturb the program's own keyboard hook.
     const auto pHook = Desktop.Keyboard.pHook;
     const auto hHook = Desktop.Keyboard.hHook;
@@ -112,13 +99,9 @@ TypingCost TypeText(std::string_view strMapFile, const std::wstring& strText,
     }
     Typist.Spent.nMilliseconds = Desktop.nNow - nStart;
     Typist.Spent.nCharacters = strWanted.size();
-    if (Typist.Spent.strError.empty() && Desktop.Keyboard.strTyped != strWanted) {
-        Typist.Spent.strError =
-            "another text arrived: " + platform::ToUtf8(Desktop.Keyboard.strTyped);
-    }
-    forms::FrmMain->Unload();
-    platform::CloseMainWindow();
+    if (Typist.Spent.strError.empty()) Typist.Spent.strError = ArrivalError(strWanted);
+    CloseProgram();
     return Typist.Spent;
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

@@ -1,24 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "tools/map_cost/typing_cells.h"
+#include "tools/effort/typing_cells.h"
 
 #include "actions/key_synthesis.h"
 #include "platform/headless/desktop.h"
 #include "platform/text.h"
+#include "tools/effort/measured_run.h"
 #include "vocabulary/action_code.h"
 #include "vocabulary/key_code.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
 using platform::headless::Desktop;
-
-struct PlainSign {
-    wchar_t nSign;
-    const wchar_t* szPlain;
-};
-constexpr PlainSign PLAIN_SIGNS[] = {{L'–', L"-"},  {L'—', L"-"},  {L'„', L"\""},
-                                     {L'“', L"\""}, {L'”', L"\""}, {L'…', L"..."}};
 
 }  // namespace
 
@@ -45,16 +39,10 @@ std::vector<CellPlace> TypingCells::For(wchar_t nCharacter) const {
 
 std::wstring TypingCells::Typeable(const std::wstring& strText) const {
     std::wstring strTypeable;
-    for (const wchar_t nCharacter : strText) {
-        std::wstring strPlain(1, nCharacter);
-        for (const PlainSign& Sign : PLAIN_SIGNS) {
-            if (Sign.nSign == nCharacter) strPlain = Sign.szPlain;
-        }
-        for (const wchar_t n : strPlain) {
-            if (!For(n).empty()) strTypeable += n;
-        }
+    for (const wchar_t nCharacter : WithPlainSigns(strText)) {
+        if (!For(nCharacter).empty()) strTypeable += nCharacter;
     }
     return strTypeable;
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "maps/map_grid.h"
-#include "tools/map_cost/routes.h"
+#include "tools/effort/routes.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 class TypingCells {
   public:
@@ -27,4 +27,4 @@ class TypingCells {
     CellPlace m_CapsLock;
 };
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

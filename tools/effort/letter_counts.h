@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 struct LetterCounts {
     std::map<wchar_t, double> Single;                      ///< share of each character
@@ -18,4 +18,4 @@ struct LetterCounts {
 /// strTable: UTF-8 lines "word TAB log10 of its share"; lines that begin with "#" are notes.
 [[nodiscard]] LetterCounts CountLetters(std::string_view strTable);
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort

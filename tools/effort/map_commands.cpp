@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// taviro_map_cost: what typing Czech texts on maps costs, and arrangements of a map's letters that
-// cost less.
+// What typing Czech texts on maps costs, and arrangements of a map's letters that cost less.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -11,25 +10,13 @@
 
 #include "maps/map_file.h"
 #include "platform/text.h"
-#include "tools/map_cost/arrangement.h"
-#include "tools/map_cost/typing_run.h"
+#include "tools/effort/arrangement.h"
+#include "tools/effort/commands.h"
+#include "tools/effort/typing_run.h"
+
+namespace taviro::effort {
 
 namespace {
-
-using namespace taviro;
-using namespace taviro::map_cost;
-
-constexpr const char* USAGE =
-    "usage: taviro_map_cost MAP... --texts TEXT...\n"
-    "       taviro_map_cost --arrange frequency|near|annealed|readable ROWS WORDS MAP SEED\n";
-
-bool ReadFile(const char* szPath, std::string& strBytes) {
-    std::ifstream File(szPath, std::ios::binary);
-    strBytes.assign(std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>());
-    if (File.good() && !strBytes.empty()) return true;
-    (void)std::fprintf(stderr, "%s: cannot be read, or is empty\n", szPath);
-    return false;
-}
 
 struct NamedWay {
     const char* szName;
@@ -70,32 +57,6 @@ bool PrintCost(const char* szMap, const std::vector<std::wstring>& Texts) {
     return true;
 }
 
-int PrintCosts(int nCount, char** Arguments) {
-    std::vector<const char*> Maps;
-    std::vector<std::wstring> Texts;
-    bool bTexts = false;
-    for (int n = 1; n < nCount; ++n) {
-        std::string strBytes;
-        if (std::strcmp(Arguments[n], "--texts") == 0) {
-            bTexts = true;
-        } else if (!bTexts) {
-            Maps.push_back(Arguments[n]);
-        } else if (ReadFile(Arguments[n], strBytes)) {
-            Texts.push_back(platform::FromUtf8(strBytes));
-        } else {
-            return 1;
-        }
-    }
-    if (Maps.empty() || Texts.empty()) {
-        (void)std::fputs(USAGE, stderr);
-        return 2;
-    }
-    bool bGood = true;
-    for (const char* szMap : Maps)
-        bGood = PrintCost(szMap, Texts) && bGood;
-    return bGood ? 0 : 1;
-}
-
 bool OrderOf(const char* szName, Order& Wanted) {
     constexpr struct {
         const char* szName;
@@ -112,33 +73,57 @@ bool OrderOf(const char* szName, Order& Wanted) {
     return false;
 }
 
-// ORDER ROWS WORDS MAP SEED: the new map on the standard output, what it costs on the other.
-int PrintArranged(char** Arguments) {
+}  // namespace
+
+int MeasureMaps(CommandWords Given) {
+    std::vector<const char*> Maps;
+    std::vector<std::wstring> Texts;
+    bool bTexts = false;
+    for (const char* szWord : Given) {
+        std::string strBytes;
+        if (std::strcmp(szWord, "--texts") == 0) {
+            bTexts = true;
+        } else if (!bTexts) {
+            Maps.push_back(szWord);
+        } else if (ReadFile(szWord, strBytes)) {
+            Texts.push_back(platform::FromUtf8(strBytes));
+        } else {
+            return EXIT_FAILURE;
+        }
+    }
+    if (Maps.empty() || Texts.empty()) return WRONG_WORDS;
+    bool bGood = true;
+    for (const char* szMap : Maps)
+        bGood = PrintCost(szMap, Texts) && bGood;
+    return bGood ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+// The new map goes to the standard output, what it costs to the other.
+int ArrangeMap(CommandWords Given) {
     Order Wanted{};
     std::string strWords;
     std::string strMap;
-    if (!OrderOf(Arguments[0], Wanted)) {
-        (void)std::fputs(USAGE, stderr);
-        return 2;
-    }
-    if (!ReadFile(Arguments[2], strWords) || !ReadFile(Arguments[3], strMap)) return 1;
+    if (Given.size() != 5 || !OrderOf(Given[0], Wanted)) return WRONG_WORDS;
+    if (!ReadFile(Given[2], strWords) || !ReadFile(Given[3], strMap)) return EXIT_FAILURE;
     MapGrid Grid;
     (void)ReadMapText(strMap, Grid);
     const LetterCounts Counts = CountLetters(strWords);
     const double dBefore = ExpectedTilts(Grid, Counts);
-    Arrange(Grid, std::atoi(Arguments[1]), Wanted, Counts,
-            static_cast<uint32_t>(std::strtoul(Arguments[4], nullptr, 10)));
+    Arrange(Grid, std::atoi(Given[1]), Wanted, Counts,
+            static_cast<uint32_t>(std::strtoul(Given[4], nullptr, 10)));
     (void)std::fprintf(stderr, "expected tilts a character: %.4f before, %.4f now\n", dBefore,
                        ExpectedTilts(Grid, Counts));
     const std::string strNew = WriteMapText(Grid);
     (void)std::fwrite(strNew.data(), 1, strNew.size(), stdout);
-    return 0;
+    return EXIT_SUCCESS;
 }
 
-}  // namespace
-
-int main(int nCount, char** Arguments) {
-    if (nCount == 7 && std::strcmp(Arguments[1], "--arrange") == 0)
-        return PrintArranged(Arguments + 2);
-    return PrintCosts(nCount, Arguments);
+bool ReadFile(const char* szPath, std::string& strBytes) {
+    std::ifstream File(szPath, std::ios::binary);
+    strBytes.assign(std::istreambuf_iterator<char>(File), std::istreambuf_iterator<char>());
+    if (File.good() && !strBytes.empty()) return true;
+    (void)std::fprintf(stderr, "%s: cannot be read, or is empty\n", szPath);
+    return false;
 }
+
+}  // namespace taviro::effort

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/map_cost/arrangement.h"
+#include "tools/effort/arrangement.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/map_cost/routes.h"
+#include "tools/effort/routes.h"
 
-namespace taviro::map_cost {
+namespace taviro::effort {
 
 namespace {
 
@@ -218,4 +218,4 @@ double ExpectedTilts(const MapGrid& Grid, const LetterCounts& Counts) {
     return TiltsOf(All, At);
 }
 
-}  // namespace taviro::map_cost
+}  // namespace taviro::effort
