@@ -7,9 +7,16 @@ target_compile_options(taviro_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Wcast-qual -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wmissing-declarations
     -Wswitch-enum -Wundef)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(taviro_flags INTERFACE -Wreserved-identifier)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 sees overlapping copies in "literal" + std::to_string(n) where there are none.
     target_compile_options(taviro_flags INTERFACE -Wno-restrict)
+endif()
+if(TAVIRO_TOGETHER AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Of files compiled as one GCC takes all for headers, whose classes must not rest on nameless ones.
+    target_compile_options(taviro_flags INTERFACE -Wno-subobject-linkage)
 endif()
 if(TAVIRO_SANITIZE)
     set(CMAKE_CXX_FLAGS_DEBUG "-g1") # lines for the stack traces, which are all that is read of it

@@ -71,8 +71,8 @@ void VoiceForm::Form_Load() {
         {Frame_Rate, lbl_Rate},
         {Frame_Pitch, lbl_Pitch},
     };
-    for (const auto& [Frame, Label] : FRAMES)
-        Frame.Caption = Label.Caption.Get();
+    for (const auto& [Group, Label] : FRAMES)
+        Group.Caption = Label.Caption.Get();
     CreateVoice();
     FillVoiceList();
     PlaceBars();

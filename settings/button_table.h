@@ -22,8 +22,8 @@ enum class ButtonKind : int32_t {
 
 struct ButtonAction {
     ButtonKind Kind{};
-    std::wstring Command;  ///< for kind Command, with real double quotes
-    int32_t Code{};        ///< for kind Code: an action code
+    std::wstring Command{};  ///< for kind Command, with real double quotes
+    int32_t Code{};          ///< for kind Code: an action code
 
     bool operator==(const ButtonAction&) const = default;
 };

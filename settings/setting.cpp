@@ -11,8 +11,6 @@
 
 namespace taviro {
 
-namespace {
-
 enum class ReadAs {
     Int,           ///< the number at the start of the text; 0 without one
     TextToNumber,  ///< the whole text; the property stays as it is when that is no number
@@ -24,6 +22,8 @@ enum class SaveAs {
     AsIs,
     Absolute,  ///< dialogs may hold -1 for "on", which is 1 in the file
 };
+
+namespace {
 
 using enum ReadAs;
 using enum SaveAs;

@@ -150,7 +150,7 @@ void PushTimer(const forms::Control& Changed) {
     }
 }
 
-void OnShowChange(forms::Control& Changed, Aspect nAspect) {
+void OnMainFormChange(forms::Control& Changed, Aspect nAspect) {
     if (!View || View->hWindow == nullptr) return;
     switch (Changed.Kind()) {
         case forms::ControlKind::Form:
@@ -370,7 +370,7 @@ bool OpenMainWindow(forms::MainForm& Form) {
         CloseMainWindow();
         return false;
     }
-    Form.OnShowChange = OnShowChange;
+    Form.OnShowChange = OnMainFormChange;
     if (Form.Width > 0 || Form.Height > 0) PushSize();
     for (win32::TimerView& Timer : View->Timers)
         Timer.Push(View->hWindow);

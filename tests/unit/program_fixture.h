@@ -30,6 +30,8 @@ using platform::headless::TiltRight;
 using platform::headless::TiltStick;
 using platform::headless::TiltUp;
 
+using Effects = std::vector<std::string>;  ///< what the program did, in words
+
 inline const std::wstring DATA_PATH =
     L"C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro";
 

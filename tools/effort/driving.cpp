@@ -23,11 +23,9 @@ using forms::FrmMain;
 using platform::headless::Desktop;
 
 constexpr uint32_t TICK_MS = forms::POLL_INTERVAL_MS;
-constexpr int ACTION_BUTTON = 0;
-constexpr int MODE_BUTTON = 1;
 constexpr uint32_t SCAN_STEP_MS = 1000;
-constexpr int LONGEST_WAY = 60;     // tilts in one direction: a longer way goes astray
-constexpr int LONGEST_SCAN = 4000;  // ticks: a scan that takes longer goes astray
+constexpr int LONGEST_WAY = 60;           // tilts in one direction: a longer way goes astray
+constexpr int LONGEST_SCAN_TICKS = 4000;  // ticks: a scan that takes longer goes astray
 
 // Scanning begins at the map's first cell after every choice.
 constexpr std::string_view SCAN_SETTINGS =
@@ -103,7 +101,7 @@ void Driver::MoveTo(CellPlace Place) {
 
 void Driver::ScanTo(CellPlace Place) {
     Press(ACTION_BUTTON);
-    for (int n = 0; n < LONGEST_SCAN; ++n) {
+    for (int n = 0; n < LONGEST_SCAN_TICKS; ++n) {
         if (Cursor.nColumn == Place.nColumn && Cursor.nRow == Place.nRow) return;
         platform::headless::Ticks();
     }

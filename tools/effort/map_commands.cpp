@@ -18,11 +18,11 @@ namespace taviro::effort {
 
 namespace {
 
-struct NamedWay {
+struct NamedMapWay {
     const char* szName;
     TypingWay Way;
 };
-constexpr NamedWay WAYS[] = {
+constexpr NamedMapWay MAP_WAYS[] = {
     {"stick, as delivered", {}},
     {"stick, columns wrap too", {.Edges = {.bRow = true, .bColumn = true}}},
     {"stick, nothing wraps", {.Edges = {.bRow = false, .bColumn = false}}},
@@ -34,7 +34,7 @@ bool PrintCost(const char* szMap, const std::vector<std::wstring>& Texts) {
     std::string strMap;
     if (!ReadFile(szMap, strMap)) return false;
     std::printf("%s\n", szMap);
-    for (const NamedWay& Named : WAYS) {
+    for (const NamedMapWay& Named : MAP_WAYS) {
         TypingCost All;
         for (const std::wstring& strText : Texts) {
             const TypingCost One = TypeText(strMap, strText, Named.Way);

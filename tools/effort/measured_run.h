@@ -8,6 +8,9 @@
 
 namespace taviro::effort {
 
+inline constexpr int ACTION_BUTTON = 0;
+inline constexpr int MODE_BUTTON = 1;
+
 /// A fresh desktop whose user has this map and, unless it is empty, this file of settings.
 void PrepareDesktop(std::string_view strMapFile, std::string_view strSettings);
 

@@ -14,9 +14,7 @@ namespace {
 using platform::headless::Desktop;
 using platform::headless::PushButton;
 
-constexpr int ACTION_BUTTON = 0;
-constexpr int MODE_BUTTON = 1;
-constexpr int LONGEST_SCAN = 8000;  // looks: a scan that takes longer goes astray
+constexpr int LONGEST_SCAN_LOOKS = 8000;  // looks: a scan that takes longer goes astray
 
 std::string SettingsFor(const TypingWay& Way) {
     const auto Line = [](const char* szName, bool bOn) {
@@ -55,7 +53,7 @@ void User::WaitForScan(CellPlace Wanted) {
     PushButton(ACTION_BUTTON);
     ++Spent.nPresses;
     CellPlace Seen = Highlighted();
-    for (int n = 0; n < LONGEST_SCAN && !(Highlighted() == Wanted); ++n) {
+    for (int n = 0; n < LONGEST_SCAN_LOOKS && !(Highlighted() == Wanted); ++n) {
         platform::headless::Ticks();
         if (!(Highlighted() == Seen)) ++Spent.nMoves;
         Seen = Highlighted();

@@ -44,11 +44,11 @@ Request RequestOf(CommandWords Given) {
     return Asked;
 }
 
-struct NamedWay {
+struct NamedKeyWay {
     const char* szName;
     KeyCountWay Way;
 };
-constexpr NamedWay WAYS[] = {
+constexpr NamedKeyWay KEY_WAYS[] = {
     {"list after each letter", {.bRepeats = true}},
     {"no word offered twice", {}},
     {"the same, learning what is inferred", {.bLearns = true}},
@@ -58,7 +58,7 @@ constexpr NamedWay WAYS[] = {
 
 void PrintKeys(std::string_view Dictionary, const std::wstring& strText) {
     std::printf("  %-40s %14s %20s\n", "keys spared, %", "blank erased", "blank goes by itself");
-    for (const NamedWay& Named : WAYS) {
+    for (const NamedKeyWay& Named : KEY_WAYS) {
         double dSavings[2] = {};
         for (int n = 0; n < 2; ++n) {
             predictor::Predictor Asked;

@@ -48,7 +48,7 @@ std::string Joined(std::initializer_list<std::string_view> Parts) {
     return strWhole;
 }
 
-std::string Quoted(const std::wstring& strText) {
+std::string Spoken(const std::wstring& strText) {
     return Joined({"\"", ToUtf8(strText), "\""});
 }
 
@@ -73,14 +73,14 @@ std::string FlagWords(int32_t nFlags) {
 
 void NotePut(const std::wstring& strProperty, const AutomationValue& Value) {
     const std::string strTold = std::holds_alternative<std::wstring>(Value)
-                                    ? Quoted(TextOf(Value))
+                                    ? Spoken(TextOf(Value))
                                     : std::to_string(NumberOf(Value));
     Desktop.Record(Joined({"speech ", ToUtf8(platform::ToLower(strProperty)), " ", strTold}));
 }
 
 void NoteSpoken(const AutomationArgument& Text, const AutomationArgument& Flags) {
     Desktop.Record(
-        Joined({"say ", Quoted(TextOf(Text.Value)), " ", FlagWords(NumberOf(Flags.Value))}));
+        Joined({"say ", Spoken(TextOf(Text.Value)), " ", FlagWords(NumberOf(Flags.Value))}));
 }
 
 /// A new engine with the voices that there are, and what no other was told.
@@ -98,9 +98,9 @@ AutomationObject MakeEngine(const std::shared_ptr<StandInData>& pData) {
 bool UseReader(MemberUse /*nUse*/, const std::wstring& strName, Arguments Given,
                AutomationValue& /*Result*/) {
     if (strName == L"Sayit") {
-        Desktop.Record(Joined({"reader says ", Quoted(TextOf(Given, 0))}));
+        Desktop.Record(Joined({"reader says ", Spoken(TextOf(Given, 0))}));
     } else if (strName == L"WaitAndSayIt") {
-        Desktop.Record(Joined({"reader says ", Quoted(TextOf(Given, 0)), " to its end"}));
+        Desktop.Record(Joined({"reader says ", Spoken(TextOf(Given, 0)), " to its end"}));
     } else if (strName.starts_with(L"Set")) {
         const std::string strWhat = ToUtf8(platform::ToLower(strName.substr(3)));
         Desktop.Record(Joined({"reader ", strWhat, " ", std::to_string(NumberOf(Given, 0))}));
@@ -115,7 +115,7 @@ bool UseRelay(MemberUse /*nUse*/, const std::wstring& strName, Arguments Given,
     if (strName != L"Voice") return false;
     const bool bNull =
         !Given.empty() && std::holds_alternative<platform::NullString>(Given.front().Value);
-    const std::string strText = bNull ? "null" : Quoted(TextOf(Given, 0));
+    const std::string strText = bNull ? "null" : Spoken(TextOf(Given, 0));
     Desktop.Record(Joined({"relay voice (", strText, ", ", std::to_string(NumberOf(Given, 1)), ", ",
                            std::to_string(NumberOf(Given, 2)), ")"}));
     return true;

@@ -11,8 +11,6 @@
 
 namespace taviro {
 
-using Effects = std::vector<std::string>;
-
 class ActionTest : public ProgramTest {
   protected:
     ActionTest() {

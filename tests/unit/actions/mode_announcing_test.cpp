@@ -19,8 +19,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 const std::wstring SOUNDS = L"C:\\Program Files\\Taviro\\sound\\";
 
 // The cursor stands on cell "A" of the common map, the status line reads "Stav".

@@ -18,8 +18,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 constexpr int NONE = 0, SELECT = 1, SCAN = 2, ARROW = 4, APPLICATION = 8;
 
 int ModeFlags() {

@@ -9,7 +9,6 @@
 
 namespace taviro {
 
-using Effects = std::vector<std::string>;
 using platform::headless::VirtualWindow;
 
 inline constexpr int32_t EDITOR = 50;

@@ -20,8 +20,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 constexpr const wchar_t* SPEECH_ENGINE = L"SAPI.SpVoice";
 
 // A server that answers so many calls and then hangs up for good.

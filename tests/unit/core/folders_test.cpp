@@ -11,8 +11,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 constexpr int32_t APPLICATION_DATA = 26;
 const std::wstring ROAMING = L"C:\\Users\\Jana\\AppData\\Roaming";
 const std::wstring SEEDS = L"C:\\Program Files\\Taviro\\data";

@@ -20,7 +20,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
 using forms::FrmMain;
 
 class MainMenuTest : public ProgramTest {

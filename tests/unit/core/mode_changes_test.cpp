@@ -17,19 +17,14 @@
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
+#include "tests/unit/core/two_programs.h"
 #include "tests/unit/program_fixture.h"
 #include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
 using Lines = std::vector<std::wstring>;
-
-constexpr int ACTION_BUTTON = 0;
-constexpr int MODE_BUTTON = 1;
-constexpr platform::WindowHandle EDITOR_WINDOW = 50;
-constexpr platform::WindowHandle OTHER_WINDOW = 51;
 
 // A desktop with two programs, of which the editor may have a map of its own:
 //   common map  A B C    the editor's  X Y
@@ -42,10 +37,7 @@ class ModeScene : public ProgramTest {
         PutData(L"data.ini",
                 L"[1,1]A,65\r\n[2,1]B,66\r\n[3,1]C,67\r\n[1,2]D,68\r\n[2,2]E,69\r\n[3,2]F,70\r\n"
                 L"[1,3]G,71\r\n[2,3]H,72\r\n[3,3]I,73\r\n");
-        Desktop.Windows = {{EDITOR_WINDOW, L"Text", L"Editor", 500, 600},
-                           {OTHER_WINDOW, L"Jiné", L"Other", 501, 601}};
-        Desktop.Processes = {{500, L"C:\\Apps\\Editor.exe"}, {501, L"C:\\Apps\\other.exe"}};
-        Desktop.hForeground = EDITOR_WINDOW;
+        OpenTwoPrograms(EDITOR_WINDOW);
     }
     ~ModeScene() override { Speech = {}; }
 

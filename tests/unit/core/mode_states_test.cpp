@@ -16,6 +16,7 @@
 #include "maps/shown_map.h"
 #include "settings/button_table.h"
 #include "state/mode_state.h"
+#include "tests/unit/core/two_programs.h"
 #include "tests/unit/program_fixture.h"
 
 namespace taviro {
@@ -139,9 +140,6 @@ Situation Promised(Situation Here, Event nEvent, bool bScanningIsOn) {
     return Here;
 }
 
-constexpr platform::WindowHandle EDITOR_WINDOW = 50;
-constexpr platform::WindowHandle OTHER_WINDOW = 51;
-constexpr int MODE_BUTTON = 1;
 // Buttons whose commands the events carry out, whatever drives the ticks.
 constexpr int32_t SELECTION_COMMAND = 3, ARROW_COMMAND = 4, APPLICATION_COMMAND = 5,
                   LIST_COMMAND = 6;
@@ -153,10 +151,7 @@ class ModeStates : public ProgramTest, public ::testing::WithParamInterface<int3
         StartAnew();
         PutData(L"data.ini", L"[1,1]a,65\r\n[2,1]b,66\r\n");
         PutData(L"data_EDITOR.EXE.ini", L"[1,1]x,88\r\n[2,1]y,89\r\n");
-        Desktop.Windows = {{EDITOR_WINDOW, L"Text", L"Editor", 500, 600},
-                           {OTHER_WINDOW, L"Jiné", L"Other", 501, 601}};
-        Desktop.Processes = {{500, L"C:\\Apps\\editor.exe"}, {501, L"C:\\Apps\\other.exe"}};
-        Desktop.hForeground = OTHER_WINDOW;
+        OpenTwoPrograms(OTHER_WINDOW);
         Start();
         objSetting.ScanMode(GetParam());
         PutCommand(SELECTION_COMMAND, L"<");

@@ -15,7 +15,6 @@
 
 namespace taviro {
 
-using Effects = std::vector<std::string>;
 inline const std::wstring SEEDS = L"C:\\Program Files\\Taviro\\data\\";
 inline const std::string SETTING_INI = platform::ToUtf8(DATA_PATH) + "\\setting.ini";
 

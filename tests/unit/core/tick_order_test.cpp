@@ -19,19 +19,14 @@
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
+#include "tests/unit/core/two_programs.h"
 #include "tests/unit/program_fixture.h"
 #include "vocabulary/key_code.h"
 
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
-constexpr int ACTION_BUTTON = 0;
-constexpr int MODE_BUTTON = 1;
 constexpr int KEY_BUTTON = 4;
-constexpr platform::WindowHandle EDITOR_WINDOW = 50;
-constexpr platform::WindowHandle OTHER_WINDOW = 51;
 
 // Two programs, of which the editor has a map of its own:
 //   common map  A B C    the editor's  X Y
@@ -44,10 +39,7 @@ class TickOrder : public ProgramTest {
                 L"[1,1]A,65\r\n[2,1]B,66\r\n[3,1]C,67\r\n[1,2]D,68\r\n[2,2]E,69\r\n"
                 L"[3,2]F,70\r\n");
         PutData(L"data_EDITOR.EXE.ini", L"[1,1]X,88\r\n[2,1]Y,89\r\n[1,2]Z,90\r\n[2,2]W,87\r\n");
-        Desktop.Windows = {{EDITOR_WINDOW, L"Text", L"Editor", 500, 600},
-                           {OTHER_WINDOW, L"Jiné", L"Other", 501, 601}};
-        Desktop.Processes = {{500, L"C:\\Apps\\Editor.exe"}, {501, L"C:\\Apps\\other.exe"}};
-        Desktop.hForeground = EDITOR_WINDOW;
+        OpenTwoPrograms(EDITOR_WINDOW);
         Start();
         ButtonTable[KEY_BUTTON] = {.Kind = ButtonKind::Code, .Command = L"", .Code = 90};
     }

@@ -16,8 +16,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 class AppSettingFormTest : public ProgramTest {
   protected:
     AppSettingFormTest() {

@@ -14,8 +14,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 const std::string MESSAGE =
     "information \"Přesuňte se na předchozí textové pole a stiskněte požadované tlačítko na "
     "pákovém ovladači.\" titled \"Taviro\"";

@@ -97,11 +97,11 @@ TEST_F(ButtonConfigTest, Key_IsStoredWithItsModifiers_AndShownAgain) {
 }
 
 TEST_F(ButtonConfigTest, EachModifier_HasItsDigit) {
-    const std::pair<forms::CheckBox*, int32_t> BOXES[] = {{&frmButtonConfig->chkSHIFT, 10065},
+    const std::pair<forms::CheckBox*, int32_t> Boxes[] = {{&frmButtonConfig->chkSHIFT, 10065},
                                                           {&frmButtonConfig->chkCTRL, 20065},
                                                           {&frmButtonConfig->chkALT, 40065},
                                                           {&frmButtonConfig->chkWin, 90065}};
-    for (const auto& [pBox, nCode] : BOXES) {
+    for (const auto& [pBox, nCode] : Boxes) {
         OpenRow(ButtonKind::Code, L"", 65);
         pBox->Click();
         Ok();

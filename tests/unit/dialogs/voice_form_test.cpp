@@ -18,8 +18,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 class VoiceFormTest : public ProgramTest {
   protected:
     VoiceFormTest() {

@@ -14,8 +14,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 const std::wstring SOUNDS = L"C:\\Program Files\\Taviro\\sound\\";
 const std::string SOUNDS_UTF8 = "C:\\Program Files\\Taviro\\sound\\";
 

@@ -14,8 +14,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 const std::wstring LOG_FILE = DATA_PATH + L"\\log.txt";
 
 // The virtual clock starts at 1:59:52.

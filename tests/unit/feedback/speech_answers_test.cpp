@@ -13,7 +13,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
 using Answers = std::map<std::wstring, AutomationValue>;
 
 // An object that answers each member as told and refuses the others. What is put is noted.

@@ -14,8 +14,6 @@
 namespace taviro {
 namespace {
 
-using Effects = std::vector<std::string>;
-
 constexpr platform::WindowHandle HOST_WINDOW = 77;
 
 void OpenHostWindow(const std::wstring& strTitle, const std::wstring& strClass) {

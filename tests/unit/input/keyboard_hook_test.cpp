@@ -19,8 +19,6 @@ constexpr uint8_t VK_ENTER = 13;
 constexpr uint8_t VK_RIGHT = 39;
 constexpr uint8_t VK_A = 'A';
 
-using Effects = std::vector<std::string>;
-
 // What the hook called back, in order: "Enter", "Arrow 39".
 class KeyboardHookTest : public ProgramTest {
   protected:

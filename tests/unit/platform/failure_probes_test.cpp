@@ -34,17 +34,17 @@ namespace {
 using headless::Desktop;
 
 constexpr WindowHandle OTHER_WINDOW = 10;
-const std::wstring FILE_PATH = L"C:\\d\\file";
+const std::wstring PROBED_FILE = L"C:\\d\\file";
 
 intptr_t PassOn(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record) {
     return CallNextHook(1, nCode, wParam, Record);
 }
 
 // A desktop on which every call has something to do.
-void SetScene() {
+void SetBusyScene() {
     Desktop = headless::DesktopState{};
     Reports = {};
-    Desktop.Files.Put(FILE_PATH, "old");
+    Desktop.Files.Put(PROBED_FILE, "old");
     Desktop.Files.Put(L"C:\\s\\seed", "seed");
     Desktop.Files.Put(L"C:\\d\\a.wav", "sound");
     Desktop.Windows = {{OTHER_WINDOW, L"Title", L"Class", 100, 200, {}, 0, 3},
@@ -143,7 +143,7 @@ struct Probe {
 };
 
 const Probe PROBES[] = {
-    {"FileExists", [] { return FileExists(FILE_PATH); }},
+    {"FileExists", [] { return FileExists(PROBED_FILE); }},
     {"FolderExists", [] { return FolderExists(L"C:\\d"); }},
     {"CreateFolder", [] { return CreateFolder(L"C:\\d\\new"); }},
     {"CopyFolderFiles",
@@ -151,31 +151,32 @@ const Probe PROBES[] = {
     {"ReadFileBytes",
      [] {
          std::string strBytes;
-         return ReadFileBytes(FILE_PATH, strBytes) && strBytes == "old";
+         return ReadFileBytes(PROBED_FILE, strBytes) && strBytes == "old";
      }},
     {"ReplaceFileBytes",
-     [] { return ReplaceFileBytes(FILE_PATH, "new") && Reads(FILE_PATH, "new"); },
+     [] { return ReplaceFileBytes(PROBED_FILE, "new") && Reads(PROBED_FILE, "new"); },
      {"CreateNewFile", "WriteToFile", "FlushFile", "RenameFile"}},
     {"CreateNewFile",
-     [] { return ReplaceFileBytes(FILE_PATH, "new") || !Reads(FILE_PATH, "old"); },
+     [] { return ReplaceFileBytes(PROBED_FILE, "new") || !Reads(PROBED_FILE, "old"); },
      {"ReplaceFileBytes", "WriteToFile", "FlushFile", "RenameFile"}},
     {"WriteToFile",
-     [] { return ReplaceFileBytes(FILE_PATH, "new") || !NothingIsLeftBeside(); },
+     [] { return ReplaceFileBytes(PROBED_FILE, "new") || !NothingIsLeftBeside(); },
      {"ReplaceFileBytes", "CreateNewFile", "FlushFile", "RenameFile"}},
     {"FlushFile",
-     [] { return ReplaceFileBytes(FILE_PATH, "new") || !NothingIsLeftBeside(); },
+     [] { return ReplaceFileBytes(PROBED_FILE, "new") || !NothingIsLeftBeside(); },
      {"ReplaceFileBytes", "CreateNewFile", "WriteToFile", "RenameFile"}},
     {"RenameFile",
-     [] { return ReplaceFileBytes(FILE_PATH, "new") || !NothingIsLeftBeside(); },
+     [] { return ReplaceFileBytes(PROBED_FILE, "new") || !NothingIsLeftBeside(); },
      {"ReplaceFileBytes", "CreateNewFile", "WriteToFile", "FlushFile"}},
     {"RemoveFile",
      [] {
-         Desktop.Files.Lock(FILE_PATH);
-         return !ReplaceFileBytes(FILE_PATH, "new") && NothingIsLeftBeside();
+         Desktop.Files.Lock(PROBED_FILE);
+         return !ReplaceFileBytes(PROBED_FILE, "new") && NothingIsLeftBeside();
      }},
-    {"AppendFileBytes", [] { return AppendFileBytes(FILE_PATH, "+") && Reads(FILE_PATH, "old+"); }},
+    {"AppendFileBytes",
+     [] { return AppendFileBytes(PROBED_FILE, "+") && Reads(PROBED_FILE, "old+"); }},
     {"MoveFileTo",
-     [] { return MoveFileTo(FILE_PATH, L"C:\\d\\to") && Reads(L"C:\\d\\to", "old"); }},
+     [] { return MoveFileTo(PROBED_FILE, L"C:\\d\\to") && Reads(L"C:\\d\\to", "old"); }},
     {"ListFiles", [] { return ListFiles(L"C:\\d\\f*").size() == 1; }},
     {"GetPointer",
      [] {
@@ -321,7 +322,7 @@ const Probe PROBES[] = {
 
 class FailureProbeTest : public ::testing::Test {
   protected:
-    FailureProbeTest() { SetScene(); }
+    FailureProbeTest() { SetBusyScene(); }
     ~FailureProbeTest() override {
         DetachDialogs();
         Desktop = headless::DesktopState{};
@@ -342,7 +343,7 @@ TEST_F(FailureProbeTest, Catalogue_HasAProbeOfEachCall_AndNoOther) {
 
 TEST_F(FailureProbeTest, EachCall_Works_WhenNothingIsOrdered) {
     for (const Probe& Row : PROBES) {
-        SetScene();
+        SetBusyScene();
         EXPECT_TRUE(Row.Works()) << Row.szCall;
         EXPECT_GE(Desktop.Failures.Asked(), 1U) << Row.szCall;
     }
@@ -351,7 +352,7 @@ TEST_F(FailureProbeTest, EachCall_Works_WhenNothingIsOrdered) {
 TEST_F(FailureProbeTest, EachCall_FailsAlone_WhenItIsOrderedTo) {
     for (const std::string_view strOrdered : headless::FallibleCalls()) {
         for (const Probe& Row : PROBES) {
-            SetScene();
+            SetBusyScene();
             Desktop.Failures.Always(strOrdered);
             const bool bNeeded = std::find(Row.NeededToo.begin(), Row.NeededToo.end(),
                                            strOrdered) != Row.NeededToo.end();
@@ -363,7 +364,7 @@ TEST_F(FailureProbeTest, EachCall_FailsAlone_WhenItIsOrderedTo) {
 
 TEST_F(FailureProbeTest, AFailedCall_IsReportedByItsName) {
     for (const Probe& Row : PROBES) {
-        SetScene();
+        SetBusyScene();
         Desktop.Failures.Next(Row.szCall);
         Unneeded(Row.Works());
         EXPECT_EQ(LastDebuggerLine(), std::string("Failed: ") + Row.szCall + ", error 0x80004005");

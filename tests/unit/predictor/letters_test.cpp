@@ -74,13 +74,13 @@ TEST(PredictorLetters, SignsAndDigits_AreNoLetters) {
         EXPECT_FALSE(IsLetter(n)) << static_cast<int>(n);
 }
 
-struct Case {
+struct Spelling {
     const wchar_t* szWord;
     bool bExpected;
 };
 
 TEST(PredictorLetters, Learnable_WhenItCanBeSpoken) {
-    constexpr Case CASES[] = {
+    constexpr Spelling CASES[] = {
         {L"Taviro", true},
         {L"ahoj", true},
         {L"zmrzl", true},
@@ -110,16 +110,16 @@ TEST(PredictorLetters, Learnable_WhenItCanBeSpoken) {
         {L"ano ne", false},
         {L"abcdefghijabcdefghijabcdefghijab", false},
     };
-    for (const Case& One : CASES)
+    for (const Spelling& One : CASES)
         EXPECT_EQ(IsLearnable(One.szWord), One.bExpected) << ToUtf8(One.szWord);
 }
 
 TEST(PredictorLetters, Offerable_WhenOnlyLetters) {
-    constexpr Case CASES[] = {{L"v", true},       {L"KitKat", true},  {L"", false},
-                              {L"a;b", false},    {L"a,b", false},    {L"a(b", false},
-                              {L"slovo*", false}, {L"slovo ", false}, {L"ab\xFFFD", false},
-                              {L"+a", false},     {L"{ENTER}", false}};
-    for (const Case& One : CASES)
+    constexpr Spelling CASES[] = {{L"v", true},       {L"KitKat", true},  {L"", false},
+                                  {L"a;b", false},    {L"a,b", false},    {L"a(b", false},
+                                  {L"slovo*", false}, {L"slovo ", false}, {L"ab\xFFFD", false},
+                                  {L"+a", false},     {L"{ENTER}", false}};
+    for (const Spelling& One : CASES)
         EXPECT_EQ(IsOfferable(One.szWord), One.bExpected) << ToUtf8(One.szWord);
 }
 

@@ -7,15 +7,15 @@
 namespace taviro::predictor {
 namespace {
 
-const std::vector<TestWord> WORDS{{L"a", 0.3},     {L"ba", 0.1},    {L"be", 0.1},
-                                  {L"bi", 0.1},    {L"bo", 0.1},    {L"Bu", 0.1},
-                                  {L"most", 0.1},  {L"Most", 0.02}, {L"kost", 0.01},
-                                  {L"košt", 0.03}, {L"kosť", 0.03}, {L"koště", 0.02}};
+const std::vector<TestWord> MIXED_WORDS{{L"a", 0.3},     {L"ba", 0.1},    {L"be", 0.1},
+                                        {L"bi", 0.1},    {L"bo", 0.1},    {L"Bu", 0.1},
+                                        {L"most", 0.1},  {L"Most", 0.02}, {L"kost", 0.01},
+                                        {L"košt", 0.03}, {L"kosť", 0.03}, {L"koště", 0.02}};
 
 class PredictorMixture : public PredictorTest {
   protected:
     PredictorMixture()
-        : PredictorTest(WORDS, {{L"a", L"ba", 10}, {L"a", L"be", 10}, {L"a", L"bi", 40}}) {}
+        : PredictorTest(MIXED_WORDS, {{L"a", L"ba", 10}, {L"a", L"be", 10}, {L"a", L"bi", 40}}) {}
 
     /// How likely the word is after the other one when so much is typed; 0 when it is not offered.
     double Share(std::wstring_view strPrevious, std::wstring_view strTyped,
