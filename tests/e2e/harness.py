@@ -9,6 +9,7 @@ from display import SCREEN, Display
 from editor import Editor
 from probe import Probe
 from program import Program
+from waiting import wait_until
 from wine import BUILD, Prefix, environment
 
 
@@ -38,6 +39,17 @@ class Desktop:
         editor = Editor(self.probe, self.env, **options)
         self._ends.callback(editor.close)
         return editor
+
+    def bring_to_front(self, window):
+        """Chooses a window as a person does, from the window manager's list, and waits until Wine has
+        followed. What Wine alone puts in front the manager never hears of, and the next word from it
+        may take the focus away again."""
+        def is_in_front():
+            self.display.activate(window.caption)
+            return self.probe.foreground() == window.handle
+
+        wait_until(is_in_front, lambda: f"{window.caption!r} in front; the manager has "
+                   f"{self.display.active_title()!r}", interval=0.2)
 
     def automation(self, **options):
         """The stand-in speech engine, reader and relay."""

@@ -38,9 +38,9 @@ def test_maps_follow_the_program_in_front_until_it_ends(desktop):
     stick.press(MODE)
     wait_until(lambda: automation.take()[-1:] == [spoken("aplikace n1")], "application mode")
 
-    def bring(handle, letter):
+    def bring(window, letter):
         """Brings a program to the front and waits for its map."""
-        desktop.probe.activate(handle)
+        desktop.bring_to_front(window)
         wait_until(lambda: program.highlighted().startswith(letter),
                    lambda: f"the map of {letter!r}; the title is {program.highlighted()!r}")
 
@@ -49,15 +49,15 @@ def test_maps_follow_the_program_in_front_until_it_ends(desktop):
         automation.expect(spoken(text))
 
     says_next("n2")
-    bring(played.handle, "m")
+    bring(played, "m")
     says_next("m2")
-    bring(editor.window.handle, "n")
+    bring(editor.window, "n")
     stick.press(ACTION)  # still on its second cell
     automation.expect(spoken(""))
     editor.wait_for_text("d")
-    bring(played.handle, "m")
+    bring(played, "m")
     says_next("m3")
-    bring(editor.window.handle, "n")
+    bring(editor.window, "n")
     says_next("n3")
     stick.press(MODE)
     automation.expect(spoken("výběr druha"))
