@@ -101,6 +101,11 @@ def changes(tmp_path, text, sort):
      "exchanged", [("a = 1; b = a;", "b = a; a = 1;")]),
     ("two arguments of a kind", "int f(int, int); int g(int a, int b) { return f(a, b); }",
      "argument", [("f(a, b)", "f(b, a)")]),
+    ("not those of a declaration",
+     "struct S { S(int, int); ~S(); }; int f(int a, int b) { S One(a, b); return 0; }",
+     "argument", []),
+    ("not one that is changed", "bool f(bool&, bool); bool g(bool a) { return f(a, false); }",
+     "argument", []),
     ("not arguments of two kinds", "int f(int*, int); int g(int* a, int b) { return f(a, b); }",
      "argument", []),
 ], ids=lambda value: value if isinstance(value, str) and "(" not in value else None)

@@ -50,6 +50,7 @@ class Finder(Statements):
         self.needed = set()       # constants used where only the compiler's own values will do
         self.uses = {}            # constant: those in its initialiser
         self.macros = []
+        self.declared = set()     # where the names of variables stand
         unit = cindex.Index.create().parse(
             str(path), args=["-x", "c++", *arguments],
             options=cindex.TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD)
@@ -96,6 +97,7 @@ class Finder(Statements):
             if re.search(rb"\b(constexpr|consteval)\b", head):
                 around = dataclasses.replace(around, in_constexpr=True)
         elif kind in VARIABLES:
+            self.declared.add(cursor.location.offset)
             around = self.variable(cursor, around)
         self.own_breaks(cursor, parent, around)
         for child in cursor.get_children():
@@ -163,7 +165,7 @@ class Finder(Statements):
             arguments = [item for item in cursor.get_arguments() if item is not None]
             if cursor.spelling.startswith("operator") and len(arguments) == 2:
                 self.relation(cursor, arguments, around)
-            elif parent is not None and parent.kind not in VARIABLES:
+            elif self.extent(cursor)[0] not in self.declared:  # where it is no call but a declaration
                 self.arguments(cursor, arguments, around)
         elif kind in (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL, Kind.CXX_BOOL_LITERAL_EXPR,
                       Kind.STRING_LITERAL, Kind.CHARACTER_LITERAL):
@@ -188,13 +190,16 @@ class Finder(Statements):
             return
         start, end = self.extent(cursor)
         extents = [self.extent(item) for item in arguments]
-        taken = cursor.referenced.get_arguments() if cursor.referenced is not None else ()
+        taken = [] if cursor.referenced is None else list(cursor.referenced.get_arguments())
         by_value = not any("&" in item.type.spelling for item in taken)
+        changed = [self.is_changed(item.type) for item in taken]
         if self.source.masked[end - 1:end] != b")" or extents[0][0] <= start:
             return
-        for (first, second), (left, right) in zip(zip(arguments, arguments[1:]),
-                                                  zip(extents, extents[1:])):
+        for number, ((first, second), (left, right)) in enumerate(
+                zip(zip(arguments, arguments[1:]), zip(extents, extents[1:]))):
             if not start < left[0] < left[1] <= right[0] < right[1] < end:
+                continue
+            if len(set(changed[number:number + 2])) == 2:  # what is changed must be a variable
                 continue
             if not self.alike(first.type, second.type, by_value):
                 continue
@@ -203,6 +208,12 @@ class Finder(Statements):
                       text(right[1], end))
             if text(*left) != text(*right):
                 self.add("argument", start, end, broken, "value", around)
+
+    @staticmethod
+    def is_changed(item):
+        item = item.get_canonical()
+        return (item.kind == cindex.TypeKind.LVALUEREFERENCE and
+                not item.get_pointee().is_const_qualified())
 
     @staticmethod
     def alike(first, second, by_value):
