@@ -35,6 +35,8 @@ class Ranker {
     void Weigh();
     void CollectFollowers();
     std::wstring FixedBeginning() const;
+    template <typename Sorted, typename Taker>
+    void ForEachFitting(const Sorted& Store, const Taker& Take) const;
     void CollectOwn();
     void CollectOwnFollowers();
     void MergeCandidates();
@@ -108,33 +110,44 @@ std::wstring Ranker::FixedBeginning() const {
     return strTyped.substr(0, strTyped.find(UNKNOWN_LETTER));
 }
 
-void Ranker::CollectOwn() {
+// Hands over what of a sorted store begins as typed. Words that differ early on stand together: all
+// of them are passed over at once.
+template <typename Sorted, typename Taker>
+void Ranker::ForEachFitting(const Sorted& Store, const Taker& Take) const {
+    constexpr size_t EARLY = 2;
     const std::wstring strFixed = FixedBeginning();
-    const bool bAllFixed = strFixed.size() == m_Asked.strTyped.size();
-    for (auto it = m_Own.Words().lower_bound(strFixed); it != m_Own.Words().end(); ++it) {
-        if (!it->first.starts_with(strFixed)) break;
-        const double dCount = m_Own.Now(it->second.Count);
-        const bool bSays = dCount >= HARDLY_WRITTEN || it->second.nWord == NO_WORD;
-        const bool bFits = bAllFixed || BeginsWith(it->first, m_Asked.strTyped, m_nMatch);
-        if (bSays && bFits) AddOwn(it->second, dCount * m_dOwn / m_Own.Total());
+    for (auto it = Store.lower_bound(strFixed);
+         it != Store.end() && it->first.starts_with(strFixed);) {
+        const size_t nFitting = FittingLetters(it->first, m_Asked.strTyped, m_nMatch);
+        if (nFitting < m_Asked.strTyped.size() && nFitting < std::min(EARLY, it->first.size())) {
+            std::wstring strBehind = it->first.substr(0, nFitting + 1);
+            ++strBehind.back();
+            it = Store.lower_bound(strBehind);
+        } else {
+            if (nFitting == m_Asked.strTyped.size()) Take(it->first, it->second);
+            ++it;
+        }
     }
 }
 
+void Ranker::CollectOwn() {
+    ForEachFitting(m_Own.Words(), [this](const std::wstring&, const LearnedWord& Word) {
+        const double dCount = m_Own.Now(Word.Count);
+        const bool bSays = dCount >= HARDLY_WRITTEN || Word.nWord == NO_WORD;
+        if (bSays) AddOwn(Word, dCount * m_dOwn / m_Own.Total());
+    });
+}
+
 void Ranker::CollectOwnFollowers() {
-    const std::wstring strFixed = FixedBeginning();
     for (size_t n = 0; n < m_Asked.Contexts.size(); ++n) {
         const std::wstring& strBefore = m_Asked.Contexts[n].strLower;
         const Learned::Followers* pNexts = m_Own.After(strBefore);
         if (pNexts == nullptr) continue;
         const double dUnit = m_OwnPairShares[n] / m_Own.TotalAfter(strBefore);
-        for (auto itNext = pNexts->lower_bound(strFixed); itNext != pNexts->end(); ++itNext) {
-            if (!itNext->first.starts_with(strFixed)) break;
-            const auto it = m_Own.Words().find(itNext->first);
-            const bool bFits = BeginsWith(itNext->first, m_Asked.strTyped, m_nMatch);
-            if (bFits && it != m_Own.Words().end()) {
-                AddOwn(it->second, m_Own.Now(itNext->second) * dUnit);
-            }
-        }
+        ForEachFitting(*pNexts, [&](const std::wstring& strNext, const FadingCount& Count) {
+            const auto it = m_Own.Words().find(strNext);
+            if (it != m_Own.Words().end()) AddOwn(it->second, m_Own.Now(Count) * dUnit);
+        });
     }
 }
 

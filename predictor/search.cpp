@@ -68,12 +68,16 @@ void AppendFitting(const Model& Words, WordRange Range, std::wstring_view strTyp
 
 }  // namespace
 
+size_t FittingLetters(std::wstring_view strLower, std::wstring_view strTyped, Match nMatch) {
+    const size_t nBoth = std::min(strLower.size(), strTyped.size());
+    size_t n = 0;
+    while (n < nBoth && FindsLetter(strTyped[n], strLower[n], nMatch))
+        ++n;
+    return n;
+}
+
 bool BeginsWith(std::wstring_view strLower, std::wstring_view strTyped, Match nMatch) {
-    if (strLower.size() < strTyped.size()) return false;
-    for (size_t n = 0; n < strTyped.size(); ++n) {
-        if (!FindsLetter(strTyped[n], strLower[n], nMatch)) return false;
-    }
-    return true;
+    return FittingLetters(strLower, strTyped, nMatch) == strTyped.size();
 }
 
 std::vector<WordRange> RangesOf(const Model& Words, std::wstring_view strTyped, Match nMatch) {

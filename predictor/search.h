@@ -4,6 +4,7 @@
 // is exact and its cost depends on the words taken, not on the words there are.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <queue>
 #include <string_view>
@@ -18,6 +19,10 @@ enum class Match {
     Exact,   ///< a letter finds itself
     Folded,  ///< a letter without a diacritical mark also finds those with one
 };
+
+/// How many letters of the word, in small letters, are as typed before the first that is not.
+[[nodiscard]] size_t FittingLetters(std::wstring_view strLower, std::wstring_view strTyped,
+                                    Match nMatch);
 
 /// Whether the word, in small letters, begins as typed (or is the same).
 [[nodiscard]] bool BeginsWith(std::wstring_view strLower, std::wstring_view strTyped, Match nMatch);

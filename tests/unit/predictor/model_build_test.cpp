@@ -153,12 +153,16 @@ TEST(PredictorModelFile, Walk_IsInOrderAtEverySize) {
             Texts.push_back(
                 {static_cast<wchar_t>(L'a' + n / 26), static_cast<wchar_t>(L'a' + n % 26)});
         std::vector<TestWord> Listed;
-        for (int n = 0; n < nWords; ++n)
-            Listed.push_back({Texts[static_cast<size_t>(n)].c_str(), 0.5 / (n + 1)});
+        std::vector<WordId> Ranked(Texts.size());  // the likeliest first, all over the alphabet
+        for (int n = 0; n < nWords; ++n) {
+            const int nRank = n * 7 % nWords;
+            Ranked[static_cast<size_t>(nRank)] = static_cast<WordId>(n);
+            Listed.push_back({Texts[static_cast<size_t>(n)].c_str(), 0.5 / (nRank + 1)});
+        }
         const Opened Made(Listed);
         BestFirst Walk(Made.Words, {Made.Words.All()});
-        for (int n = 0; n < nWords; ++n)
-            EXPECT_EQ(Walk.Next(), static_cast<WordId>(n)) << nWords;
+        for (const WordId nWord : Ranked)
+            EXPECT_EQ(Walk.Next(), nWord) << nWords;
         EXPECT_EQ(Walk.Next(), NO_WORD) << nWords;
         for (const std::wstring& strText : Texts)
             EXPECT_EQ(Made.Words.Word(Made.Words.Find(strText)), strText) << nWords;

@@ -142,5 +142,24 @@ TEST_F(PredictorRanking, OwnWordsReadFromAFile_AreThoseOfTheDictionary) {
     EXPECT_EQ(After(L"x", L"aut"), L";auto");
 }
 
+// The likeliest follower comes first wherever it stands in the alphabet.
+class PredictorFollowers : public PredictorTest {
+  protected:
+    PredictorFollowers()
+        : PredictorTest({{L"ba", 0.1}, {L"be", 0.1}, {L"bi", 0.1}, {L"bo", 0.1}, {L"bu", 0.1}},
+                        {{L"ba", L"ba", 500},
+                         {L"ba", L"be", 100},
+                         {L"ba", L"bi", 100},
+                         {L"ba", L"bo", 900},
+                         {L"ba", L"bu", 200}}) {}
+};
+
+TEST_F(PredictorFollowers, LikeliestComesFirst) {
+    for (const size_t nWords : {1u, 2u}) {
+        Asked.Settings.nWords = nWords;
+        EXPECT_TRUE(Joined(Asked.Complete(L"ba", false, L"b", {})).starts_with(L";bo")) << nWords;
+    }
+}
+
 }  // namespace
 }  // namespace taviro::predictor
