@@ -10,8 +10,8 @@ namespace taviro::bench {
 
 struct Budget {
     std::string strCase;
-    double dMicroseconds;      ///< of processor time for one iteration, or the counter's value
-    std::string strCounter{};  ///< empty: the time of an iteration
+    double dYardsticks;        ///< what the cost is at most divided by Yardstick()
+    std::string strCounter{};  ///< empty: the processor time of an iteration
 };
 
 /// All of them, in no order.

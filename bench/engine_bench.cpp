@@ -67,11 +67,11 @@ void Settings_InitAndSave(benchmark::State& State) {
 BENCHMARK(Settings_InitAndSave)->Unit(benchmark::kMicrosecond);
 
 const bench::BudgetTable Promised{
-    {.strCase = "PollTick_StickAtRest", .dMicroseconds = 2},
-    {.strCase = "MoveCursor_FullMap", .dMicroseconds = 10},
-    {.strCase = "LoadMap_FullMap", .dMicroseconds = 1000},
-    {.strCase = "Layout_FullMap", .dMicroseconds = 300},
-    {.strCase = "Settings_InitAndSave", .dMicroseconds = 2000},
+    {.strCase = "PollTick_StickAtRest", .dYardsticks = 4.5},
+    {.strCase = "MoveCursor_FullMap", .dYardsticks = 23},
+    {.strCase = "LoadMap_FullMap", .dYardsticks = 2300},
+    {.strCase = "Layout_FullMap", .dYardsticks = 700},
+    {.strCase = "Settings_InitAndSave", .dYardsticks = 4600},
 };
 
 }  // namespace

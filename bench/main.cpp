@@ -6,13 +6,14 @@
 #include <optional>
 
 #include "bench/budget.h"
+#include "bench/yardstick.h"
 
 namespace {
 
 using taviro::bench::Budget;
 using taviro::bench::Budgets;
 
-/// What a run cost, in the budget's terms; nothing when it failed or has no such counter.
+/// What a run cost in microseconds; nothing when it failed or has no such counter.
 std::optional<double> Cost(const benchmark::BenchmarkReporter::Run& Run, const Budget& Promised) {
     if (Run.error_occurred) return std::nullopt;
     if (Promised.strCounter.empty()) {
@@ -25,6 +26,8 @@ std::optional<double> Cost(const benchmark::BenchmarkReporter::Run& Run, const B
 
 class BudgetReporter : public benchmark::ConsoleReporter {
   public:
+    explicit BudgetReporter(double dYardstick) : m_dYardstick(dYardstick) {}
+
     void ReportRuns(const std::vector<Run>& Runs) override {
         ConsoleReporter::ReportRuns(Runs);
         for (const Run& One : Runs) {
@@ -43,13 +46,15 @@ class BudgetReporter : public benchmark::ConsoleReporter {
         const std::optional<double> Spent = Cost(One, Promised);
         if (!Spent) return;
         ++m_nCompared;
-        const bool bKept = *Spent <= Promised.dMicroseconds;
+        const double dRatio = *Spent / m_dYardstick;
+        const bool bKept = dRatio <= Promised.dYardsticks;
         if (!bKept) m_bMissed = true;
-        std::printf("  %s%s%s: %.3f us, budget %g: %s\n", Promised.strCase.c_str(),
+        std::printf("  %s%s%s: %.3f us, %.2f yardsticks, budget %g: %s\n", Promised.strCase.c_str(),
                     Promised.strCounter.empty() ? "" : " ", Promised.strCounter.c_str(), *Spent,
-                    Promised.dMicroseconds, bKept ? "kept" : "EXCEEDED");
+                    dRatio, Promised.dYardsticks, bKept ? "kept" : "EXCEEDED");
     }
 
+    double m_dYardstick;  // microseconds
     bool m_bMissed = false;
     size_t m_nCompared = 0;
 };
@@ -59,7 +64,9 @@ class BudgetReporter : public benchmark::ConsoleReporter {
 int main(int nArguments, char** pArguments) {
     benchmark::Initialize(&nArguments, pArguments);
     if (benchmark::ReportUnrecognizedArguments(nArguments, pArguments)) return EXIT_FAILURE;
-    BudgetReporter Reporter;
+    const double dYardstick = taviro::bench::Yardstick();
+    std::printf("yardstick: %.3f us\n", dYardstick);
+    BudgetReporter Reporter(dYardstick);
     benchmark::RunSpecifiedBenchmarks(&Reporter);
     return Reporter.AllKept() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
