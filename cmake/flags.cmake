@@ -28,7 +28,20 @@ if(TAVIRO_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(TAVIRO_TIDY)
-    find_program(TAVIRO_CLANG_TIDY clang-tidy REQUIRED)
+    find_program(TAVIRO_CLANG_TIDY_PROGRAM clang-tidy REQUIRED)
+    set(TAVIRO_CLANG_TIDY ${TAVIRO_CLANG_TIDY_PROGRAM})
+    if(WIN32)
+        # Read as the cross-compiler reads it. The system's messages carry pointers in numbers, its
+        # headers name parameters as they like, and its interfaces' compiler declares what we define.
+        list(APPEND TAVIRO_CLANG_TIDY
+             "--checks=-performance-no-int-to-ptr,-bugprone-forward-declaration-namespace,-readability-inconsistent-declaration-parameter-name"
+             --extra-arg=-Wno-unknown-warning-option --extra-arg=--target=${TAVIRO_PROCESSOR}-w64-mingw32)
+        foreach(folder ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
+            if(folder MATCHES "c\\+\\+")
+                list(APPEND TAVIRO_CLANG_TIDY --extra-arg=-isystem${folder})
+            endif()
+        endforeach()
+    endif()
 endif()
 if(WIN32)
     # One file that starts on any Windows: the compiler's run-time library is inside.

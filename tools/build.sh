@@ -14,7 +14,7 @@ arguments=()
 if [ $# -gt 0 ]; then
     arguments+=(--target "$@")
 fi
-if [ "$preset" = tidy ]; then
+if [[ $preset == tidy* ]]; then
     arguments+=(-- -k 0) # all complaints at once
 fi
 cmake --build --preset "$preset" "${arguments[@]}"
