@@ -76,7 +76,7 @@ class EmptyWindow:
 
 class Taviro:
     def __init__(self, desktop):
-        self._program = desktop.program()
+        self._program = desktop.program(comfort=True)
 
     def launch(self):
         self._program.launch()
@@ -99,7 +99,7 @@ def measure_once(desktop, subject, executable):
 
 def idle_share(desktop):
     """Share of one core over an idle minute with the joystick polled."""
-    program = desktop.program(build="win64")
+    program = desktop.program(build="win64", comfort=True)
     program.start()
     pid = pid_of("taviro.exe")
     first_read = program.standin.read_count()

@@ -16,6 +16,7 @@ foreach(part data sound help)
     file(GLOB_RECURSE files RELATIVE ${FROM} ${FROM}/${part}/*)
     list(APPEND wanted ${files})
 endforeach()
+list(APPEND wanted comfort.ini)
 
 file(MAKE_DIRECTORY ${FOLDER})
 file(GLOB_RECURSE present RELATIVE ${FOLDER} ${FOLDER}/*)

@@ -18,6 +18,7 @@
 #include "maps/map_grid.h"
 #include "platform/failure.h"
 #include "settings/button_table.h"
+#include "settings/comfort_store.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
@@ -38,6 +39,8 @@ void ResetProgram() {
     KeyboardHook = {};
     objSetting = cSetting{};
     ButtonTable = {};
+    Comfort = {};
+    objComfort = ComfortStore{};
     Speech = {};
     EventLog = {};
     AppPosTable = {};

@@ -29,6 +29,8 @@
 #include "platform/failure.h"
 #include "platform/messages.h"
 #include "platform/shell.h"
+#include "platform/unneeded.h"
+#include "settings/comfort_store.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
@@ -47,6 +49,15 @@ void LoadSettings() {
     Program.nCellTextSize = objSetting.CellTextSize();
     Program.nCellWidth = objSetting.CellWidth();
     Program.nCellHeight = objSetting.CellHeight();
+    objComfort.Init(Program.strDataPath + L"\\comfort.ini",
+                    platform::ProgramFolder() + L"\\comfort.ini");
+}
+
+void TellFaultsOfSettings() {
+    for (const std::wstring& strFault : objComfort.Faults()) {
+        platform::WriteToDebugger(strFault);
+        LogEvent(strFault);
+    }
 }
 
 void OpenJoystick() {
@@ -92,6 +103,7 @@ void Form_Load() {
     ShowFirstCell();
     InitKeyTable();
     if (objSetting.Log() == 1) StartLog();
+    TellFaultsOfSettings();
 }
 
 void Form_Unload() {
@@ -112,6 +124,7 @@ void Form_Unload() {
     Speech.LoadVoiceForm = nullptr;  // nothing that still runs may bring the engine back
     RemoveKeyboardHook();
     objSetting.SaveSetting();
+    Unneeded(objComfort.Save());  // what could not be saved when it was set
     Prediction.objDictionary.reset();
 }
 

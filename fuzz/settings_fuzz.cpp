@@ -2,16 +2,14 @@
 // Any bytes as setting.ini: read, saved and read again. What is saved must be read back as it was
 // (as far as the file's notation can say it), and foreign lines must stay, in their order.
 #include <cmath>
-#include <cstdlib>
 #include <set>
 #include <string>
-#include <vector>
 
+#include "fuzz/foreign_lines.h"
 #include "platform/files.h"
 #include "platform/headless/desktop.h"
 #include "platform/text.h"
 #include "settings/button_table.h"
-#include "settings/ini_text.h"
 #include "settings/setting.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize);
@@ -36,10 +34,6 @@ constexpr Getter AbsoluteIntegers[] = {
 constexpr Getter AbsoluteTexts[] = {&cSetting::ScanSizeX, &cSetting::ScanSizeY,
                                     &cSetting::ScanDelay, &cSetting::CellTextSize,
                                     &cSetting::CellWidth, &cSetting::CellHeight};
-
-void Require(bool bHolds) {
-    if (!bHolds) std::abort();
-}
 
 /// A text as it comes back from the file: without the blanks and quotes around it.
 std::wstring ReadBack(const std::wstring& strText) {
@@ -75,10 +69,6 @@ void RequireSameButtons(const std::array<ButtonAction, nButtonCount>& First,
     Require(Second == Expected);
 }
 
-std::string Lower(std::string_view strName) {
-    return platform::ToAnsi(platform::ToLower(platform::FromAnsi(strName)));
-}
-
 /// Whether saving owns the key: any but those that are only read.
 bool IsOwnKey(const std::string& strSection, const std::string& strKey) {
     static const std::set<std::string> Info = {"triggerrowreset",  "triggercolumnreset",
@@ -99,41 +89,6 @@ bool IsOwnKey(const std::string& strSection, const std::string& strKey) {
     return false;
 }
 
-/// The lines that saving must keep, without their line ends.
-std::vector<std::string> ForeignLines(const std::string& strBytes) {
-    const IniText objText(strBytes);
-    std::vector<std::string> Lines;
-    std::set<std::string> Seen;
-    std::string strSection;
-    for (size_t nOffset = objText.FirstLine(); nOffset < strBytes.size();) {
-        const IniLine objLine = objText.LineAt(nOffset);
-        if (objLine.nType == IniLine::Type::Header) {
-            const std::string strName = Lower(objLine.strName);
-            strSection = Seen.insert(strName).second ? strName : "(repeated)";
-        }
-        const bool bOwn =
-            objLine.nType == IniLine::Type::Entry && IsOwnKey(strSection, Lower(objLine.strName));
-        std::string strLine = strBytes.substr(nOffset, objLine.nNext - nOffset);
-        while (!strLine.empty() && (strLine.back() == '\r' || strLine.back() == '\n')) {
-            strLine.pop_back();
-        }
-        if (!bOwn && !strLine.empty()) Lines.push_back(std::move(strLine));
-        nOffset = objLine.nNext;
-    }
-    return Lines;
-}
-
-void RequireForeignLines(const std::string& strBefore, const std::string& strAfter) {
-    const std::vector<std::string> After = ForeignLines(strAfter);
-    auto objNext = After.begin();
-    for (const std::string& strLine : ForeignLines(strBefore)) {
-        while (objNext != After.end() && *objNext != strLine)
-            ++objNext;
-        Require(objNext != After.end());
-        ++objNext;
-    }
-}
-
 void TestBytes(const std::string& strBytes) {
     platform::headless::Desktop.Files = {};
     platform::headless::Desktop.Transcript.clear();
@@ -151,7 +106,7 @@ void TestBytes(const std::string& strBytes) {
     RequireSameButtons(FirstButtons, ButtonTable);
     std::string strAfter;
     Require(platform::ReadFileBytes(SETTINGS_PATH, strAfter));
-    RequireForeignLines(strBytes, strAfter);
+    RequireForeignLines(strBytes, strAfter, IsOwnKey);
 }
 
 }  // namespace

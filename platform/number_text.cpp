@@ -83,16 +83,22 @@ bool RoundToInt32(double fNumber, int32_t& nValue) {
     return bFits;
 }
 
-bool WholeTextToInt32(std::wstring_view strText, int32_t& nValue) {
+std::optional<double> WholeTextToNumber(std::wstring_view strText) {
     while (!strText.empty() && IsBlank(strText.front()))
         strText.remove_prefix(1);
     while (!strText.empty() && IsBlank(strText.back()))
         strText.remove_suffix(1);
     DecimalNumber objNumber;
     for (const wchar_t nCharacter : strText) {
-        if (!objNumber.Take(nCharacter)) return false;
+        if (!objNumber.Take(nCharacter)) return std::nullopt;
     }
-    return objNumber.HasDigits() && RoundToInt32(objNumber.Value(), nValue);
+    if (!objNumber.HasDigits()) return std::nullopt;
+    return objNumber.Value();
+}
+
+bool WholeTextToInt32(std::wstring_view strText, int32_t& nValue) {
+    const std::optional<double> fNumber = WholeTextToNumber(strText);
+    return fNumber && RoundToInt32(*fNumber, nValue);
 }
 
 }  // namespace taviro::platform

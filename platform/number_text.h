@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace taviro::platform {
@@ -17,9 +18,12 @@ namespace taviro::platform {
 /// the result does not fit 32 bits.
 [[nodiscard]] bool RoundToInt32(double fNumber, int32_t& nValue);
 
-/// The whole text as a number: blanks around it, a sign, digits and a decimal point are allowed,
-/// anything else is not a number. Rounds as above. Returns false, and leaves nValue alone, when the
-/// text is not a number or does not fit.
+/// The whole text as a number, however large: blanks around it, a sign, digits and a decimal point
+/// are allowed, anything else is not a number.
+[[nodiscard]] std::optional<double> WholeTextToNumber(std::wstring_view strText);
+
+/// The same, rounded as above. Returns false, and leaves nValue alone, when the text is not a
+/// number or does not fit.
 [[nodiscard]] bool WholeTextToInt32(std::wstring_view strText, int32_t& nValue);
 
 }  // namespace taviro::platform

@@ -95,7 +95,7 @@ def type_with_offers(desktop, program, editor, out):
 
 def run(desktop, out):
     editor = desktop.editor()
-    program = desktop.program()
+    program = desktop.program(comfort=True)
     window = program.start()
     desktop.probe.place(editor.window.handle, window.left, window.bottom + GAP,
                         window.right - window.left, EDITOR_HEIGHT)

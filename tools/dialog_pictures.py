@@ -29,7 +29,7 @@ def scale(desktop, percent):
 def take(desktop, out, percent):
     scale(desktop, percent)
     desktop.automation()
-    program = desktop.program()
+    program = desktop.program(comfort=True)
     program.start()
     for name in DIALOGS:
         dialog = open_dialog(desktop, program, name)

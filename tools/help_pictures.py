@@ -48,7 +48,7 @@ class Photographer:
     def __init__(self, desktop):
         self.desktop = desktop
         self.automation = desktop.automation()
-        self.program = desktop.program()
+        self.program = desktop.program(comfort=True)
         self.automation.serve(self.program)
         self.program.use_sounds()  # a picture is not to wait for one
         window = self.program.start()

@@ -24,7 +24,7 @@ class Tour:
         self.out = out
         self.count = 0
         self.automation = desktop.automation()
-        self.program = desktop.program()
+        self.program = desktop.program(comfort=True)
         self.automation.serve(self.program)
         self.program.use_sounds()  # everything is spoken
         self.program.use_settings(ScanMode=1, Log=1, ScanDelay=100)

@@ -61,6 +61,7 @@ def _make_newer(platform, target):
         if (source / name).exists():
             (target / name).write_bytes((source / name).read_bytes() + b"a later version")
     (target / "czech.dict").write_bytes(b"a later dictionary")
+    (target / "comfort.ini").write_bytes(b"[Stick]\r\nWatch=1\r\nTomorrow=1\r\n")
     (target / "data" / "data.ini").write_bytes(map_bytes([[("nová", 65)]]))
     (target / "data" / "data_NEW.EXE.ini").write_bytes(map_bytes([[("nová", 65)]]))
     shutil.copy2(source / "sound" / "b.wav", target / "sound" / "a.wav")

@@ -17,13 +17,19 @@ END_SECONDS = 20
 
 
 class Program:
-    def __init__(self, prefix, display, probe, build="win64", present=True, folder=None):
+    """Without the delivered comfort.ini every rule holds to the letter, which is what most tests are
+    about; with `comfort` it is as a user gets it."""
+
+    def __init__(self, prefix, display, probe, build="win64", present=True, folder=None,
+                 comfort=False):
         self.probe = probe
         self._processes = []
         built = BUILD / build
         self.folder = folder or prefix.folder / build
         if folder is None:
             shutil.copytree(built / "taviro", self.folder)
+            if not comfort:
+                (self.folder / "comfort.ini").unlink()
         shutil.copy2(built / "e2e" / "winmm.dll", self.folder)
         self.standin = Standin(prefix.folder / f"{build}.standin", present)
         self.environment = environment(prefix.path, display.name)

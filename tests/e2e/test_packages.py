@@ -97,8 +97,11 @@ def test_install_use_upgrade_and_removal(desktop, versions):
     program.start()
     write_a_letter(program, desktop)
     assert program.close() == 0
-    users = packages.files_of(program.data_folder)
 
+    (program.data_folder / "comfort.ini").write_bytes(b"[Stick]\r\nWatch=0\r\n")
+    users = packages.files_of(program.data_folder)
+    # Changed in the wrong place: the file is the program's, and an upgrade brings its new keys.
+    (place.folder / "comfort.ini").write_bytes(b"[Stick]\r\nWatch=0\r\n")
     (place.folder / "sound" / "c.wav").write_bytes(b"recorded by the user")
     (place.folder / "sound" / "moje.wav").write_bytes(b"added by the user")
     assert Installer(desktop, newer.setup).run() == 0

@@ -5,6 +5,7 @@ from builds import for_every_build
 from wine import BUILD, ROOT
 
 DELIVERED = ("data", "sound", "help")
+BESIDE = "comfort.ini"  # data, and not what the first start copies to the user
 BUILT = {"taviro.exe", "presager.exe", "czech.dict", "czech.dict.txt"}
 LARGEST_PROGRAM = 3 * 1024 * 1024  # bytes
 
@@ -17,10 +18,11 @@ def files_below(folder):
 @for_every_build
 def test_program_folder_holds_the_program_and_what_is_delivered_with_it(build):
     folder = BUILD / build / "taviro"
-    wanted = BUILT | {name for name in DELIVERED if (ROOT / name).exists()
+    wanted = BUILT | {BESIDE} | {name for name in DELIVERED if (ROOT / name).exists()
                       and any((ROOT / name).iterdir())}
     assert {path.name for path in folder.iterdir()} == wanted
-    for name in wanted - BUILT:
+    assert (folder / BESIDE).read_bytes() == (ROOT / BESIDE).read_bytes()
+    for name in wanted - BUILT - {BESIDE}:
         assert files_below(folder / name) == files_below(ROOT / name)
     assert ((folder / "czech.dict.txt").read_bytes()
             == (ROOT / "predictor" / "data" / "NOTICE").read_bytes())

@@ -36,6 +36,8 @@ OWNERS = [
      {"actions/choice_list.cpp"}),
     ("whether a tilt repeats", re.compile(r"\bModes\.bAutoRepeatMode" + ASSIGNED),
      {"core/poll_loop.cpp"}),
+    ("what comfort.ini says", re.compile(r"\bComfort(?:\.\w+)?" + ASSIGNED),
+     {"settings/comfort_key.cpp", "core/program_reset.cpp"}),
 ]
 COMMENT = re.compile(r"//.*")
 

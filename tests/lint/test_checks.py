@@ -46,6 +46,7 @@ BAD = [
     (meaning.second_writers, {"dialogs/a.cpp": "    Modes.bAppMode = false;\n"}, "the mode"),
     (meaning.second_writers, {"core/a.cpp": "    Modes.bListMode = false;\n"}, "the list"),
     (meaning.second_writers, {"actions/a.cpp": "    Modes.bAutoRepeatMode = false;\n"}, "repeats"),
+    (meaning.second_writers, {"input/a.cpp": "    Comfort.bWatch = true;\n"}, "comfort.ini"),
     (floors.foreign_headers, {"core/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),
     (floors.foreign_headers, {"core/a.cpp": "#  include <filesystem>\n"}, "<filesystem>"),
     (floors.foreign_headers, {"platform/headless/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),

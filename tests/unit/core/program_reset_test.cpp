@@ -24,6 +24,7 @@
 #include "maps/app_positions.h"
 #include "maps/key_names.h"
 #include "settings/button_table.h"
+#include "settings/comfort_store.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/program_fixture.h"
@@ -78,6 +79,7 @@ TEST_F(ProgramReset, WhatWasLoadedOrTyped_IsForgotten) {
     CommonMap.bFileUnread = AppMap.bFileUnread = true;
     objSetting.Volume(77);
     ButtonTable[5] = {.Kind = ButtonKind::Command, .Command = L"calc", .Code = 0};
+    ASSERT_EQ(objComfort.Set(*objComfort.Find(L"Watch"), L"1"), ComfortOutcome::Taken);
     InitKeyTable();
     ChoiceList.Entries.emplace_back();
     Prediction.strPrefix = L"abc";
@@ -91,6 +93,8 @@ TEST_F(ProgramReset, WhatWasLoadedOrTyped_IsForgotten) {
     }
     EXPECT_EQ(objSetting.Volume(), cSetting{}.Volume());
     EXPECT_EQ(ButtonTable[5], ButtonAction{});
+    EXPECT_FALSE(Comfort.bWatch);
+    EXPECT_EQ(objComfort.Text(*objComfort.Find(L"Watch")), L"0");
     EXPECT_EQ(KeyTable[0].Name, L"");
     EXPECT_TRUE(ChoiceList.Entries.empty());
     EXPECT_EQ(Prediction.strPrefix, L"");

@@ -132,6 +132,14 @@ TEST(WholeTextToInt32, Numbers_Convert) {
     }
 }
 
+TEST(WholeTextToNumber, Number_IsGivenHoweverLarge) {
+    EXPECT_EQ(WholeTextToNumber(L" -2.5 "), -2.5);
+    EXPECT_LT(WholeTextToNumber(L"-99999999999999999999"), -9e19);
+    EXPECT_GT(WholeTextToNumber(std::wstring(400, L'9')), 1e300);
+    for (const wchar_t* strText : {L"", L" ", L"-", L"5x", L"1e3", L"1 2"})
+        EXPECT_EQ(WholeTextToNumber(strText), std::nullopt) << ToUtf8(strText);
+}
+
 TEST(WholeTextToInt32, TextThatIsNoNumberOrDoesNotFit_LeavesTheValue) {
     for (const wchar_t* strText : {L"", L" ", L"abc", L"5x", L"x5", L"1 2", L"- 5", L"--5",
                                    L"1.2.3", L"1,5", L"1e3", L"0x10", L"-", L".", L"5\u00A0",
