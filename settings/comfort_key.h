@@ -14,7 +14,7 @@
 
 namespace taviro {
 
-inline constexpr size_t nMostWords = 8;
+inline constexpr size_t MOST_WORDS = 8;
 
 /// The kind is the target's: a switch (0 or 1, also "off" or "on"), a whole number, a text. With
 /// words, a number is one of them, counted from 0.
@@ -27,7 +27,7 @@ struct ComfortKey {
     int32_t nLeast = 0;           ///< of a number
     int32_t nMost = 1;
     int32_t nStep = 1;                               ///< by which "more" and "less" change a number
-    std::array<const wchar_t*, nMostWords> Words{};  ///< the rest null
+    std::array<const wchar_t*, MOST_WORDS> Words{};  ///< the rest null
     const wchar_t* strMeaning;                       ///< in Czech, for whoever sets it
 };
 

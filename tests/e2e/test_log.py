@@ -76,3 +76,22 @@ def test_log_holds_a_block_for_each_time_it_was_on(desktop):
     wait_until(lambda: program.highlighted() == "a", "the program going on")
     assert program.close() == 0
     assert lines_of(log) == first + first + block(["Say: žluť"])
+
+
+def test_log_names_what_is_wrong_with_both_comfort_files(desktop):
+    program = desktop.program(comfort=True)
+    program.use_settings(Log=1)
+    delivered = program.folder / "comfort.ini"
+    delivered.write_bytes(delivered.read_bytes() + b"Wach=1\r\n")
+    last_line = len(delivered.read_bytes().splitlines())
+    users = program.data_folder / "comfort.ini"
+    users.write_bytes(b"[Stick]\r\nWatch=5\r\n")
+    program.start()
+    program.standin.wait_for_poll()
+    assert program.close() == 0
+    told = [line for line in lines_of(program.data_folder / "log.txt") if "comfort.ini" in line]
+    assert [line.rpartition("\\")[2] for line in told] == [
+        "comfort.ini, line 2: [Stick] Watch=5 is out of range, 1 counts (0 or 1)",
+        f"comfort.ini, line {last_line}: [Stick] Wach is no key"]
+    assert "v2.2\\taviro\\" in told[0] and "v2.2" not in told[1]
+    assert users.read_bytes() == b"[Stick]\r\nWatch=5\r\n"

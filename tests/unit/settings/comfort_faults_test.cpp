@@ -18,10 +18,10 @@ std::string Faults(const std::string& strBytes) {
 }
 
 TEST(ComfortFaults, GoodFile_HasNone) {
-    for (const char* strGood :
-         {"", "\r\n\r\n", "; note\r\n", "\xEF\xBB\xBF; note\r\n[Stick]\r\nWatch=1\r\n",
-          "[scan]\nstepms=0\npattern=Rows\n[Stick]\nDevice=\nwatch=\"off\"\n[Sound]\nVolume=-"
-          "100"}) {
+    constexpr const char* EVERY_KEY =
+        "[scan]\nstepms=0\npattern=Rows\n[Stick]\nDevice=\nwatch=\"off\"\n[Sound]\nVolume=-100";
+    for (const char* strGood : {"", "\r\n\r\n", "; note\r\n",
+                                "\xEF\xBB\xBF; note\r\n[Stick]\r\nWatch=1\r\n", EVERY_KEY}) {
         EXPECT_EQ(Faults(strGood), "");
     }
 }
@@ -77,8 +77,8 @@ using ComfortStoreFaults = ComfortTest;
 TEST_F(ComfortStoreFaults, BothFiles_AreNamedWithTheirLines) {
     InitFrom("[Stick]\r\nWatch=9\r\n", "[Stick]\r\n\r\nWach=1\r\n");
     const std::vector<std::wstring> Wanted{
-        strUserComfort + L", line 2: [Stick] Watch=9 is out of range, 1 counts (0 or 1)",
-        strProgramComfort + L", line 3: [Stick] Wach is no key"};
+        COMFORT_OF_USER + L", line 2: [Stick] Watch=9 is out of range, 1 counts (0 or 1)",
+        COMFORT_OF_PROGRAM + L", line 3: [Stick] Wach is no key"};
     EXPECT_EQ(objStore.Faults(), Wanted);
     InitFrom("", "");
     EXPECT_TRUE(objStore.Faults().empty());

@@ -14,8 +14,8 @@
 
 namespace taviro {
 
-inline const std::wstring strUserComfort = L"C:\\data\\comfort.ini";
-inline const std::wstring strProgramComfort = L"C:\\program\\comfort.ini";
+inline const std::wstring COMFORT_OF_USER = L"C:\\data\\comfort.ini";
+inline const std::wstring COMFORT_OF_PROGRAM = L"C:\\program\\comfort.ini";
 
 /// What a program with these keys would read.
 struct SampleValues {
@@ -81,20 +81,20 @@ class ComfortTest : public testing::Test {
     }
 
     static void PutUser(const std::string& strBytes) {
-        platform::headless::Desktop.Files.Put(strUserComfort, strBytes);
+        platform::headless::Desktop.Files.Put(COMFORT_OF_USER, strBytes);
     }
     static void PutProgram(const std::string& strBytes) {
-        platform::headless::Desktop.Files.Put(strProgramComfort, strBytes);
+        platform::headless::Desktop.Files.Put(COMFORT_OF_PROGRAM, strBytes);
     }
     static std::string UserFile() {
         std::string strBytes = "(no file)";
-        Unneeded(platform::ReadFileBytes(strUserComfort, strBytes));
+        Unneeded(platform::ReadFileBytes(COMFORT_OF_USER, strBytes));
         return strBytes;
     }
 
     void Init() {
         objStore = ComfortStore(SAMPLE_KEYS);
-        objStore.Init(strUserComfort, strProgramComfort);
+        objStore.Init(COMFORT_OF_USER, COMFORT_OF_PROGRAM);
     }
     void InitFrom(const std::string& strUser, const std::string& strProgram) {
         PutUser(strUser);

@@ -12,11 +12,11 @@ using platform::headless::Desktop;
 
 using ComfortSave = ComfortTest;
 
-const char* const strSampleDelivered =
+const char* const SAMPLE_DELIVERED =
     "[Stick]\r\nWatch=1\r\n[Scan]\r\nStepMs=1000\r\nPattern=rows\r\n";
 
 TEST_F(ComfortSave, File_HoldsOnlyWhatWasChanged) {
-    PutProgram(strSampleDelivered);
+    PutProgram(SAMPLE_DELIVERED);
     Init();
     Set(STEP, L"500");
     Set(DEVICE, L"Páka");
@@ -28,7 +28,7 @@ TEST_F(ComfortSave, File_HoldsOnlyWhatWasChanged) {
 }
 
 TEST_F(ComfortSave, Key_GoesFromTheFile_WhenSetBackToTheDelivered) {
-    InitFrom("[Scan]\r\nStepMs=500\r\nPattern=cells\r\n", strSampleDelivered);
+    InitFrom("[Scan]\r\nStepMs=500\r\nPattern=cells\r\n", SAMPLE_DELIVERED);
     Set(STEP, L"1000");
     EXPECT_TRUE(objStore.Save());
     EXPECT_EQ(UserFile(), "[Scan]\r\nPattern=cells\r\n");
@@ -43,7 +43,7 @@ TEST_F(ComfortSave, Key_GoesFromTheFile_WhenSteppedBackToTheRules) {
 }
 
 TEST_F(ComfortSave, EveryLineOfTheKey_Goes) {
-    InitFrom("[Stick]\r\nWatch=0\r\nWatch=0\r\n", strSampleDelivered);
+    InitFrom("[Stick]\r\nWatch=0\r\nWatch=0\r\n", SAMPLE_DELIVERED);
     Set(WATCH, L"1");
     EXPECT_TRUE(objStore.Save());
     Init();
@@ -51,7 +51,7 @@ TEST_F(ComfortSave, EveryLineOfTheKey_Goes) {
 }
 
 TEST_F(ComfortSave, RulesValue_IsKeptInTheFile_WhenTheDeliveredDiffers) {
-    PutProgram(strSampleDelivered);
+    PutProgram(SAMPLE_DELIVERED);
     Init();
     Set(WATCH, L"0");
     Set(STEP, L"0");
@@ -60,7 +60,7 @@ TEST_F(ComfortSave, RulesValue_IsKeptInTheFile_WhenTheDeliveredDiffers) {
 }
 
 TEST_F(ComfortSave, NothingIsWritten_WhenNothingDiffers) {
-    PutProgram(strSampleDelivered);
+    PutProgram(SAMPLE_DELIVERED);
     Init();
     EXPECT_TRUE(objStore.Save());
     Set(WATCH, L"0");
@@ -71,7 +71,7 @@ TEST_F(ComfortSave, NothingIsWritten_WhenNothingDiffers) {
 }
 
 TEST_F(ComfortSave, File_IsReplacedOnceForAllThatWasSet) {
-    PutProgram(strSampleDelivered);
+    PutProgram(SAMPLE_DELIVERED);
     Init();
     Set(WATCH, L"0");
     Set(STEP, L"500");
@@ -84,7 +84,7 @@ TEST_F(ComfortSave, File_IsReplacedOnceForAllThatWasSet) {
 TEST_F(ComfortSave, Save_KeepsWhatItDoesNotOwn) {
     InitFrom(
         "; mé\r\n[Other]\r\nx=1\r\n\r\n[Stick]\r\n; proč\r\nWatch = 1\r\nTomorrow=5\r\nword\r\n",
-        strSampleDelivered);
+        SAMPLE_DELIVERED);
     Set(WATCH, L"0");
     EXPECT_TRUE(objStore.Save());
     EXPECT_EQ(
@@ -93,7 +93,7 @@ TEST_F(ComfortSave, Save_KeepsWhatItDoesNotOwn) {
 }
 
 TEST_F(ComfortSave, Save_WritesIntoTheFileOfThatMoment) {
-    PutProgram(strSampleDelivered);
+    PutProgram(SAMPLE_DELIVERED);
     Init();
     PutUser("[Scan]\r\nPattern=groups\r\n");
     Set(STEP, L"500");
@@ -115,9 +115,9 @@ TEST_F(ComfortSave, Text_IsReadBackAsItWas) {
 
 TEST_F(ComfortSave, HalfWrittenOrZeroedFile_TakesTheChangeAndIsReadBack) {
     for (const std::string& strDamaged : {std::string("[Scan]\r\nStep"), std::string(700, '\0'),
-                                          std::string("[Scan]\r\nStepMs=7\0\0\0\0\0", 22),
+                                          std::string("[Scan]\r\nStepMs=7\0\0\0\0\0", 21),
                                           std::string("\xEF\xBB\xBF"), std::string("[Scan")}) {
-        InitFrom(strDamaged, strSampleDelivered);
+        InitFrom(strDamaged, SAMPLE_DELIVERED);
         Set(STEP, L"500");
         ASSERT_TRUE(objStore.Save());
         Init();
@@ -133,7 +133,7 @@ TEST_F(ComfortSave, FailedSave_LeavesTheOldFileAndIsMadeUpFor) {
     for (const char* strCall :
          {"CreateNewFile", "WriteToFile", "FlushFile", "RenameFile", "ReadFileBytes"}) {
         SCOPED_TRACE(strCall);
-        InitFrom(strOwn, strSampleDelivered);
+        InitFrom(strOwn, SAMPLE_DELIVERED);
         Set(STEP, L"500");
         Desktop.Failures.Next(strCall);
         EXPECT_FALSE(objStore.Save());
@@ -149,7 +149,7 @@ TEST_F(ComfortSave, PowerCutWhileSaving_LeavesTheOldOrTheNewFileWhole) {
     const std::string strOwn = "[Stick]\r\nWatch=0\r\n";
     for (size_t nCall = 1; nCall <= 6; ++nCall) {
         Desktop = platform::headless::DesktopState{};
-        InitFrom(strOwn, strSampleDelivered);
+        InitFrom(strOwn, SAMPLE_DELIVERED);
         Set(STEP, L"500");
         Desktop.Failures.Add({.nFrom = nCall, .bPowerCut = true});
         try {
@@ -166,14 +166,14 @@ TEST_F(ComfortSave, PowerCutWhileSaving_LeavesTheOldOrTheNewFileWhole) {
 
 TEST_F(ComfortSave, LockedReadOnlyOrFullDisk_LeavesTheOldFile) {
     const std::string strOwn = "[Stick]\r\nWatch=0\r\n";
-    InitFrom(strOwn, strSampleDelivered);
+    InitFrom(strOwn, SAMPLE_DELIVERED);
     Set(STEP, L"500");
-    Desktop.Files.Lock(strUserComfort);
+    Desktop.Files.Lock(COMFORT_OF_USER);
     EXPECT_FALSE(objStore.Save());
-    Desktop.Files.Lock(strUserComfort, false);
-    Desktop.Files.SetReadOnly(strUserComfort);
+    Desktop.Files.Lock(COMFORT_OF_USER, false);
+    Desktop.Files.SetReadOnly(COMFORT_OF_USER);
     EXPECT_FALSE(objStore.Save());
-    Desktop.Files.SetReadOnly(strUserComfort, false);
+    Desktop.Files.SetReadOnly(COMFORT_OF_USER, false);
     Desktop.Files.nFreeBytes = 10;
     EXPECT_FALSE(objStore.Save());
     EXPECT_EQ(UserFile(), strOwn);
@@ -183,12 +183,12 @@ TEST_F(ComfortSave, LockedReadOnlyOrFullDisk_LeavesTheOldFile) {
 }
 
 TEST_F(ComfortSave, FileLockedAtInit_KeepsItsValuesButForChanges) {
-    InitFrom("[Stick]\r\nWatch=0\r\n[Scan]\r\nPattern=groups\r\n", strSampleDelivered);
-    Desktop.Files.Lock(strUserComfort);
+    InitFrom("[Stick]\r\nWatch=0\r\n[Scan]\r\nPattern=groups\r\n", SAMPLE_DELIVERED);
+    Desktop.Files.Lock(COMFORT_OF_USER);
     Init();
     Set(STEP, L"500");
     Set(WATCH, L"1");
-    Desktop.Files.Lock(strUserComfort, false);
+    Desktop.Files.Lock(COMFORT_OF_USER, false);
     EXPECT_TRUE(objStore.Save());
     EXPECT_EQ(UserFile(), "[Stick]\r\n[Scan]\r\nPattern=groups\r\nStepMs=500\r\n");
 }
@@ -201,25 +201,25 @@ TEST_F(ComfortSave, RulesValue_IsWritten_WhenTheProgramsFileCouldNotSayItsOwn) {
         std::string strProgram;
         bool bLocked;
     } Rows[] = {
-        {"locked", strSampleDelivered, true},
+        {"locked", SAMPLE_DELIVERED, true},
         {"zeroes", std::string(100, '\0'), false},
         {"no value", "[Stick]\r\nWatch=?\r\n", false},
     };
     for (const auto& Row : Rows) {
         SCOPED_TRACE(Row.strName);
         InitFrom("", Row.strProgram);
-        Desktop.Files.Lock(strProgramComfort, Row.bLocked);
+        Desktop.Files.Lock(COMFORT_OF_PROGRAM, Row.bLocked);
         Init();
         Set(WATCH, L"0");
         EXPECT_TRUE(objStore.Save());
-        Desktop.Files.Lock(strProgramComfort, false);
-        InitFrom(UserFile(), strSampleDelivered);
+        Desktop.Files.Lock(COMFORT_OF_PROGRAM, false);
+        InitFrom(UserFile(), SAMPLE_DELIVERED);
         EXPECT_FALSE(Sample.bWatch);
     }
 }
 
 TEST_F(ComfortSave, MissingFolder_IsNoSuccess) {
-    objStore.Init(L"C:\\nowhere\\comfort.ini", strProgramComfort);
+    objStore.Init(L"C:\\nowhere\\comfort.ini", COMFORT_OF_PROGRAM);
     Set(WATCH, L"1");
     EXPECT_FALSE(objStore.Save());
     EXPECT_FALSE(platform::FolderExists(L"C:\\nowhere"));

@@ -14,7 +14,7 @@ using platform::headless::Desktop;
 using ComfortStores = ComfortTest;
 
 // What a file of every key says, and what then counts.
-const char* const strAllDelivered =
+const char* const ALL_DELIVERED =
     "[Stick]\r\nWatch=1\r\nDevice=Stick\r\n[Scan]\r\nStepMs=1000\r\nPattern=rows\r\n"
     "[Sound]\r\nVolume=70\r\n";
 
@@ -43,13 +43,13 @@ TEST_F(ComfortStores, Rules_HoldToTheLetter_WithoutBothFiles) {
 }
 
 TEST_F(ComfortStores, ProgramsFile_IsWhatEverybodyGets) {
-    PutProgram(strAllDelivered);
+    PutProgram(ALL_DELIVERED);
     Init();
     ExpectDelivered();
 }
 
 TEST_F(ComfortStores, UsersKey_CountsBeforeTheProgramsAndOnlyThatKey) {
-    InitFrom("[Scan]\r\nStepMs=700\r\n", strAllDelivered);
+    InitFrom("[Scan]\r\nStepMs=700\r\n", ALL_DELIVERED);
     EXPECT_EQ(Sample.nStep, 700);
     EXPECT_TRUE(Sample.bWatch);
     EXPECT_EQ(Sample.nPattern, 1) << "the rest of the section comes from the program's file";
@@ -65,14 +65,14 @@ TEST_F(ComfortStores, UsersFileAlone_StandsOnTheRules) {
 }
 
 TEST_F(ComfortStores, UsersEmptyText_CountsBeforeTheDelivered) {
-    InitFrom("[Stick]\r\nDevice=\r\n", strAllDelivered);
+    InitFrom("[Stick]\r\nDevice=\r\n", ALL_DELIVERED);
     EXPECT_EQ(Sample.strDevice, L"");
 }
 
 TEST_F(ComfortStores, Upgrade_BringsItsNewKey_WhenTheUserHasAFile) {
     InitFrom("[Stick]\r\nWatch=0\r\n", "[Stick]\r\nWatch=1\r\n");
     EXPECT_EQ(Sample.nPattern, 0) << "the old version's file does not know it";
-    PutProgram(strAllDelivered);
+    PutProgram(ALL_DELIVERED);
     Init();
     EXPECT_EQ(Sample.nPattern, 1);
     EXPECT_FALSE(Sample.bWatch) << "the user's own stays";
@@ -80,7 +80,7 @@ TEST_F(ComfortStores, Upgrade_BringsItsNewKey_WhenTheUserHasAFile) {
 }
 
 TEST_F(ComfortStores, ValueWithoutMeaning_LeavesTheNextPlaceToSay) {
-    InitFrom("[Stick]\r\nWatch=perhaps\r\n[Scan]\r\nPattern=\r\nStepMs\r\n", strAllDelivered);
+    InitFrom("[Stick]\r\nWatch=perhaps\r\n[Scan]\r\nPattern=\r\nStepMs\r\n", ALL_DELIVERED);
     ExpectDelivered();
     InitFrom("[Stick]\r\nWatch=perhaps\r\n", "[Stick]\r\nWatch=?\r\n[Scan]\r\nStepMs=x\r\n");
     ExpectRules();
@@ -126,7 +126,7 @@ TEST_F(ComfortStores, UsersFile_IsReadAsFarAsItGoes_WhateverItHolds) {
     };
     for (const ComfortFileRow& Row : Rows) {
         SCOPED_TRACE(Row.strName);
-        InitFrom(Row.strUser, strAllDelivered);
+        InitFrom(Row.strUser, ALL_DELIVERED);
         EXPECT_EQ(Sample.nStep, Row.nStep);
         EXPECT_TRUE(objStore.Save());
         EXPECT_EQ(UserFile(), Row.strUser) << "nothing was set";
@@ -134,21 +134,21 @@ TEST_F(ComfortStores, UsersFile_IsReadAsFarAsItGoes_WhateverItHolds) {
 }
 
 TEST_F(ComfortStores, LockedOrMissingUsersFile_LeavesTheDelivered) {
-    InitFrom("[Stick]\r\nWatch=0\r\n", strAllDelivered);
-    Desktop.Files.Lock(strUserComfort);
+    InitFrom("[Stick]\r\nWatch=0\r\n", ALL_DELIVERED);
+    Desktop.Files.Lock(COMFORT_OF_USER);
     Init();
     ExpectDelivered();
     Desktop.Files = {};
-    PutProgram(strAllDelivered);
+    PutProgram(ALL_DELIVERED);
     ASSERT_TRUE(platform::CreateFolder(L"C:\\data"));
-    ASSERT_TRUE(platform::CreateFolder(strUserComfort)) << "a folder of that name";
+    ASSERT_TRUE(platform::CreateFolder(COMFORT_OF_USER)) << "a folder of that name";
     Init();
     ExpectDelivered();
 }
 
 TEST_F(ComfortStores, LockedProgramsFile_LeavesTheUsersAndTheRules) {
-    InitFrom("[Stick]\r\nWatch=1\r\n", strAllDelivered);
-    Desktop.Files.Lock(strProgramComfort);
+    InitFrom("[Stick]\r\nWatch=1\r\n", ALL_DELIVERED);
+    Desktop.Files.Lock(COMFORT_OF_PROGRAM);
     Init();
     EXPECT_TRUE(Sample.bWatch);
     Sample.bWatch = false;
@@ -156,7 +156,7 @@ TEST_F(ComfortStores, LockedProgramsFile_LeavesTheUsersAndTheRules) {
 }
 
 TEST_F(ComfortStores, Set_IsInForceAtOnceAndOnlyInMemory) {
-    InitFrom("", strAllDelivered);
+    InitFrom("", ALL_DELIVERED);
     const struct {
         const ComfortKey& objKey;
         const wchar_t* strText;
@@ -188,7 +188,7 @@ TEST_F(ComfortStores, Set_IsInForceAtOnceAndOnlyInMemory) {
 }
 
 TEST_F(ComfortStores, Step_ChangesTheValueInForceUntilTheRangeEnds) {
-    InitFrom("[Scan]\r\nStepMs=5900\r\n", strAllDelivered);
+    InitFrom("[Scan]\r\nStepMs=5900\r\n", ALL_DELIVERED);
     EXPECT_EQ(objStore.Step(STEP, true), ComfortOutcome::Taken);
     EXPECT_EQ(Sample.nStep, 6000);
     EXPECT_EQ(objStore.Step(STEP, true), ComfortOutcome::Bounded);
