@@ -38,35 +38,35 @@ struct cSetting::Row {
     const wchar_t* strSection;
     const wchar_t* strKey;
     int32_t cSetting::*nNumber;  ///< null for a text
-    ReadAs nReadAs;
     const wchar_t* strDefault;
+    ReadAs nReadAs;
     SaveAs nSaveAs;
     std::wstring cSetting::*strText = nullptr;  ///< null for a number
 };
 
 const cSetting::Row cSetting::Rows[] = {
     // clang-format off
-    {INFO, L"TriggerRowReset", &cSetting::nTriggerRowReset, Int, L"0", Absolute},
-    {INFO, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, Int, L"0", Absolute},
-    {INFO, L"ColumnWrap", &cSetting::nColumnWrap, Int, L"0", Absolute},
-    {INFO, L"RowWrap", &cSetting::nRowWrap, Int, L"1", Absolute},
-    {VOICE, L"Name", nullptr, Text, L"Male", AsIs, &cSetting::strVoiceName},
-    {VOICE, L"Rate", &cSetting::nRate, TextToNumber, L"0", AsIs},
-    {VOICE, L"Pitch", &cSetting::nPitch, TextToNumber, L"0", AsIs},
-    {VOICE, L"Volume", &cSetting::nVolume, TextToNumber, L"50", AsIs},
-    {INFO, L"ScanMode", &cSetting::nScanMode, Int, L"0", Absolute},
-    {INFO, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, Int, L"0", Absolute},
-    {INFO, L"ScanSizeX", &cSetting::nScanSizeX, TextToNumber, L"50", Absolute},
-    {INFO, L"ScanSizeY", &cSetting::nScanSizeY, TextToNumber, L"50", Absolute},
-    {INFO, L"ScanDelay", &cSetting::nScanDelay, TextToNumber, L"0", Absolute},
-    {INFO, L"CellTextSize", &cSetting::nCellTextSize, TextToNumber, L"8", Absolute},
-    {INFO, L"CellWidth", &cSetting::nCellWidth, TextToNumber, L"60", Absolute},
-    {INFO, L"CellHeight", &cSetting::nCellHeight, TextToNumber, L"15", Absolute},
-    {INFO, L"DefCursorButton", &cSetting::nDefCursorButton, Int, L"-1", AsIs},
-    {INFO, L"DefActionButton", &cSetting::nDefActionButton, Int, L"-1", AsIs},
-    {INFO, L"Log", &cSetting::nLog, Int, L"0", Absolute},
-    {INFO, L"Delay", &cSetting::nDelay, Int, L"1", Nothing},
-    {INFO, L"SndName", nullptr, Text, L"C:\\", Nothing, &cSetting::strSndName},
+    {INFO, L"TriggerRowReset", &cSetting::nTriggerRowReset, L"0", Int, Absolute},
+    {INFO, L"TriggerColumnReset", &cSetting::nTriggerColumnReset, L"0", Int, Absolute},
+    {INFO, L"ColumnWrap", &cSetting::nColumnWrap, L"0", Int, Absolute},
+    {INFO, L"RowWrap", &cSetting::nRowWrap, L"1", Int, Absolute},
+    {VOICE, L"Name", nullptr, L"Male", Text, AsIs, &cSetting::strVoiceName},
+    {VOICE, L"Rate", &cSetting::nRate, L"0", TextToNumber, AsIs},
+    {VOICE, L"Pitch", &cSetting::nPitch, L"0", TextToNumber, AsIs},
+    {VOICE, L"Volume", &cSetting::nVolume, L"50", TextToNumber, AsIs},
+    {INFO, L"ScanMode", &cSetting::nScanMode, L"0", Int, Absolute},
+    {INFO, L"VoiceOnLineChange", &cSetting::nVoiceOnLineChange, L"0", Int, Absolute},
+    {INFO, L"ScanSizeX", &cSetting::nScanSizeX, L"50", TextToNumber, Absolute},
+    {INFO, L"ScanSizeY", &cSetting::nScanSizeY, L"50", TextToNumber, Absolute},
+    {INFO, L"ScanDelay", &cSetting::nScanDelay, L"0", TextToNumber, Absolute},
+    {INFO, L"CellTextSize", &cSetting::nCellTextSize, L"8", TextToNumber, Absolute},
+    {INFO, L"CellWidth", &cSetting::nCellWidth, L"60", TextToNumber, Absolute},
+    {INFO, L"CellHeight", &cSetting::nCellHeight, L"15", TextToNumber, Absolute},
+    {INFO, L"DefCursorButton", &cSetting::nDefCursorButton, L"-1", Int, AsIs},
+    {INFO, L"DefActionButton", &cSetting::nDefActionButton, L"-1", Int, AsIs},
+    {INFO, L"Log", &cSetting::nLog, L"0", Int, Absolute},
+    {INFO, L"Delay", &cSetting::nDelay, L"1", Int, Nothing},
+    {INFO, L"SndName", nullptr, L"C:\\", Text, Nothing, &cSetting::strSndName},
     // clang-format on
 };
 
