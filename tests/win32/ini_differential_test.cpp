@@ -16,6 +16,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/text.h"
@@ -26,12 +27,12 @@ namespace taviro {
 namespace {
 
 // The x86 program has the same rules; a part of the files shows that it was built right.
-constexpr int nFiles = sizeof(void*) == 8 ? 10000 : 2000;
-constexpr int nFilesPerWrite = 5;  // the system takes milliseconds to write
-constexpr unsigned nSeed = 20240229;
+constexpr int FILES = sizeof(void*) == 8 ? 10000 : 2000;
+constexpr int FILES_PER_WRITE = 5;  // the system takes milliseconds to write
+constexpr unsigned SEED = 20240229;
 constexpr DWORD BUFFER_SIZE = 1024;
-constexpr const char* strNoKey = "(none)";
-constexpr int32_t nNoKey = -12345;
+constexpr const char* NO_KEY_TEXT = "(none)";
+constexpr int32_t NO_KEY_NUMBER = -12345;
 
 const std::string Sections[] = {"s", "Info", "\xC8\xE1sti", "two words"};
 const std::string Keys[] = {"k", "RowWrap", "15", "\x9Elu\x9D", "a b"};
@@ -59,7 +60,8 @@ std::vector<IniLine> LinesOfKey(const IniText& objText, const Operation& objOne)
 std::optional<std::string> ValueOf(const IniText& objText, const Operation& objOne) {
     const std::vector<IniLine> Lines = LinesOfKey(objText, objOne);
     if (Lines.empty() || Lines.front().strSeparator.empty()) return std::nullopt;
-    return std::string(std::string(Lines.front().strValue).c_str());  // up to a NUL
+    const std::string_view strValue = Lines.front().strValue;
+    return std::string(strValue.substr(0, strValue.find('\0')));
 }
 
 std::string WithoutQuotes(const std::string& strValue) {
@@ -252,7 +254,7 @@ class IniDifferential : public testing::Test {
 
     std::string Get() const {
         Flush();
-        std::string strBytes(64 * 1024, '\0');
+        std::string strBytes(size_t{64} * 1024, '\0');
         const HANDLE hFile = CreateFileA(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         EXPECT_NE(hFile, INVALID_HANDLE_VALUE);
@@ -268,10 +270,10 @@ class IniDifferential : public testing::Test {
         Answer objAnswer;
         char Buffer[BUFFER_SIZE];
         DWORD nCount = GetPrivateProfileStringA(objOne.strSection.c_str(), objOne.strKey.c_str(),
-                                                strNoKey, Buffer, BUFFER_SIZE, strPath.c_str());
+                                                NO_KEY_TEXT, Buffer, BUFFER_SIZE, strPath.c_str());
         objAnswer.strText.assign(Buffer, nCount);
         objAnswer.nNumber = static_cast<int32_t>(GetPrivateProfileIntA(
-            objOne.strSection.c_str(), objOne.strKey.c_str(), nNoKey, strPath.c_str()));
+            objOne.strSection.c_str(), objOne.strKey.c_str(), NO_KEY_NUMBER, strPath.c_str()));
         objAnswer.nSectionCount = GetPrivateProfileSectionA(objOne.strSection.c_str(), Buffer,
                                                             BUFFER_SIZE, strPath.c_str());
         return objAnswer;
@@ -280,9 +282,10 @@ class IniDifferential : public testing::Test {
     static Answer AskTaviro(const IniFile& objFile, const Operation& objOne) {
         const std::wstring strSection = platform::FromAnsi(objOne.strSection);
         const std::wstring strKey = platform::FromAnsi(objOne.strKey);
-        return {
-            platform::ToAnsi(objFile.ReadString(strSection, strKey, platform::FromAnsi(strNoKey))),
-            objFile.ReadInt(strSection, strKey, nNoKey), objFile.SectionTextCount(strSection)};
+        return {platform::ToAnsi(
+                    objFile.ReadString(strSection, strKey, platform::FromAnsi(NO_KEY_TEXT))),
+                objFile.ReadInt(strSection, strKey, NO_KEY_NUMBER),
+                objFile.SectionTextCount(strSection)};
     }
 
     void Compare(const Answer& objSystem, const Answer& objTaviro, const std::string& strBytes,
@@ -356,13 +359,13 @@ Operation ForThisSystem(const Operation& objOne) {
 }
 
 TEST_F(IniDifferential, RandomFilesAndWrites_ReadTheSame) {
-    Random objRandom(nSeed);
-    for (int i = 0; i < nFiles && !HasFailure(); ++i) {
+    Random objRandom(SEED);
+    for (int i = 0; i < FILES && !HasFailure(); ++i) {
         const std::string strBytes = ForThisSystem(objRandom.File());
         Put(strBytes);
         CompareReading(ForThisSystem(objRandom.Question()), strBytes);
         CompareReading(ForThisSystem(objRandom.Question()), strBytes);
-        if (i % nFilesPerWrite == 0) {
+        if (i % FILES_PER_WRITE == 0) {
             CompareWriting(strBytes, ForThisSystem(objRandom.Order()),
                            ForThisSystem(objRandom.Question()));
         }

@@ -28,7 +28,8 @@ struct Situation {
     bool bAppMap = false;
     bool bList = false;
     bool bFrontHasMap = false;
-    auto operator<=>(const Situation&) const = default;
+    auto operator<=>(const Situation&) const =
+        default;  // NOLINT(modernize-use-nullptr): the 0 in it
 };
 
 std::string Text(const Situation& Here) {

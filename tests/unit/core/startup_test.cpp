@@ -30,8 +30,8 @@ const Effects STARTED{
     "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela",
     "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2",
     "create folder C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro",
-    "copy C:\\Program Files\\Taviro\\data\\*.* to "
-    "C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro",
+    ("copy C:\\Program Files\\Taviro\\data\\*.* to "
+     "C:\\Users\\Jana\\AppData\\Roaming\\Nordane\\Corvela\\v2.2\\taviro"),
     "list hidden",
     "reader created",
     "engine created",
@@ -207,7 +207,7 @@ const FailureCase FAILURES[] = {
          Desktop.Files.Lock(DATA_PATH + L"\\setting.ini");
      }},
     {"MapIsGarbage",
-     [] { Desktop.Files.Put(SEEDS + L"data.ini", std::string("\0\xFF,,[[]9,9", 11)); }},
+     [] { Desktop.Files.Put(SEEDS + L"data.ini", std::string("\0\xFF,,[[]9,9", 10)); }},
 };
 
 class StartupFailure : public StartupTest, public ::testing::WithParamInterface<FailureCase> {};

@@ -32,10 +32,10 @@ using Codes = std::map<std::string, int32_t>;
 // Every entry once more, but by kinds and by what the codes mean.
 Codes ExpectedCodes() {
     Codes All;
-    for (char n = 'A'; n <= 'Z'; ++n)
-        All[std::string(1, n)] = n;
-    for (char n = '0'; n <= '9'; ++n)
-        All[std::string(1, n)] = KIND_STEP + n;
+    for (const char n : std::string("ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+        All[std::string(1, n)] = static_cast<uint8_t>(n);
+    for (const char n : std::string("0123456789"))
+        All[std::string(1, n)] = KIND_STEP + static_cast<uint8_t>(n);
     for (int32_t n = 1; n <= 12; ++n)
         All["F" + std::to_string(n)] = 111 + n;
     // The Czech letters stand on the row of digits, from 2 to 0, and beside the letters.

@@ -16,8 +16,8 @@
 
 namespace taviro {
 
-inline const std::wstring strFile = L"C:\\data\\setting.ini";
-inline const std::wstring strAppFile = L"C:\\data\\app.ini";
+inline const std::wstring SETTING_FILE = L"C:\\data\\setting.ini";
+inline const std::wstring APP_FILE = L"C:\\data\\app.ini";
 
 /// A number property, for the tests that hold for every one of them.
 struct NumberProperty {
@@ -64,11 +64,11 @@ class SettingTest : public testing::Test {
         ButtonTable = {};
     }
 
-    static void Put(const std::string& strBytes, const std::wstring& strPath = strFile) {
+    static void Put(const std::string& strBytes, const std::wstring& strPath = SETTING_FILE) {
         ASSERT_TRUE(platform::ReplaceFileBytes(strPath, strBytes));
     }
 
-    static void Init() { objSetting.Init(strFile); }
+    static void Init() { objSetting.Init(SETTING_FILE); }
 
     static void InitFrom(const std::string& strBytes) {
         Put(strBytes);
@@ -78,14 +78,14 @@ class SettingTest : public testing::Test {
     static std::string Saved() {
         objSetting.SaveSetting();
         std::string strBytes = "(no file)";
-        Unneeded(platform::ReadFileBytes(strFile, strBytes));
+        Unneeded(platform::ReadFileBytes(SETTING_FILE, strBytes));
         return strBytes;
     }
 
     /// The text of a key in the file as it is on disk; "(none)" when the key is missing.
     static std::string Stored(const std::string& strSection, const std::string& strKey) {
         std::string strBytes;
-        Unneeded(platform::ReadFileBytes(strFile, strBytes));
+        Unneeded(platform::ReadFileBytes(SETTING_FILE, strBytes));
         return platform::ToAnsi(IniFile(strBytes).ReadString(
             platform::FromAnsi(strSection), platform::FromAnsi(strKey), L"(none)"));
     }

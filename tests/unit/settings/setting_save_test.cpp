@@ -12,7 +12,7 @@ using platform::headless::Desktop;
 
 using SettingSave = SettingTest;
 
-const char* const strFirstSave =
+const char* const FIRST_SAVE =
     "[Info]\r\n"
     "TriggerRowReset=0\r\n"
     "TriggerColumnReset=0\r\n"
@@ -40,7 +40,7 @@ const char* const strFirstSave =
 
 TEST_F(SettingSave, FirstSave_WritesTheKeysInOrder) {
     Init();
-    EXPECT_EQ(Saved(), strFirstSave);
+    EXPECT_EQ(Saved(), FIRST_SAVE);
 }
 
 TEST_F(SettingSave, MinusOne_IsSavedAsOneWhereOnIsMeant) {
@@ -145,13 +145,13 @@ TEST_F(SettingSave, Save_WritesIntoTheFileOfThatMoment) {
 }
 
 TEST_F(SettingSave, Save_GoesToTheDefaultFileOnly) {
-    Put("[Info]\r\nColumnWrap=5\r\n", strAppFile);
-    objSetting.Init(strFile, strAppFile);
+    Put("[Info]\r\nColumnWrap=5\r\n", APP_FILE);
+    objSetting.Init(SETTING_FILE, APP_FILE);
     objSetting.ColumnWrap(6);
     objSetting.SaveSetting();
     EXPECT_EQ(Stored("Info", "ColumnWrap"), "6");
     std::string strBytes;
-    ASSERT_TRUE(platform::ReadFileBytes(strAppFile, strBytes));
+    ASSERT_TRUE(platform::ReadFileBytes(APP_FILE, strBytes));
     EXPECT_EQ(strBytes, "[Info]\r\nColumnWrap=5\r\n");
 }
 
@@ -179,11 +179,11 @@ TEST_F(SettingSave, FileLockedAtInit_KeepsItsValuesButForChanges) {
         "[Info]\r\nRowWrap=0\r\nLog=1\r\n[Voice]\r\nName=Iveta\r\nVolume=80\r\n"
         "[Buttons]\r\n0=*mode\r\n1=*action\r\n2=65\r\n3=notepad\r\n";
     Put(strOwn);
-    Desktop.Files.Lock(strFile);
+    Desktop.Files.Lock(SETTING_FILE);
     Init();
     EXPECT_EQ(objSetting.VoiceName(), L"Male");
     ExpectKinds(UsualKinds);
-    Desktop.Files.Lock(strFile, false);
+    Desktop.Files.Lock(SETTING_FILE, false);
     EXPECT_EQ(Saved(), strOwn) << "nothing was changed";
     objSetting.Volume(60);
     ButtonTable[3] = {ButtonKind::Code, L"", 70};
@@ -194,9 +194,9 @@ TEST_F(SettingSave, FileLockedAtInit_KeepsItsValuesButForChanges) {
 
 TEST_F(SettingSave, FileLockedAtAnEarlierInit_IsForgottenByTheNext) {
     Put("[Info]\r\nRowWrap=0\r\n");
-    Desktop.Files.Lock(strFile);
+    Desktop.Files.Lock(SETTING_FILE);
     Init();
-    Desktop.Files.Lock(strFile, false);
+    Desktop.Files.Lock(SETTING_FILE, false);
     Init();
     objSetting.SaveSetting();
     EXPECT_EQ(Stored("Voice", "Volume"), "50");
@@ -205,30 +205,30 @@ TEST_F(SettingSave, FileLockedAtAnEarlierInit_IsForgottenByTheNext) {
 TEST_F(SettingSave, FileLockedAtSave_StaysAsItIs) {
     const std::string strOwn = "[Info]\r\nRowWrap=0\r\n";
     InitFrom(strOwn);
-    Desktop.Files.Lock(strFile);
+    Desktop.Files.Lock(SETTING_FILE);
     objSetting.SaveSetting();
-    Desktop.Files.Lock(strFile, false);
+    Desktop.Files.Lock(SETTING_FILE, false);
     std::string strBytes;
-    ASSERT_TRUE(platform::ReadFileBytes(strFile, strBytes));
+    ASSERT_TRUE(platform::ReadFileBytes(SETTING_FILE, strBytes));
     EXPECT_EQ(strBytes, strOwn);
 }
 
 TEST_F(SettingSave, FailedWrite_LeavesTheOldFile) {
     const std::string strOwn = "[Info]\r\nRowWrap=0\r\n";
     InitFrom(strOwn);
-    Desktop.Files.SetReadOnly(strFile);
+    Desktop.Files.SetReadOnly(SETTING_FILE);
     EXPECT_EQ(Saved(), strOwn);
-    Desktop.Files.SetReadOnly(strFile, false);
+    Desktop.Files.SetReadOnly(SETTING_FILE, false);
     Desktop.Files.nFreeBytes = 10;
     EXPECT_EQ(Saved(), strOwn);
 }
 
 TEST_F(SettingSave, FolderInPlaceOfTheFile_IsIgnored) {
-    ASSERT_TRUE(platform::CreateFolder(strFile));
+    ASSERT_TRUE(platform::CreateFolder(SETTING_FILE));
     Init();
     EXPECT_EQ(objSetting.Volume(), 50);
     EXPECT_EQ(Saved(), "(no file)");
-    EXPECT_TRUE(platform::FolderExists(strFile));
+    EXPECT_TRUE(platform::FolderExists(SETTING_FILE));
 }
 
 TEST_F(SettingSave, MissingFolder_IsIgnored) {

@@ -107,7 +107,7 @@ TEST_F(Setting, SetterOfANumber_StoresAnythingAndLeavesTheFileAlone) {
     }
     objSetting.VoiceName(L"Iveta");
     EXPECT_EQ(objSetting.VoiceName(), L"Iveta");
-    EXPECT_FALSE(platform::FileExists(strFile));
+    EXPECT_FALSE(platform::FileExists(SETTING_FILE));
 }
 
 TEST_F(Setting, SndName_StaysWhenAssigned) {
@@ -119,8 +119,8 @@ TEST_F(Setting, SndName_StaysWhenAssigned) {
 TEST_F(Setting, ApplicationFile_OverridesWholeSections) {
     Put("[Info]\r\nRowWrap=0\r\nColumnWrap=1\r\nCellWidth=99\r\n[Voice]\r\nVolume=70\r\n"
         "[Buttons]\r\n4=*mode\r\n");
-    Put("[info]\r\nColumnWrap=5\r\n[Voice]\r\n\r\n;empty\r\n", strAppFile);
-    objSetting.Init(strFile, strAppFile);
+    Put("[info]\r\nColumnWrap=5\r\n[Voice]\r\n\r\n;empty\r\n", APP_FILE);
+    objSetting.Init(SETTING_FILE, APP_FILE);
     EXPECT_EQ(objSetting.ColumnWrap(), 5);
     EXPECT_EQ(objSetting.RowWrap(), 1) << "missing there: the built-in default";
     EXPECT_EQ(objSetting.CellWidth(), 60) << "missing there: the built-in default";
@@ -131,18 +131,18 @@ TEST_F(Setting, ApplicationFile_OverridesWholeSections) {
 TEST_F(Setting, MissingOrUnreadableApplicationFile_NeverMatches) {
     Put("[Info]\r\nColumnWrap=3\r\n");
     for (const wchar_t* strPath : {L"", L"C:\\nowhere\\app.ini", L"C:\\data"}) {
-        objSetting.Init(strFile, strPath);
+        objSetting.Init(SETTING_FILE, strPath);
         EXPECT_EQ(objSetting.ColumnWrap(), 3);
     }
-    Put("[Info]\r\nColumnWrap=5\r\n", strAppFile);
-    Desktop.Files.Lock(strAppFile);
-    objSetting.Init(strFile, strAppFile);
+    Put("[Info]\r\nColumnWrap=5\r\n", APP_FILE);
+    Desktop.Files.Lock(APP_FILE);
+    objSetting.Init(SETTING_FILE, APP_FILE);
     EXPECT_EQ(objSetting.ColumnWrap(), 3);
 }
 
 TEST_F(Setting, ApplicationFileAlone_IsEnough) {
-    Put("[Info]\r\nColumnWrap=5\r\n", strAppFile);
-    objSetting.Init(strFile, strAppFile);
+    Put("[Info]\r\nColumnWrap=5\r\n", APP_FILE);
+    objSetting.Init(SETTING_FILE, APP_FILE);
     EXPECT_EQ(objSetting.ColumnWrap(), 5);
     EXPECT_EQ(objSetting.Volume(), 50);
 }
