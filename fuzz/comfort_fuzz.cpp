@@ -24,12 +24,13 @@ const std::wstring PROGRAM_FILE = L"C:\\program.ini";
 constexpr char PART_END = '\x01';
 constexpr wchar_t NOT_THERE[] = L"\n";
 
-struct {
+struct FuzzedValues {
     bool bSwitch = false;
     int32_t nNumber = 0;
     int32_t nWord = 0;
     std::wstring strText;
-} Fuzzed;
+};
+FuzzedValues Fuzzed;
 
 constexpr ComfortKey FUZZED_KEYS[] = {
     {.strSection = L"S",
@@ -117,8 +118,7 @@ std::string BytesOf(const std::wstring& strPath) {
 }
 
 void TestBytes(std::string strRest) {
-    platform::headless::Desktop.Files = {};
-    platform::headless::Desktop.Transcript.clear();
+    ForgetFiles();
     const std::string strUser = TakePart(strRest, PART_END);
     platform::headless::Desktop.Files.Put(USER_FILE, strUser);
     platform::headless::Desktop.Files.Put(PROGRAM_FILE, TakePart(strRest, PART_END));
@@ -142,14 +142,20 @@ void TestBytes(std::string strRest) {
     for (size_t i = 0; i < std::size(FUZZED_KEYS); ++i) {
         const ComfortKey& objKey = FUZZED_KEYS[i];
         Require(objSecond.Text(objKey) == objFirst.Text(objKey));
-        const bool bThere =
-            objAfter.ReadString(objKey.strSection, objKey.strKey, NOT_THERE) != NOT_THERE;
+        const std::wstring strBefore =
+            IniFile(strUser).ReadString(objKey.strSection, objKey.strKey, NOT_THERE);
+        const std::wstring strNow =
+            objAfter.ReadString(objKey.strSection, objKey.strKey, NOT_THERE);
+        Require(Changed[i] || strNow == strBefore);
         const bool bAsBase = objFirst.Text(objKey) == Base[i];
         // A base that is no more than the rules' may be unsure, and then it is written out.
-        if (Changed[i] && bAsBase && bSureBase && Base[i] != objKey.strDefault) Require(!bThere);
-        if (Changed[i] && !bAsBase) Require(bThere);
+        if (Changed[i] && bAsBase && bSureBase && Base[i] != objKey.strDefault)
+            Require(strNow == NOT_THERE);
+        if (Changed[i] && !bAsBase) Require(strNow != NOT_THERE);
     }
     RequireForeignLines(strUser, strAfter, IsFuzzedKey);
+    ForgetFiles();
+    Fuzzed = {};
 }
 
 }  // namespace

@@ -90,8 +90,7 @@ bool IsOwnKey(const std::string& strSection, const std::string& strKey) {
 }
 
 void TestBytes(const std::string& strBytes) {
-    platform::headless::Desktop.Files = {};
-    platform::headless::Desktop.Transcript.clear();
+    ForgetFiles();
     platform::headless::Desktop.Files.Put(SETTINGS_PATH, strBytes);
     ButtonTable = {};
     cSetting objFirst;
@@ -107,6 +106,8 @@ void TestBytes(const std::string& strBytes) {
     std::string strAfter;
     Require(platform::ReadFileBytes(SETTINGS_PATH, strAfter));
     RequireForeignLines(strBytes, strAfter, IsOwnKey);
+    ForgetFiles();
+    ButtonTable = {};
 }
 
 }  // namespace

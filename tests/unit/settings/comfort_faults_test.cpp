@@ -66,6 +66,9 @@ TEST(ComfortFaults, FileOfSomethingElse_SaysTwentyAndEndsSoon) {
     for (int i = 0; i < 1000; ++i)
         strLines += "[1,1]a,65\r\n";
     EXPECT_EQ(FindComfortFaults(strLines, SAMPLE_KEYS).size(), 20U);
+    EXPECT_EQ(Faults("[Stick]\nWach=1\n" + std::string(200'000, '\n')),
+              "2: [Stick] Wach is no key\n")
+        << "what stands at the beginning is said";
     EXPECT_EQ(Faults(std::string(200'000, 'x')), "") << "one line longer than such a file";
     EXPECT_EQ(Faults(std::string(200'000, '\n') + "x"), "");
     EXPECT_EQ(Faults(std::string(65'534, '\n') + "x\n"),

@@ -101,6 +101,26 @@ TEST_F(ComfortSave, Save_WritesIntoTheFileOfThatMoment) {
     EXPECT_EQ(UserFile(), "[Scan]\r\nPattern=groups\r\nStepMs=500\r\n");
 }
 
+TEST_F(ComfortSave, SavedKey_IsNotWrittenAgain_WhenTheUserChangedItInTheFile) {
+    Init();
+    Set(STEP, L"500");
+    EXPECT_TRUE(objStore.Save());
+    PutUser("[Scan]\r\nStepMs=900\r\n");
+    Set(WATCH, L"1");
+    EXPECT_TRUE(objStore.Save());
+    EXPECT_EQ(UserFile(), "[Scan]\r\nStepMs=900\r\n[Stick]\r\nWatch=1\r\n");
+}
+
+TEST_F(ComfortSave, WhatWasNotSaved_IsForgotten_WhenTheFilesAreReadAnew) {
+    Init();
+    Set(STEP, L"500");
+    objStore.Init(COMFORT_OF_USER, COMFORT_OF_PROGRAM);
+    EXPECT_EQ(Sample.nStep, 0);
+    PutUser("[Scan]\r\nStepMs=900\r\n");
+    EXPECT_TRUE(objStore.Save());
+    EXPECT_EQ(UserFile(), "[Scan]\r\nStepMs=900\r\n");
+}
+
 TEST_F(ComfortSave, Text_IsReadBackAsItWas) {
     Init();
     for (const wchar_t* strText : {L" páka ", L"\"", L"\"a\"", L"'a'", L"a;b", L"=", L"[x]", L"",

@@ -82,7 +82,8 @@ TEST_F(ComfortStores, Upgrade_BringsItsNewKey_WhenTheUserHasAFile) {
 TEST_F(ComfortStores, ValueWithoutMeaning_LeavesTheNextPlaceToSay) {
     InitFrom("[Stick]\r\nWatch=perhaps\r\n[Scan]\r\nPattern=\r\nStepMs\r\n", ALL_DELIVERED);
     ExpectDelivered();
-    InitFrom("[Stick]\r\nWatch=perhaps\r\n", "[Stick]\r\nWatch=?\r\n[Scan]\r\nStepMs=x\r\n");
+    InitFrom("[Stick]\r\nWatch=perhaps\r\n",
+             "[Stick]\r\nWatch=?\r\n[Scan]\r\nStepMs=x\r\n[Sound]\r\nVolume=loud\r\n");
     ExpectRules();
 }
 
