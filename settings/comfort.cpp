@@ -11,9 +11,8 @@ constexpr ComfortKey COMFORT_KEYS[] = {
      .Target = &Comfort.bWatch,
      .strDefault = L"0",
      .strDelivered = L"1",
-     .strMeaning = L"Joystick smí přijít a odejít za běhu: připojený později začne ovládat mapu, "
-                   L"odpojený nebo usnulý platí za puštěný a ovládání převezme klávesnice. Jinak "
-                   L"se joystick hledá jen při spuštění."},
+     .strMeaning = L"Připravuje se, zatím nic nemění: joystick bude smět přijít a odejít za běhu. "
+                   L"Teď se hledá jen při spuštění."},
 };
 
 }  // namespace
