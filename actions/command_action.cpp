@@ -36,8 +36,19 @@ TriggeredAction FetchAction(int32_t nIndex) {
         return {.strCommand = pCell->Command, .nCode = pCell->Code};
     }
     if (nIndex < 0 || nIndex >= static_cast<int32_t>(nButtonCount)) return {};
+    // Of the two fields only the kind's own counts: the other may hold what the button did before.
     const ButtonAction& Button = ButtonTable[static_cast<size_t>(nIndex)];
-    return {.strCommand = Button.Command, .nCode = Button.Code};
+    switch (Button.Kind) {
+        case ButtonKind::Code:
+            return {.strCommand = {}, .nCode = Button.Code};
+        case ButtonKind::Command:
+            return {.strCommand = Button.Command, .nCode = 0};
+        case ButtonKind::Action:
+        case ButtonKind::Mode:
+        case ButtonKind::Unassigned:
+            break;
+    }
+    return {};
 }
 
 void ExecuteCommand(const Command& Wanted) {

@@ -6,6 +6,7 @@
 
 #include "dialogs/entered_text.h"
 #include "dialogs/key_choice.h"
+#include "platform/dialogs.h"
 #include "state/program_state.h"
 #include "vocabulary/action_code.h"
 #include "vocabulary/button_word.h"
@@ -16,11 +17,14 @@ namespace {
 
 constexpr size_t LONGEST_COMMAND = 1023;  // characters that reading the settings file returns
 
+constexpr size_t QUOTES_OF_FILE = 2;  // of these, when the command needs them
+
 // A command as the settings file gives it back: no blanks before it, and with real quotes.
 std::wstring StorableCommand(const std::wstring& strEntered) {
     std::wstring strLine = OneLine(strEntered);
     strLine.erase(0, std::min(strLine.find_first_not_of(L' '), strLine.size()));
-    return ButtonWord::FromStoredQuotes(strLine).substr(0, LONGEST_COMMAND);
+    const size_t nRoom = LONGEST_COMMAND - (NeedsQuotes(strLine) ? QUOTES_OF_FILE : 0);
+    return ButtonWord::FromStoredQuotes(strLine).substr(0, nRoom);
 }
 
 KeyChoice KeyOfForm(ButtonConfigForm& Form) {
@@ -39,8 +43,8 @@ ButtonConfigForm::ButtonConfigForm() : Form(L"frmButtonConfig") {
     };
     OnUnload = [] { Program.bDialogActive = false; };
     cmdOK.OnClick = [this] {
-        StoreRow();
-        Unload();
+        if (StoreRow()) return Unload();
+        platform::ShowInformation(L"Vyberte klávesu, kterou má tlačítko stisknout.", Caption);
     };
     cmdCancel.OnClick = [this] { Unload(); };
 }
@@ -61,15 +65,21 @@ void ButtonConfigForm::FillControls() {
     Text3.Text = bCommand ? Shown.Command : std::wstring{};
 }
 
-void ButtonConfigForm::StoreRow() {
+bool ButtonConfigForm::StoreRow() {
     ButtonAction* pRow = Row();
-    if (pRow == nullptr) return;
+    if (pRow == nullptr) return true;
     const int32_t nRole = OptionType.Selected;
-    pRow->Kind = nRole < 0 ? ButtonKind::Unassigned : static_cast<ButtonKind>(nRole);
-    // A key that has no name, as a settings file may hold, stays when no other is chosen.
-    if (pRow->Kind == ButtonKind::Code)
-        pRow->Code = KeyOfForm(*this).Code(UnmodifiedCode(pRow->Code));
-    if (pRow->Kind == ButtonKind::Command) pRow->Command = Text3.Text;
+    ButtonAction Chosen = *pRow;
+    Chosen.Kind = nRole < 0 ? ButtonKind::Unassigned : static_cast<ButtonKind>(nRole);
+    if (Chosen.Kind == ButtonKind::Code) {
+        // A key that has no name, as a settings file may hold, stays when no other is chosen.
+        const bool bHadKey = pRow->Kind == ButtonKind::Code;
+        Chosen.Code = KeyOfForm(*this).Code(bHadKey ? UnmodifiedCode(pRow->Code) : NO_KEY);
+        if (UnmodifiedCode(Chosen.Code) == NO_KEY) return false;
+    }
+    if (Chosen.Kind == ButtonKind::Command) Chosen.Command = Text3.Text;
+    *pRow = Chosen;
+    return true;
 }
 
 }  // namespace taviro

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What one joystick button does: its role, and for a key button the key with its modifiers, for a
 // command button the command. OK writes the button's row of the button table; the settings file
-// follows with the next save of the settings.
+// follows with the next save of the settings. A key button without a key is refused with a message.
 #pragma once
 
 #include <memory>
@@ -37,7 +37,8 @@ class ButtonConfigForm : public forms::Form {
   private:
     ButtonAction* Row() const;
     void FillControls();
-    void StoreRow();
+    // Returns false, and stores nothing, when a key is to be pressed and none is chosen.
+    bool StoreRow();
 
     int32_t m_nButton = 0;
 };

@@ -17,7 +17,6 @@ namespace taviro {
 
 namespace {
 
-constexpr int32_t NO_KEY = 0;
 constexpr int32_t NO_MODE_MARK = 0;
 
 // A caption as the map file can hold it: the comma ends it there, and blanks before it are lost.

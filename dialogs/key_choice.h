@@ -10,6 +10,8 @@
 
 namespace taviro {
 
+inline constexpr int32_t NO_KEY = 0;  ///< the code of no key at all
+
 struct KeyChoice {
     forms::ListBox& ComboKey;
     forms::CheckBox& chkSHIFT;

@@ -94,7 +94,11 @@ void PrepareProgram(const std::wstring& strText, const Header& Head) {
     Program.nCellTextSize = 10;
     for (int32_t n = 1; n <= MAP_ROWS_FILLED; ++n)
         *CommonMap.Cell(1, n) = {.Caption = L"a", .Code = Head.nCode, .Command = strText};
-    ButtonTable.fill({.Kind = ButtonKind::Command, .Command = strText, .Code = Head.nCode});
+    for (size_t n = 0; n < nButtonCount; ++n) {
+        ButtonTable[n] = {.Kind = n % 2 == 0 ? ButtonKind::Command : ButtonKind::Code,
+                          .Command = strText,
+                          .Code = Head.nCode};
+    }
     ShowMap(true);
     if ((Head.nWays & WAY_OFFERED) != 0) InstallDictionary(strText);
     Prediction.strPrefix = L"ab";

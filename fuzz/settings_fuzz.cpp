@@ -63,6 +63,9 @@ void RequireSameButtons(const std::array<ButtonAction, nButtonCount>& First,
     for (size_t i = 0; i < nButtonCount; ++i) {
         LoadButton(ReadBack(ButtonText(First[i]).value_or(L"")), Expected[i]);
         Kinds.insert(Expected[i].Kind);
+        const bool bCommand = First[i].Kind == ButtonKind::Command;
+        Require(!bCommand || Expected[i].Kind == ButtonKind::Command);
+        Require(!bCommand || Expected[i].Command == First[i].Command);
     }
     if (!Kinds.contains(ButtonKind::Action)) Expected[0].Kind = ButtonKind::Action;
     if (!Kinds.contains(ButtonKind::Mode)) Expected[1].Kind = ButtonKind::Mode;

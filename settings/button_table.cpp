@@ -7,19 +7,64 @@
 
 namespace taviro {
 
+namespace {
+
+constexpr wchar_t FILE_QUOTE = L'"';
+
+// What a text says that stands in the file as it is.
+ButtonKind KindOfText(std::wstring_view strText) {
+    if (strText == ButtonWord::Action) return ButtonKind::Action;
+    if (strText == ButtonWord::Mode) return ButtonKind::Mode;
+    if (platform::LeadingNumber(strText) > 0) return ButtonKind::Code;
+    return strText.empty() ? ButtonKind::Unassigned : ButtonKind::Command;
+}
+
+std::wstring Quoted(const std::wstring& strText) {
+    return FILE_QUOTE + strText + FILE_QUOTE;
+}
+
+// A command that says something else without its quotes; they are no part of it then. Other quotes
+// are, as in a file that an earlier version or a hand wrote.
+std::wstring_view WithoutNeededQuotes(std::wstring_view strText) {
+    const bool bQuoted =
+        strText.size() >= 2 && strText.front() == FILE_QUOTE && strText.back() == FILE_QUOTE;
+    if (!bQuoted) return strText;
+    const std::wstring_view strInside = strText.substr(1, strText.size() - 2);
+    return NeedsQuotes(strInside) ? strInside : strText;
+}
+
+// Reading a value takes blanks and one pair of quotes from around it.
+bool LosesItsEnds(std::wstring_view strText) {
+    constexpr std::wstring_view BLANKS = L" \t\v\f\x1A";
+    constexpr std::wstring_view QUOTES = L"\"'";
+    const wchar_t nFirst = strText.front();
+    const wchar_t nLast = strText.back();
+    const auto IsOneOf = [](std::wstring_view strSet, wchar_t nEnd) {
+        return strSet.find(nEnd) != std::wstring_view::npos;
+    };
+    return IsOneOf(BLANKS, nFirst) || IsOneOf(BLANKS, nLast) ||
+           (nFirst == nLast && IsOneOf(QUOTES, nFirst) && strText.size() > 1);
+}
+
+std::wstring CommandText(const std::wstring& strCommand) {
+    std::wstring strText = ButtonWord::ToStoredQuotes(strCommand);
+    if (NeedsQuotes(strText)) strText = Quoted(strText);
+    return LosesItsEnds(strText) ? Quoted(strText) : strText;
+}
+
+}  // namespace
+
+bool NeedsQuotes(std::wstring_view strCommand) {
+    return KindOfText(strCommand) != ButtonKind::Command;
+}
+
 void LoadButton(std::wstring_view strText, ButtonAction& objButton) {
-    if (strText == ButtonWord::Action) {
-        objButton.Kind = ButtonKind::Action;
-    } else if (strText == ButtonWord::Mode) {
-        objButton.Kind = ButtonKind::Mode;
-    } else if (const double fNumber = platform::LeadingNumber(strText); fNumber > 0) {
-        objButton.Kind = ButtonKind::Code;
-        Unneeded(platform::RoundToInt32(fNumber, objButton.Code));  // too large: the code stays
-    } else if (strText.empty()) {
-        objButton.Kind = ButtonKind::Unassigned;
-    } else {
-        objButton.Kind = ButtonKind::Command;
-        objButton.Command = ButtonWord::FromStoredQuotes(strText);
+    objButton.Kind = KindOfText(strText);
+    if (objButton.Kind == ButtonKind::Code) {
+        // Too large: the code stays.
+        Unneeded(platform::RoundToInt32(platform::LeadingNumber(strText), objButton.Code));
+    } else if (objButton.Kind == ButtonKind::Command) {
+        objButton.Command = ButtonWord::FromStoredQuotes(WithoutNeededQuotes(strText));
     }
 }
 
@@ -32,7 +77,7 @@ std::optional<std::wstring> ButtonText(const ButtonAction& objButton) {
         case ButtonKind::Code:
             return std::to_wstring(objButton.Code);
         case ButtonKind::Command:
-            return ButtonWord::ToStoredQuotes(objButton.Command);
+            return CommandText(objButton.Command);
         case ButtonKind::Unassigned:
             break;
     }

@@ -37,6 +37,10 @@ inline std::array<ButtonAction, nButtonCount> ButtonTable;
 /// fields keep what they held, and so does the code when its number does not fit 32 bits.
 void LoadButton(std::wstring_view strText, ButtonAction& objButton);
 
+/// Whether the file would say something else by this command's own text: one of the words, a number
+/// or nothing. It stands in quotes there, two characters more, and comes back without them.
+bool NeedsQuotes(std::wstring_view strCommand);
+
 /// The text for the file. None for an unassigned button (or an unknown kind): it has no key there.
 std::optional<std::wstring> ButtonText(const ButtonAction& objButton);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the settings file writes what a joystick button does: one of two words, a code's number, or a
 // command. Reading the file takes enclosing double quotes away, so a command's own are stored as
-// "$".
+// "$". Which commands stand in quotes of the file's is settings/button_table.h's business.
 #pragma once
 
 #include <string>

@@ -161,6 +161,21 @@ TEST_F(CommandRun, Button_RunsItsRecord_CaretMovesTheHighlight) {
     EXPECT_EQ(Here(), L"1,2");
 }
 
+TEST_F(CommandRun, Button_RunsWhatItsKindSays_AndNotWhatItDidBefore) {
+    ButtonTable[3] = {.Kind = ButtonKind::Command, .Command = L"calc", .Code = 65};
+    EXPECT_EQ(RunButton(3), (Effects{"silence", "launch \"calc\""}));
+    ButtonTable[3] = {.Kind = ButtonKind::Code, .Command = L"|calc^", .Code = 65};
+    EXPECT_EQ(RunButton(3), (Effects{"silence", TAP_A}));
+    EXPECT_FALSE(Modes.bArrowMode);
+    EXPECT_EQ(Here(), L"3,2");
+    ButtonTable[3] = {.Kind = ButtonKind::Code, .Command = L"calc", .Code = 20000};
+    EXPECT_EQ(RunButton(3), EMPTY_ACTION);
+    for (const ButtonKind nKind : {ButtonKind::Action, ButtonKind::Mode, ButtonKind::Unassigned}) {
+        ButtonTable[3] = {.Kind = nKind, .Command = L"calc", .Code = 65};
+        EXPECT_EQ(RunButton(3), EMPTY_ACTION) << static_cast<int>(nKind);
+    }
+}
+
 // The fetch fails and is skipped: what follows runs with an empty text and code 0.
 TEST_F(CommandRun, IndexOutsideTheTable_RunsTheEmptyAction) {
     ButtonTable.fill({.Kind = ButtonKind::Command, .Command = L"calc^", .Code = 65});

@@ -73,6 +73,7 @@ TEST_F(ButtonConfigTest, Role_IsStored_WhenItIsChosen) {
     for (const auto& [nRole, nKind] : ROLES) {
         OpenRow(ButtonKind::Unassigned, L"", 0);
         frmButtonConfig->OptionType.Choose(nRole);
+        frmButtonConfig->ComboKey.Select(0);
         Ok();
         EXPECT_EQ(Row().Kind, nKind);
     }
@@ -126,6 +127,31 @@ TEST_F(ButtonConfigTest, KeyWithoutName_StaysAndTakesModifiers_WhenNoOtherIsChos
     EXPECT_EQ(Row().Code, 40091);
 }
 
+TEST_F(ButtonConfigTest, KeyButton_IsRefusedWithAMessage_WithoutAKey) {
+    const ButtonAction ROWS[] = {
+        {.Kind = ButtonKind::Unassigned, .Command = L"", .Code = 0},
+        {.Kind = ButtonKind::Command, .Command = L"calc", .Code = 91},  // left over, and not shown
+        {.Kind = ButtonKind::Code, .Command = L"", .Code = 20000},
+    };
+    for (const ButtonAction& Before : ROWS) {
+        Row() = Before;
+        Open();
+        frmButtonConfig->OptionType.Choose(2);
+        frmButtonConfig->chkCTRL.Value = true;
+        Desktop.TakeEffects();
+        Ok();
+        EXPECT_EQ(Row(), Before);
+        EXPECT_TRUE(frmButtonConfig->Visible) << "the key can still be chosen";
+        EXPECT_EQ(Desktop.TakeEffects(),
+                  (Effects{"information \"Vyberte klávesu, kterou má tlačítko stisknout.\" titled "
+                           "\"Nastavení tlačítka 5\""}));
+        frmButtonConfig->ComboKey.SelectText(L"A");
+        Ok();
+        ExpectRow(ButtonKind::Code, platform::ToUtf8(Before.Command), 20065);
+        EXPECT_FALSE(frmButtonConfig->IsLoaded());
+    }
+}
+
 TEST_F(ButtonConfigTest, Command_IsShownOnlyForACommandButton) {
     OpenRow(ButtonKind::Command, L"notepad", 0);
     EXPECT_EQ(frmButtonConfig->Text3.Text.Get(), L"notepad");
@@ -147,6 +173,11 @@ TEST_F(ButtonConfigTest, Command_ShowsWhatTheSettingsCanHold_WhenSomethingElseIs
         {L"a=b;c#d", "a=b;c#d"},
         {L"příkaz", "příkaz"},
         {std::wstring(10000, L'ž'), platform::ToUtf8(std::wstring(1023, L'ž'))},
+        {L"7zFM.exe", "7zFM.exe"},
+        {L"*action", "*action"},
+        {L"'x y'", "'x y'"},
+        {L".5x", ".5x"},
+        {std::wstring(10000, L'7'), std::string(1021, '7')},
     };
     for (const auto& [strEntered, strHeld] : ENTRIES) {
         OpenRow(ButtonKind::Command, L"old", 0);

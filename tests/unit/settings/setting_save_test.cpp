@@ -115,6 +115,41 @@ TEST_F(SettingSave, SaveButton_WritesItsText) {
     }
 }
 
+TEST_F(SettingSave, ButtonsCommand_ComesBackAsItWas_WhateverItLooksLike) {
+    // What the file would read as a number, a word or a quoted text stands in quotes there; what
+    // comes back as it is stands there as it is.
+    const std::pair<std::wstring, std::string> ROWS[] = {
+        {L"7zFM.exe", "\"\"7zFM.exe\"\""},
+        {L".5x", "\"\".5x\"\""},
+        {L"+1", "\"\"+1\"\""},
+        {L"*action", "\"\"*action\"\""},
+        {L"*mode", "\"\"*mode\"\""},
+        {L"", "\"\"\"\""},
+        {L"'x y'", "\"'x y'\""},
+        {L"calc ", "\"calc \""},
+        {L" calc", "\" calc\""},
+        {L"\t", "\"\t\""},
+        {L"\"7zFM.exe\"", "$7zFM.exe$"},
+        {L"0", "0"},
+        {L"-3", "-3"},
+        {L"*Action", "*Action"},
+        {L"'x", "'x"},
+        {L"'", "'"},
+        {L"\"", "$"},
+        {L"notepad:a b", "notepad:a b"},
+    };
+    for (const auto& [strCommand, strInFile] : ROWS) {
+        SCOPED_TRACE(strInFile);
+        InitFrom("");
+        ButtonTable[9] = {ButtonKind::Command, strCommand, 0};
+        const std::string strLine = "\r\n9=" + strInFile + "\r\n";
+        EXPECT_NE(Saved().find(strLine), std::string::npos) << Saved();
+        ButtonTable[9] = {ButtonKind::Mode, L"old", 5};
+        Init();
+        EXPECT_EQ(ButtonTable[9], (ButtonAction{ButtonKind::Command, strCommand, 5}));
+    }
+}
+
 TEST_F(SettingSave, UnassignedButton_LosesEveryLineOfItsKey) {
     InitFrom("[Buttons]\r\n0=*action\r\n1=*mode\r\n2=65\r\n2=66\r\n");
     ButtonTable[2].Kind = ButtonKind::Unassigned;

@@ -176,6 +176,13 @@ TEST_F(Setting, ButtonText_GivesTheRecord) {
         {"$C:\\Program Files\\a.exe$ -x", 3, 5, L"\"C:\\Program Files\\a.exe\" -x"},
         {"\"quoted\"", 3, 5, L"quoted"},
         {"|\xE8>", 3, 5, L"|č>"},
+        // Quotes of the file's, within those that reading takes away, for what is no command
+        // without them; other quotes are the command's own.
+        {"\"\"7zFM.exe\"\"", 3, 5, L"7zFM.exe"},
+        {"\"\"*mode\"\"", 3, 5, L"*mode"},
+        {"\"\"\"\"", 3, 5, L""},
+        {"\"\"C:\\a.exe\"\"", 3, 5, L"\"C:\\a.exe\""},
+        {"\"\"", 4, 5, L"old"},
     };
     for (const ButtonRow& Row : Rows) {
         ButtonTable[7] = {ButtonKind::Mode, L"old", 5};
