@@ -47,6 +47,7 @@ std::wstring SelectedText() {
 
 void ShowList(const std::wstring& strText) {
     if (Modes.bListMode) return;
+    FrmMain->ScanTimer.Enabled = false;  // the list covers what was scanned
     auto& List = FrmMain->List1;
     auto& Status = FrmMain->Label1;
     PlaceList();

@@ -25,7 +25,13 @@ namespace {
 // Where a change begins. Between: the mode has ended, and what is in front decides on the next.
 enum class From { Selection, Scan, Arrow, Application, List, Anywhere, Between };
 
-enum class When { Always, ScanningIsOn, AppMapIsShown };
+enum class When {
+    Always,
+    ScanningIsOn,
+    AppMapIsShown,
+    AppModeIsCovered,  // by the list, with its map
+    AppMapWasKept,     // in another mode, as the arrow's mark keeps it
+};
 
 // What a change does, in the order of its row.
 enum class Step {
@@ -34,7 +40,7 @@ enum class Step {
     Log,
     EndMode,  // no mode is on; while messages run it counts as selection
     SetMode,
-    RememberCell,
+    RememberCell,      // of the common map
     FollowForeground,  // shows the map of the program in front
     LeaveAppMap,
     ShowCommonMap,
@@ -55,9 +61,14 @@ struct Transition {
     std::span<const Step> Steps;
 };
 
-constexpr Step NEXT_MODE[] = {Step::Announce, Step::Log, Step::SetMode, Step::CloseList};
-constexpr Step NEXT_MODE_REMEMBERED[] = {Step::Announce, Step::Log, Step::SetMode,
-                                         Step::RememberCell, Step::CloseList};
+// Scanning ends with every change.
+constexpr Step NEXT_MODE[] = {Step::StopScan, Step::Announce, Step::Log, Step::SetMode,
+                              Step::CloseList};
+constexpr Step NEXT_MODE_REMEMBERED[] = {Step::StopScan, Step::Announce,     Step::Log,
+                                         Step::SetMode,  Step::RememberCell, Step::CloseList};
+constexpr Step LEAVE_LIST_AND_MAP[] = {Step::StopScan, Step::Announce,    Step::Log,
+                                       Step::SetMode,  Step::LeaveAppMap, Step::ForgetForeground,
+                                       Step::CloseList};
 constexpr Step LEAVE_ARROW[] = {Step::StopScan, Step::EndMode, Step::FollowForeground, Step::GoOn};
 constexpr Step LEAVE_SCAN[] = {Step::StopScan, Step::EndMode, Step::RememberCell,
                                Step::FollowForeground, Step::GoOn};
@@ -69,12 +80,30 @@ constexpr Step LEAVE_APPLICATION[] = {Step::StopScan,  Step::LeaveAppMap, Step::
 // A key may have opened a list while the announcement let messages run.
 constexpr Step LOSE_APPLICATION[] = {Step::EndMode, Step::StopScan,         Step::EnterMode,
                                      Step::SetMode, Step::ForgetForeground, Step::CloseList};
-constexpr Step MARKED_ARROW[] = {Step::Announce, Step::SetMode};
-constexpr Step MARKED_APPLICATION[] = {Step::Announce, Step::SetMode, Step::FollowForeground};
-constexpr Step MARKED_SELECTION[] = {Step::Announce, Step::SetMode, Step::ShowCommonMap};
+constexpr Step MARKED_ARROW[] = {Step::StopScan, Step::Announce, Step::SetMode};
+constexpr Step MARKED_APPLICATION[] = {Step::StopScan, Step::Announce, Step::SetMode,
+                                       Step::FollowForeground};
+constexpr Step MARKED_SELECTION[] = {Step::StopScan, Step::Announce, Step::SetMode,
+                                     Step::ShowCommonMap};
+constexpr Step MARKED_SELECTION_FROM_APP_MAP[] = {Step::StopScan, Step::Announce, Step::SetMode,
+                                                  Step::LeaveAppMap, Step::ForgetForeground};
 
 // The first row that fits counts.
-constexpr std::array<Transition, 12> TRANSITIONS{{
+constexpr std::array<Transition, 15> TRANSITIONS{{
+    {.nFrom = From::List,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::AppModeIsCovered,
+     .nTo = Mode::Application,
+     .szAnnounced = L"mode_app",
+     .szLog = L"AppMode set",
+     .Steps = NEXT_MODE},
+    {.nFrom = From::List,
+     .nEvent = ModeEvent::ModeButton,
+     .nWhen = When::AppMapWasKept,
+     .nTo = Mode::Select,
+     .szAnnounced = L"mode_select",
+     .szLog = L"SelectMode set",
+     .Steps = LEAVE_LIST_AND_MAP},
     {.nFrom = From::List,
      .nEvent = ModeEvent::ModeButton,
      .nTo = Mode::Select,
@@ -126,6 +155,12 @@ constexpr std::array<Transition, 12> TRANSITIONS{{
      .Steps = MARKED_APPLICATION},
     {.nFrom = From::Anywhere,
      .nEvent = ModeEvent::SelectionMark,
+     .nWhen = When::AppMapIsShown,
+     .nTo = Mode::Select,
+     .szAnnounced = L"mode_select",
+     .Steps = MARKED_SELECTION_FROM_APP_MAP},
+    {.nFrom = From::Anywhere,
+     .nEvent = ModeEvent::SelectionMark,
      .nTo = Mode::Select,
      .szAnnounced = L"mode_select",
      .Steps = MARKED_SELECTION},
@@ -153,6 +188,10 @@ bool Holds(When nWhen) {
             return objSetting.ScanMode() == 1;
         case When::AppMapIsShown:
             return Foreground.bAppMapShown;
+        case When::AppModeIsCovered:
+            return Foreground.bAppMapShown && Modes.bAppMode;
+        case When::AppMapWasKept:
+            return Foreground.bAppMapShown && (Modes.bArrowMode || Modes.bScanMode);
         case When::Always:
             break;
     }
@@ -181,7 +220,9 @@ void ChangeFrom(From nFrom, ModeEvent nEvent) {
                Holds(Row.nWhen);
     });
     if (pRow == TRANSITIONS.end()) return;
-    if (pRow->nFrom == From::Anywhere && IsOn(pRow->nTo)) return;
+    // A mark whose mode is on changes nothing, but the one that also leads away from a map.
+    const bool bMark = pRow->nFrom == From::Anywhere && pRow->nWhen == When::Always;
+    if (bMark && IsOn(pRow->nTo)) return;
     for (const Step nStep : pRow->Steps)
         Carry(nStep, *pRow);
 }
@@ -200,7 +241,8 @@ void Carry(Step nStep, const Transition& Row) {
         case Step::SetMode:
             return Modes.Set(Row.nTo);
         case Step::RememberCell:
-            return Cursor.Remember();
+            if (!Foreground.bAppMapShown) Cursor.Remember();
+            return;
         case Step::FollowForeground:
             return CheckForegroundApp(true);
         case Step::LeaveAppMap:

@@ -14,8 +14,10 @@ enum class DrivenBy { Selection, Scan, Arrow, Application, List };
 DrivenBy WhatIsDriven();
 
 enum class ModeEvent {
-    ModeButton,     ///< the button that goes on to the next mode
-    SelectionMark,  ///< a command's mark, which does nothing when its mode is on already
+    ModeButton,  ///< the button that goes on to the next mode
+    /// A command's mark, which does nothing when its mode is on already; that of the selection
+    /// leads away from an application's map all the same.
+    SelectionMark,
     ArrowMark,
     ApplicationMark,
     AppMapGone,  ///< in application mode: the map of the program in front is no longer shown

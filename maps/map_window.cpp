@@ -104,7 +104,11 @@ void LayOutMap() {
         Pass.PlaceRow(nRow);
     if (nRow == 1) HideCells();
     SizeWindow(Pass);
-    if (const MapCell* pCell = Grid.Cell(Cursor.nColumn, Cursor.nRow)) {
+    NameCursorInCaption();
+}
+
+void NameCursorInCaption() {
+    if (const MapCell* pCell = ShownMap().Cell(Cursor.nColumn, Cursor.nRow)) {
         FrmMain->Caption = L"Taviro - " + pCell->Caption;
     }
 }

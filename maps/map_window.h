@@ -12,6 +12,9 @@ inline constexpr int32_t LABELS_PER_ROW = 50;  ///< label index = (row - 1) * 50
 /// Lays out the map on screen: labels, status line and the window's size. The highlight stays.
 void LayOutMap();
 
+/// Names the cell under the cursor in the window's caption; outside the grid nothing happens.
+void NameCursorInCaption();
+
 /// Moves the highlight to a cell and shows its caption in the status line. Outside columns and rows
 /// 1 to 50 nothing happens.
 void SetHi(int32_t nColumn, int32_t nRow);

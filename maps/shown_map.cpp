@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "maps/shown_map.h"
 
+#include <algorithm>
+
 #include "maps/app_positions.h"
 #include "maps/map_file.h"
+#include "maps/map_grid.h"
 #include "maps/map_window.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
@@ -10,6 +13,25 @@
 namespace taviro {
 
 namespace {
+
+// A map may have become smaller since, or the place be another's. In a row the cells behind a gap
+// are cells too.
+void KeepCursorInMap() {
+    const MapGrid& Grid = ShownMap();
+    const auto HasCell = [&](int32_t nColumn, int32_t nRow) {
+        const MapCell* pCell = Grid.Cell(nColumn, nRow);
+        return pCell != nullptr && !pCell->Caption.empty();
+    };
+    int32_t nRows = 0;
+    while (HasCell(1, nRows + 1))
+        ++nRows;
+    Cursor.nRow = std::max(1, std::min(Cursor.nRow, nRows));
+    if (Cursor.nColumn >= 1 && HasCell(Cursor.nColumn, Cursor.nRow)) return;
+    int32_t nColumns = 0;
+    while (HasCell(nColumns + 1, Cursor.nRow))
+        ++nColumns;
+    Cursor.nColumn = std::max(1, std::min(Cursor.nColumn, nColumns));
+}
 
 // Shows an application's map if there is one.
 bool ShowMapOf(const std::wstring& strAppName) {
@@ -29,6 +51,7 @@ void ForgetApplication() {
 
 void ShowMap(bool bHighlight) {
     Foreground.bAppMapShown = false;
+    if (bHighlight) KeepCursorInMap();  // first: the layout names its cell in the caption
     LayOutMap();
     if (bHighlight) SetHi(Cursor.nColumn, Cursor.nRow);
 }
@@ -39,7 +62,14 @@ void ShowAppMap() {
     Cursor.nColumn = 1;
     Cursor.nRow = 1;
     GetAppPosition(Foreground.strCurrentAppName, Cursor.nColumn, Cursor.nRow);
+    KeepCursorInMap();
     SetHi(Cursor.nColumn, Cursor.nRow);
+}
+
+void HighlightCursor() {
+    KeepCursorInMap();
+    SetHi(Cursor.nColumn, Cursor.nRow);
+    NameCursorInCaption();
 }
 
 void FollowApplication(const std::wstring& strAppName) {

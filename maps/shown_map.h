@@ -7,12 +7,17 @@
 
 namespace taviro {
 
-/// Lays out the common map and shows it; bHighlight also moves the highlight to the cursor.
+/// Lays out the common map and shows it; bHighlight also moves the highlight to the cursor, which
+/// is brought into the map first.
 void ShowMap(bool bHighlight);
 
 /// Lays out the loaded application map and shows it with the application's last cell highlighted;
 /// an application seen for the first time starts at column 1, row 1.
 void ShowAppMap();
+
+/// Moves the highlight to the cursor and names its cell in the caption. A cursor that stands
+/// outside the map, or behind a row's end, comes to the nearest cell of its row first.
+void HighlightCursor();
 
 /// Another application came to the front: the cell of the outgoing one is kept, and the new one's
 /// map is shown, or the common map on its remembered cell when it has none. A process that could

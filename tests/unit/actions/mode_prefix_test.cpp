@@ -140,7 +140,8 @@ TEST_P(ModePrefix, IsHeardLoggedAndKeepsItsCell) {
     EXPECT_EQ(Cursor.nLastColumn, 3) << "no command remembers the cell";
     EXPECT_EQ(Cursor.nLastRow, 1);
     EXPECT_EQ(Foreground.bAppMapShown, Case.bAppMap);
-    EXPECT_TRUE(forms::FrmMain->ScanTimer.Enabled) << "nor stops a scan";
+    EXPECT_EQ(forms::FrmMain->ScanTimer.Enabled, Case.nFrom == Case.nTo)
+        << "scanning ends with every change";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ModePrefix, ::testing::ValuesIn(ROWS),
@@ -150,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(All, ModePrefix, ::testing::ValuesIn(ROWS),
 TEST_F(ModePrefixAgain, Application_IsDetectedAfresh_WhenItsWindowIsStillInFront) {
     BeIn(APPLICATION);
     BeIn(ARROW);
-    PutData(L"data_EDITOR.EXE.ini", L"[1,1]X,88\r\n[2,1]Y,89\r\n[1,2]Z,90\r\n[2,3]new,86\r\n");
+    PutData(L"data_EDITOR.EXE.ini", L"[1,1]X,88\r\n[1,2]Z,90\r\n[1,3]U,85\r\n[2,3]new,86\r\n");
     ShownMap().Cell(2, 3)->Code = 0;
     ShownMap().Cell(2, 3)->Command = L">";
     CommandAction(CELL_UNDER_CURSOR);
@@ -158,6 +159,38 @@ TEST_F(ModePrefixAgain, Application_IsDetectedAfresh_WhenItsWindowIsStillInFront
     EXPECT_EQ(ShownMap().Cell(2, 3)->Caption, L"new");
     EXPECT_EQ(Cursor.nColumn, 2) << "the cell was stored and found again";
     EXPECT_EQ(Cursor.nRow, 3);
+}
+
+TEST_F(ModePrefixAgain, Application_FindsItsCell_AfterTheSelectionMark) {
+    BeIn(APPLICATION);
+    ShownMap().Cell(2, 2)->Code = 0;
+    ShownMap().Cell(2, 2)->Command = L"<";
+    CommandAction(CELL_UNDER_CURSOR);
+    EXPECT_EQ(Foreground.strCurrentAppName, L"");
+    EXPECT_EQ(Foreground.hWindow, 0U) << "looked at afresh by the next check";
+    CommonMap.Cell(3, 1)->Code = 0;
+    CommonMap.Cell(3, 1)->Command = L">";
+    CommandAction(CELL_UNDER_CURSOR);
+    EXPECT_EQ(ModeFlags(), APPLICATION);
+    EXPECT_EQ(Cursor.nColumn, 2);
+    EXPECT_EQ(Cursor.nRow, 2);
+    EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"W");
+}
+
+// A map that was picked, or that arrows kept.
+TEST_F(ModePrefixAgain, SelectionMark_LeavesAnApplicationsMap_WhateverTheMode) {
+    for (const int nMode : {NONE, SELECT, SCAN, ARROW}) {
+        BeIn(APPLICATION);
+        BeIn(nMode);
+        ASSERT_TRUE(Foreground.bAppMapShown);
+        ShownMap().Cell(2, 3)->Code = 0;
+        ShownMap().Cell(2, 3)->Command = L"<";
+        CommandAction(CELL_UNDER_CURSOR);
+        EXPECT_EQ(ModeFlags(), SELECT) << nMode;
+        EXPECT_FALSE(Foreground.bAppMapShown) << nMode;
+        EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"C") << nMode;
+        ForgetForegroundApp();
+    }
 }
 
 }  // namespace

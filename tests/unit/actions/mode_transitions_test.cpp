@@ -35,6 +35,7 @@ TEST_F(ModeTransitions, MapGone_ChangesNothing_OutsideApplicationMode) {
         SCOPED_TRACE(Row.szName);
         Modes.Set(Row.nMode);
         if (Row.bList) ShowList(L"*;a");
+        forms::FrmMain->ScanTimer.Enabled = true;
         Desktop.TakeEffects();
         const DrivenBy nBefore = WhatIsDriven();
         ChangeMode(ModeEvent::AppMapGone);

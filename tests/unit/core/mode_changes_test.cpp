@@ -14,6 +14,8 @@
 #include "feedback/speech.h"
 #include "maps/app_positions.h"
 #include "maps/map_window.h"
+#include "maps/shown_map.h"
+#include "settings/button_table.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
 #include "tests/unit/automation_stand_ins.h"
@@ -82,7 +84,15 @@ class ModeScene : public ProgramTest {
     std::shared_ptr<EngineState> pEngine;
 };
 
-enum class From { Select, Arrow, Scan, Application, ListOverScan, ListOverApplication };
+enum class From {
+    Select,
+    Arrow,
+    Scan,
+    Application,
+    ListOverScan,
+    ListOverApplication,
+    ListOverArrowWithItsMap,
+};
 enum class Happens { ModeButton, OtherProgramInFront, EditorEnds };
 
 struct Transition {
@@ -94,7 +104,6 @@ struct Transition {
     Mode nTo;
     Effects Heard;  // and the captions that the map's change brings
     Lines Logged;
-    bool bStopsScan;
     bool bRemembers;  // the cell left behind; otherwise C stays remembered
     int32_t nColumn;  // where the cursor stands afterwards
     int32_t nRow;
@@ -110,43 +119,46 @@ void PrintTo(const Transition& Row, std::ostream* pOut) {
 const Transition TRANSITIONS[] = {
     {"SelectToArrow",
      From::Select, Happens::ModeButton, 0, true, Mode::Arrow,
-     {Said("Šipky")}, {L"Say: Šipky", L"Arrow mode set"}, false, true, 2, 3},
+     {Said("Šipky")}, {L"Say: Šipky", L"Arrow mode set"}, true, 2, 3},
     {"ArrowToScan_WhenScanningIsOn",
      From::Arrow, Happens::ModeButton, 1, true, Mode::Scan,
-     {Said("Sken")}, {L"Say: Sken", L"ScanMode set"}, false, false, 2, 3},
+     {Said("Sken")}, {L"Say: Sken", L"ScanMode set"}, false, 2, 3},
     {"ArrowToApplication_WhenItHasAMap",
      From::Arrow, Happens::ModeButton, 0, true, Mode::Application,
      {"caption Taviro - V", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
-     true, false, 1, 1},
+     false, 1, 1},
     {"ArrowToApplication_WhenScanSettingIsNotExactlyOne",
      From::Arrow, Happens::ModeButton, 2, true, Mode::Application,
      {"caption Taviro - V", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
-     true, false, 1, 1},
+     false, 1, 1},
     {"ArrowToSelect_WhenApplicationHasNoMap",
      From::Arrow, Happens::ModeButton, 0, false, Mode::Select,
-     {Said("výběr H")}, {L"Say: výběr H"}, true, false, 2, 3},
+     {Said("výběr H")}, {L"Say: výběr H"}, false, 2, 3},
     {"ScanToApplication_WhenItHasAMap",
      From::Scan, Happens::ModeButton, 1, true, Mode::Application,
      {"caption Taviro - V", Said("aplikace X")}, {L"AppMode set", L"Say: aplikace X"},
-     true, true, 1, 1},
+     true, 1, 1},
     {"ScanToSelect_WhenApplicationHasNoMap",
      From::Scan, Happens::ModeButton, 1, false, Mode::Select,
-     {Said("výběr H")}, {L"Say: výběr H"}, true, true, 2, 3},
+     {Said("výběr H")}, {L"Say: výběr H"}, true, 2, 3},
     {"ApplicationToSelect",
      From::Application, Happens::ModeButton, 1, true, Mode::Select,
-     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, false, 3, 1},
     {"ApplicationToSelect_WhenAProgramWithoutMapComesToFront",
      From::Application, Happens::OtherProgramInFront, 1, true, Mode::Select,
-     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, false, 3, 1},
     {"ApplicationToSelect_WhenNothingIsInFrontAnyMore",
      From::Application, Happens::EditorEnds, 1, true, Mode::Select,
-     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, true, false, 3, 1},
+     {"caption Taviro - C", Said("výběr C")}, {L"Say: výběr C"}, false, 3, 1},
     {"ChoiceListToSelect_WhenOpenedInScanMode",
      From::ListOverScan, Happens::ModeButton, 1, true, Mode::Select,
-     {Said("Výběr")}, {L"Say: Výběr", L"SelectMode set"}, false, true, 2, 3},
-    {"ChoiceListToSelect_WhenOpenedInApplicationMode",
-     From::ListOverApplication, Happens::ModeButton, 1, true, Mode::Select,
-     {Said("Výběr")}, {L"Say: Výběr", L"SelectMode set"}, false, true, 2, 2},
+     {Said("Výběr")}, {L"Say: Výběr", L"SelectMode set"}, true, 2, 3},
+    {"ChoiceListBackToApplication_WhenOpenedInApplicationMode",
+     From::ListOverApplication, Happens::ModeButton, 1, true, Mode::Application,
+     {Said("Aplikace")}, {L"Say: Aplikace", L"AppMode set"}, false, 2, 2},
+    {"ChoiceListToSelectOnTheCommonMap_WhenOpenedOverAMapThatArrowsKept",
+     From::ListOverArrowWithItsMap, Happens::ModeButton, 1, true, Mode::Select,
+     {Said("Výběr"), "caption Taviro - C"}, {L"Say: Výběr", L"SelectMode set"}, false, 3, 1},
 };
 // clang-format on
 
@@ -157,10 +169,11 @@ class ModeTransition : public ModeScene, public ::testing::WithParamInterface<Tr
         if (Row.bHasMap) GiveEditorAMap();
         Start();
         constexpr Mode MODES[] = {Mode::Select,      Mode::Arrow, Mode::Scan,
-                                  Mode::Application, Mode::Scan,  Mode::Application};
+                                  Mode::Application, Mode::Scan,  Mode::Application,
+                                  Mode::Application};
         BeIn(MODES[static_cast<size_t>(Row.nFrom)]);
-        const bool bList =
-            Row.nFrom == From::ListOverScan || Row.nFrom == From::ListOverApplication;
+        if (Row.nFrom == From::ListOverArrowWithItsMap) Modes.Set(Mode::Arrow);
+        const bool bList = Row.nFrom >= From::ListOverScan;
         if (bList) ShowList(L"*nabídka;Jedna;Dvě");
         RunScan();
         StartLog();
@@ -184,15 +197,14 @@ TEST_P(ModeTransition, IsHeardLoggedAndKeepsItsCell) {
     EXPECT_EQ(ModeFlags(), FLAGS[static_cast<size_t>(Row.nTo)]);
     EXPECT_EQ(Desktop.TakeEffects(), Row.Heard);
     EXPECT_EQ(LoggedLines(), Row.Logged);
-    EXPECT_EQ(forms::FrmMain->ScanTimer.Enabled, !Row.bStopsScan);
+    EXPECT_FALSE(forms::FrmMain->ScanTimer.Enabled) << "scanning ends with every change";
     EXPECT_EQ(Cursor.nLastColumn, Row.bRemembers ? Before.nColumn : 3);
     EXPECT_EQ(Cursor.nLastRow, Row.bRemembers ? Before.nRow : 1);
     EXPECT_EQ(Cursor.nColumn, Row.nColumn);
     EXPECT_EQ(Cursor.nRow, Row.nRow);
     EXPECT_FALSE(Modes.bListMode);
     EXPECT_FALSE(forms::FrmMain->List1.Visible);
-    const bool bAppMap = Row.nTo == Mode::Application || Row.nFrom == From::ListOverApplication;
-    EXPECT_EQ(Foreground.bAppMapShown, bAppMap);
+    EXPECT_EQ(Foreground.bAppMapShown, Row.nTo == Mode::Application) << "never between";
 }
 
 TEST_P(ModeTransition, ChangesModeOnce_WhileTheButtonIsHeld) {
@@ -283,6 +295,33 @@ TEST_F(ModeSwitchingTest, ReturnToApplication_FindsItsCell_WhenItWasLeftBefore) 
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_EQ(Cursor.nRow, 2);
     EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"W");
+}
+
+TEST_F(ModeSwitchingTest, List_EndsTheScan_WhoeverOpensIt) {
+    Start();
+    BeIn(Mode::Scan);
+    RunScan();
+    ButtonTable[5] = {.Kind = ButtonKind::Command, .Command = L"*nabídka;Jedna", .Code = 0};
+    PressButton(5);
+    Ticks(1);
+    EXPECT_TRUE(Modes.bListMode);
+    EXPECT_FALSE(forms::FrmMain->ScanTimer.Enabled);
+}
+
+TEST_F(ModeSwitchingTest, PickedMap_StaysAndKeepsTheCommonCell_WhenAListOverItIsLeft) {
+    GiveEditorAMap();
+    Start();
+    BeIn(Mode::Select);
+    ShowPickedMap(L"EDITOR.EXE");
+    StandOn(2, 2);
+    ShowList(L"*nabídka;Jedna");
+    PressButton(MODE_BUTTON);
+    Ticks(1);
+    EXPECT_TRUE(Modes.bSelectMode);
+    EXPECT_TRUE(Foreground.bAppMapShown);
+    EXPECT_EQ(Cursor.nColumn, 2);
+    EXPECT_EQ(Cursor.nLastColumn, 3) << "the picked map's cell is not the common one's";
+    EXPECT_EQ(Cursor.nLastRow, 1);
 }
 
 TEST_F(ModeSwitchingTest, LosingApplication_ForgetsItAndKeepsTickMemories_WhenMapIsGone) {

@@ -81,6 +81,11 @@ Situation AfterTick(Situation Here) {
 }
 
 Situation AfterModeButton(Situation Here, bool bScanningIsOn) {
+    if (Here.bList && Here.bAppMap && !IsSelection(Here)) {
+        // Back in the application mode on its map, or away from both; a map that was picked stays.
+        const bool bStays = Here.strMode == "application";
+        return {bStays ? "application" : "selection", bStays, false, Here.bFrontHasMap};
+    }
     if (Here.bList) return {"selection", Here.bAppMap, false, Here.bFrontHasMap};
     if (IsSelection(Here)) {
         Here.strMode = "arrow";
@@ -109,7 +114,7 @@ Situation Promised(Situation Here, Event nEvent, bool bScanningIsOn) {
         case Event::ModeButton:
             return AfterModeButton(Here, bScanningIsOn);
         case Event::SelectionMark:
-            if (Here.strMode != "selection") Here.bAppMap = false;
+            Here.bAppMap = false;
             Here.strMode = "selection";
             return Here;
         case Event::ArrowMark:

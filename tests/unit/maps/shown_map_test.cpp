@@ -3,7 +3,9 @@
 #include "maps/shown_map.h"
 
 #include "forms/main_form.h"
+#include "maps/app_positions.h"
 #include "maps/map_file.h"
+#include "maps/map_window.h"
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"
 
@@ -100,6 +102,56 @@ TEST_F(ShownMapTest, EachApplication_HasItsOwnCell_AndTheCommonMapAnother) {
     LeaveAppMap();
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"b");
+}
+
+struct Place {
+    int32_t nColumn, nRow;
+};
+
+// The map has the rows "a b c", "d" and "e f _ g".
+TEST_F(ShownMapTest, Highlight_IsBroughtToTheNearestCell_WhenItsPlaceIsNotInTheMap) {
+    const struct {
+        Place Before, After;
+    } ROWS[] = {{{2, 1}, {2, 1}}, {{4, 3}, {4, 3}},  {{3, 3}, {2, 3}},  {{9, 3}, {2, 3}},
+                {{3, 2}, {1, 2}}, {{2, 9}, {2, 3}},  {{0, 0}, {1, 1}},  {{-5, 2}, {1, 2}},
+                {{5, 1}, {3, 1}}, {{41, 1}, {3, 1}}, {{40, 40}, {2, 3}}};
+    for (const auto& Row : ROWS) {
+        for (const bool bAppMap : {false, true}) {
+            MapGrid& Grid = bAppMap ? AppMap : CommonMap;
+            FillMap(Grid, {L"a b c", L"d", L"e f"});
+            Grid.Cell(4, 3)->Caption = L"g";
+            Cursor.nColumn = Row.Before.nColumn;
+            Cursor.nRow = Row.Before.nRow;
+            Foreground.strCurrentAppName = L"A.EXE";
+            SaveAppPosition(L"A.EXE", Row.Before.nColumn, Row.Before.nRow);
+            bAppMap ? ShowAppMap() : ShowMap(true);
+            EXPECT_EQ(Cursor.nColumn, Row.After.nColumn) << Row.Before.nColumn;
+            EXPECT_EQ(Cursor.nRow, Row.After.nRow) << Row.Before.nRow;
+            EXPECT_EQ(forms::FrmMain->HiIndex,
+                      (Row.After.nRow - 1) * LABELS_PER_ROW + Row.After.nColumn);
+        }
+    }
+}
+
+TEST_F(ShownMapTest, Highlight_StandsAtTheStart_WhenTheMapIsEmpty) {
+    CommonMap.Clear();
+    Cursor.nColumn = 3;
+    Cursor.nRow = 3;
+    ShowMap(true);
+    EXPECT_EQ(Cursor.nColumn, 1);
+    EXPECT_EQ(Cursor.nRow, 1);
+}
+
+TEST_F(ShownMapTest, Highlight_IsInsideAFullMap_InItsLastCellToo) {
+    for (int32_t nRow = 1; nRow <= MAP_ROWS; ++nRow) {
+        for (int32_t nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn)
+            CommonMap.Cell(nColumn, nRow)->Caption = L"x";
+    }
+    Cursor.nColumn = MAP_COLUMNS;
+    Cursor.nRow = MAP_ROWS;
+    ShowMap(true);
+    EXPECT_EQ(Cursor.nColumn, MAP_COLUMNS);
+    EXPECT_EQ(Cursor.nRow, MAP_ROWS);
 }
 
 }  // namespace
