@@ -7,7 +7,7 @@
 #include "actions/prediction.h"
 #include "feedback/speech.h"
 #include "maps/map_grid.h"
-#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "settings/button_table.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
@@ -69,7 +69,7 @@ void ResetCursor() {
     const bool bToFirstColumn = objSetting.TriggerRowReset() == RESET_ON;
     if (bToFirstRow) Cursor.nRow = 1;
     if (bToFirstColumn) Cursor.nColumn = 1;
-    if (bToFirstRow || bToFirstColumn) SetHi(Cursor.nColumn, Cursor.nRow);
+    if (bToFirstRow || bToFirstColumn) HighlightCursor();
 }
 
 }  // namespace
@@ -90,7 +90,7 @@ void CommandAction(int32_t nIndex) {
     if (nIndex == CELL_UNDER_CURSOR) ResetCursor();
     if (Wanted.bResetsColumn) {
         Cursor.nColumn = 1;
-        SetHi(Cursor.nColumn, Cursor.nRow);
+        HighlightCursor();
     }
     UpdatePrediction(Code.nKey, Code.nModifiers, WholeKind(Code));
 }

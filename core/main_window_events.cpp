@@ -7,45 +7,32 @@
 #include "core/cursor_movement.h"
 #include "dialogs/cell_editor_form.h"
 #include "forms/main_form.h"
+#include "maps/map_grid.h"
 #include "maps/map_window.h"
 #include "platform/main_window.h"
-#include "platform/metrics.h"
 #include "platform/pointer.h"
-#include "platform/unneeded.h"
+#include "platform/window_handling.h"
 #include "state/cursor_state.h"
-#include "state/program_state.h"
 #include "vocabulary/key_code.h"
 
 namespace taviro {
 
-namespace {
-
-using platform::Metric;
-using platform::SystemMetric;
-
-// The cell that holds a pixel, counted from 1. Without a cell size nothing changes.
-void FindCell(int32_t nPixel, int32_t nCellSize, int32_t& nCell) {
-    if (nCellSize != 0) nCell = nPixel / nCellSize + 1;
-}
-
-}  // namespace
-
 void Label2_MouseUp(forms::MouseButton nButton) {
-    platform::ScreenRect Window;
-    platform::ScreenPoint Pointer;
-    // Without an answer the place counts from the screen's corner.
-    Unneeded(platform::WindowRect(platform::MainWindowHandle(), Window));
-    Unneeded(platform::GetPointer(Pointer));
-    const int32_t nX = Pointer.nX - Window.nLeft - SystemMetric(Metric::BorderWidth) -
-                       SystemMetric(Metric::FrameWidth);
-    // The frame's width here too, not its height: the two are the same on every known system.
-    const int32_t nY = Pointer.nY - Window.nTop - SystemMetric(Metric::CaptionHeight) -
-                       SystemMetric(Metric::BorderHeight) - SystemMetric(Metric::MenuHeight) -
-                       SystemMetric(Metric::FrameWidth);
-    FindCell(nX, Program.nCellWidth, Cursor.nColumn);
-    FindCell(nY, Program.nCellHeight, Cursor.nRow);
-    SetHi(Cursor.nColumn, Cursor.nRow);
-    if (nButton == forms::MouseButton::Right) frmConfig->Show();
+    platform::ScreenPoint Place;
+    // Where nobody knows the pointer there is no cell under it.
+    if (!platform::GetPointer(Place)) return;
+    if (!platform::ScreenToClientPoint(platform::MainWindowHandle(), Place)) return;
+    int32_t nColumn{};
+    int32_t nRow{};
+    if (!CellAt(Place.nX, Place.nY, nColumn, nRow)) return;
+    // An empty place can be given a cell, but not be chosen.
+    const bool bEdit = nButton == forms::MouseButton::Right;
+    if (!bEdit && IsEmptyCell(nColumn, nRow)) return;
+    Cursor.nColumn = nColumn;
+    Cursor.nRow = nRow;
+    SetHi(nColumn, nRow);
+    NameCursorInCaption();
+    if (bEdit) frmConfig->Show();
 }
 
 void txtCmd_Change() {

@@ -8,7 +8,6 @@
 #include "dialogs/entered_text.h"
 #include "dialogs/key_choice.h"
 #include "maps/map_file.h"
-#include "maps/map_window.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
 #include "vocabulary/command.h"
@@ -56,6 +55,7 @@ CellEditorForm::CellEditorForm() : Form(L"frmConfig") {
     OnUnload = [] {
         Program.bDialogActive = false;
         Program.bConfigOpen = false;
+        HighlightCursor();  // it may stand on a place that was offered and got no cell
     };
     cmdOK.OnClick = [this] {
         Save();
@@ -118,7 +118,7 @@ void CellEditorForm::Save() {
     }
     Cursor.nColumn = m_nColumn;
     Cursor.nRow = m_nRow;
-    SetHi(Cursor.nColumn, Cursor.nRow);
+    HighlightCursor();
 }
 
 }  // namespace taviro

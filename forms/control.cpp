@@ -15,6 +15,17 @@ void Control::Changed(Aspect nAspect) {
     RunHandler(nAspect);
 }
 
+void Label::Press(MouseButton nButton) {
+    m_nPressed |= static_cast<uint32_t>(nButton);
+}
+
+void Label::Release(MouseButton nButton) {
+    const auto nBit = static_cast<uint32_t>(nButton);
+    const bool bPressedHere = (m_nPressed & nBit) != 0;
+    m_nPressed &= ~nBit;
+    if (bPressedHere && Enabled && OnMouseUp) OnMouseUp(nButton);
+}
+
 void TextBox::RunHandler(Aspect nAspect) {
     if (nAspect == Aspect::Text && OnChange) OnChange();
 }

@@ -88,7 +88,7 @@ inline constexpr uint32_t COLOUR_BLACK = 0x000000;
 inline constexpr uint32_t COLOUR_WHITE = 0xFFFFFF;
 inline constexpr uint32_t COLOUR_SYSTEM = 0xFFFFFFFF;  ///< the system's colour for the purpose
 
-/// A mouse button, by the numbers that its handlers get.
+/// A mouse button, by the numbers that its handlers get; each has a bit of its own.
 enum class MouseButton : int32_t { Left = 1, Right = 2 };
 
 /// A text that the user cannot change.
@@ -102,6 +102,17 @@ class Label : public Control {
     Property<Alignment> TextAlignment{*this, Aspect::Look, Alignment::Left};
     Property<Font> TextFont{*this, Aspect::Look};
     std::function<void(MouseButton)> OnMouseUp;  ///< a button was released over the label
+
+    /// The user pressed or released a button over the label. A release runs the handler when the
+    /// button was pressed there, while the label is enabled; the end of a press made elsewhere, as
+    /// that of a menu's, is no click.
+    void Press(MouseButton nButton);
+    void Release(MouseButton nButton);
+    /// The pointer is over the label with no button down: what was pressed was released elsewhere.
+    void ForgetPress() { m_nPressed = 0; }
+
+  private:
+    uint32_t m_nPressed = 0;  // a bit for each button, by its number
 };
 
 /// A text that the user, or another program, can change.

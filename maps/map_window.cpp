@@ -74,6 +74,11 @@ void HideCells() {
     }
 }
 
+bool Holds(const forms::Label& Cell, int32_t nX, int32_t nY) {
+    return Cell.Width > 0 && Cell.Height > 0 && nX >= Cell.Left && nY >= Cell.Top &&
+           nX < Cell.Left + Cell.Width + CELL_GAP && nY < Cell.Top + Cell.Height + CELL_GAP;
+}
+
 void SizeWindow(const Layout& Done) {
     using platform::Metric;
     auto& Status = FrmMain->Label1;
@@ -111,6 +116,21 @@ void NameCursorInCaption() {
     if (const MapCell* pCell = ShownMap().Cell(Cursor.nColumn, Cursor.nRow)) {
         FrmMain->Caption = L"Taviro - " + pCell->Caption;
     }
+}
+
+bool CellAt(int32_t nX, int32_t nY, int32_t& nColumn, int32_t& nRow) {
+    if (nY >= FrmMain->Label1.Top) return false;  // the open list raises the status line
+    const MapGrid& Grid = ShownMap();
+    for (int32_t r = 1; r <= MAP_ROWS && !Grid.Cell(1, r)->Caption.empty(); ++r) {
+        for (int32_t c = 1; c <= MAP_COLUMNS; ++c) {
+            const forms::Label* pLabel = FrmMain->CellLabel((r - 1) * LABELS_PER_ROW + c);
+            if (pLabel == nullptr || !Holds(*pLabel, nX, nY)) continue;
+            nColumn = c;
+            nRow = r;
+            return true;
+        }
+    }
+    return false;
 }
 
 void SetHi(int32_t nColumn, int32_t nRow) {

@@ -19,4 +19,9 @@ void NameCursorInCaption();
 /// 1 to 50 nothing happens.
 void SetHi(int32_t nColumn, int32_t nRow);
 
+/// The cell that a pixel of the window belongs to: the gap behind a cell is its own. Returns false,
+/// and leaves the rest alone, where there is none: beside the map, under the status line, or when
+/// cells have no size. A place without a caption in a row of the map is found too.
+[[nodiscard]] bool CellAt(int32_t nX, int32_t nY, int32_t& nColumn, int32_t& nRow);
+
 }  // namespace taviro

@@ -153,6 +153,9 @@ struct DesktopState {
     // The main window.
     forms::MainForm* pMainForm = nullptr;
     ScreenRect MainRect{};  ///< where it stands
+    /// Where its inner area begins. The frame is wider than the metric says, as on Windows, which
+    /// pads it.
+    [[nodiscard]] ScreenPoint MainInnerCorner() const;
     bool bQuit = false;
     int nExitCode = 0;
 

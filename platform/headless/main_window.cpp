@@ -55,6 +55,17 @@ void Show(forms::MainForm& Form, forms::Control& Changed, forms::Aspect nAspect)
 
 }  // namespace
 
+ScreenPoint headless::DesktopState::MainInnerCorner() const {
+    constexpr int32_t PADDING = 4;
+    const auto Size = [&](Metric nMetric) {
+        const auto it = Metrics.find(nMetric);
+        return it == Metrics.end() ? 0 : it->second;
+    };
+    return {.nX = MainRect.nLeft + Size(Metric::FrameWidth) + PADDING,
+            .nY = MainRect.nTop + Size(Metric::FrameHeight) + PADDING +
+                  Size(Metric::CaptionHeight) + Size(Metric::MenuHeight)};
+}
+
 bool OpenMainWindow(forms::MainForm& Form) {
     if (Desktop.Refuses(__func__)) return false;
     Desktop.pMainForm = &Form;

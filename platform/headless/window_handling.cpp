@@ -80,11 +80,13 @@ bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
     return true;
 }
 
-// The inner area of these windows begins at their corner.
+// The inner area of the other windows begins at their corner.
 bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     ScreenRect Rect;
     if (!WindowRect(hWindow, Rect) || Desktop.Refuses(__func__)) return false;
-    Point = {.nX = Point.nX - Rect.nLeft, .nY = Point.nY - Rect.nTop};
+    ScreenPoint Corner{.nX = Rect.nLeft, .nY = Rect.nTop};
+    if (hWindow == MainWindowHandle()) Corner = Desktop.MainInnerCorner();
+    Point = {.nX = Point.nX - Corner.nX, .nY = Point.nY - Corner.nY};
     return true;
 }
 

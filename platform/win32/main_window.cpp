@@ -217,12 +217,6 @@ bool IsPressOnMap(LPARAM nWhere) {
            GetClientRect(View->hWindow, &Client) != FALSE && PtInRect(&Client, Pointer) != FALSE;
 }
 
-void OnMouseUp(forms::MouseButton nButton) {
-    if (View->Form.Label2.Enabled && View->Form.Label2.OnMouseUp) {
-        View->Form.Label2.OnMouseUp(nButton);
-    }
-}
-
 void OnCommand(WPARAM wParam, LPARAM lParam) {
     if (lParam != 0) {
         View->Children.OnNotification(win32::ToHwnd(static_cast<uintptr_t>(lParam)),
@@ -256,19 +250,29 @@ void OnSizeLimits(LPARAM lParam) {
 }
 
 /// Returns whether the message was one of ours; nResult is its result then.
-bool HandleMouse(UINT nMessage, LPARAM lParam, LRESULT& nResult) {
+bool HandleMouse(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult) {
+    forms::Label& Surface = View->Form.Label2;
     switch (nMessage) {
         case WM_MOUSEACTIVATE:
             nResult = MA_NOACTIVATE;  // the application being driven keeps the focus
             // Menu and title bar take it as in any window. Refused, they work with the mouse.
             if (!IsPressOnMap(lParam)) Unneeded(SetForegroundWindow(View->hWindow));
             return true;
+        case WM_LBUTTONDOWN:
+            Surface.Press(forms::MouseButton::Left);
+            return true;
+        case WM_RBUTTONDOWN:
+            Surface.Press(forms::MouseButton::Right);
+            return true;
         case WM_LBUTTONUP:
-            OnMouseUp(forms::MouseButton::Left);
+            Surface.Release(forms::MouseButton::Left);
             return true;
         case WM_RBUTTONUP:
-            OnMouseUp(forms::MouseButton::Right);
+            Surface.Release(forms::MouseButton::Right);
             return true;
+        case WM_MOUSEMOVE:
+            if ((wParam & (MK_LBUTTON | MK_RBUTTON)) == 0) Surface.ForgetPress();
+            return false;
         default:
             return false;
     }
@@ -316,7 +320,7 @@ bool HandleMessage(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult
             OnDestroy();
             return true;
         default:
-            return HandleMouse(nMessage, lParam, nResult);
+            return HandleMouse(nMessage, wParam, lParam, nResult);
     }
 }
 

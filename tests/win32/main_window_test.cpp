@@ -204,13 +204,26 @@ TEST_F(MainWindowTest, Click_LeavesTheFocusElsewhere_WhenOnTheMapOnly) {
     DestroyWindow(hOther);
 }
 
-TEST_F(MainWindowTest, Click_ReportsTheButton_WhenReleasedOverTheMap) {
+TEST_F(MainWindowTest, Click_ReportsTheButton_WhenPressedAndReleasedOverTheMap) {
     std::vector<forms::MouseButton> Released;
     FrmMain->Label2.OnMouseUp = [&](forms::MouseButton n) { Released.push_back(n); };
     ShowMap(3, 2);
-    SendMessageW(Window(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-    SendMessageW(Window(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+    const auto Mouse = [](UINT nMessage, WPARAM nDown) {
+        SendMessageW(Window(), nMessage, nDown, MAKELPARAM(5, 5));
+    };
+    Mouse(WM_LBUTTONUP, 0);  // as after a menu over the map
+    Mouse(WM_RBUTTONUP, 0);
+    EXPECT_TRUE(Released.empty());
+    Mouse(WM_LBUTTONDOWN, MK_LBUTTON);
+    Mouse(WM_MOUSEMOVE, MK_LBUTTON);
+    Mouse(WM_LBUTTONUP, 0);
+    Mouse(WM_RBUTTONDOWN, MK_RBUTTON);
+    Mouse(WM_RBUTTONUP, 0);
     EXPECT_EQ(Released, (std::vector{forms::MouseButton::Left, forms::MouseButton::Right}));
+    Mouse(WM_LBUTTONDOWN, MK_LBUTTON);
+    Mouse(WM_MOUSEMOVE, 0);  // released elsewhere
+    Mouse(WM_LBUTTONUP, 0);
+    EXPECT_EQ(Released.size(), 2U);
 }
 
 TEST_F(MainWindowTest, CommandBox_RunsTheHandler_WhenAnotherThreadWritesIntoIt) {

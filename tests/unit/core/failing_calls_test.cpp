@@ -91,18 +91,17 @@ TEST_F(FailingCalls, Settings_AreWhole_WhenThePowerGoesAfterASave) {
     EXPECT_NE(strSaved.find(L"Volume=60\r\n"), std::wstring::npos);
 }
 
-TEST_F(FailingCalls, ClickOnTheMap_CountsFromTheScreensCorner_WhenThePointerIsUnknown) {
+TEST_F(FailingCalls, ClickOnTheMap_SelectsNothing_WhenThePointersPlaceIsUnknown) {
     Start();
-    Program.nCellWidth = 60;
-    Program.nCellHeight = 15;
-    // The screen's corner lies in the middle of the cell in column 2, row 2: the frame and the
-    // border before the map are 5 wide; above it lie 44.
-    Desktop.MainRect = {.nLeft = -5 - 90, .nTop = -44 - 22, .nRight = 200, .nBottom = 200};
-    Desktop.Pointer = {.nX = -5, .nY = -5};
-    Desktop.Failures.Always("GetPointer");
+    Desktop.Pointer = Desktop.MainInnerCorner();
+    Desktop.Pointer.nX += Program.nCellWidth + 2;
+    for (const char* szCall : {"GetPointer", "ScreenToClientPoint"}) {
+        Desktop.Failures.Next(szCall);
+        Label2_MouseUp(forms::MouseButton::Left);
+        EXPECT_EQ(Cursor.nColumn, 1) << szCall;
+    }
     Label2_MouseUp(forms::MouseButton::Left);
     EXPECT_EQ(Cursor.nColumn, 2);
-    EXPECT_EQ(Cursor.nRow, 2);
 }
 
 TEST_F(FailingCalls, Log_NamesAFailureOnce_WhileItRepeatsWithEveryTick) {

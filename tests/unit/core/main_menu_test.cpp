@@ -107,10 +107,8 @@ TEST_F(MainMenuTest, SendTestKey_TypesTheLetterA) {
 }
 
 TEST_F(MainMenuTest, RightClick_SelectsTheCellAndOpensItsEditor) {
-    Program.nCellWidth = 60;
-    Program.nCellHeight = 15;
-    Desktop.MainRect = {.nLeft = 0, .nTop = 0, .nRight = 300, .nBottom = 400};
-    Desktop.Pointer = {.nX = 1 + 4 + 70, .nY = 19 + 1 + 20 + 4 + 5};
+    Desktop.Pointer = Desktop.MainInnerCorner();
+    Desktop.Pointer.nX += Program.nCellWidth + 10;
     FrmMain->Label2.OnMouseUp(forms::MouseButton::Right);
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_EQ(frmConfig->Text4.Text.Get(), L"b");

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "core/main_window_events.h"
 
+#include "actions/choice_list.h"
+#include "dialogs/cell_editor_form.h"
 #include "forms/main_form.h"
+#include "maps/map_file.h"
+#include "maps/map_window.h"
+#include "maps/shown_map.h"
 #include "state/cursor_state.h"
 #include "tests/unit/program_fixture.h"
+#include "tests/unit/source_tree.h"
+#include "tools/simulator/host_files.h"
 
 namespace taviro {
 namespace {
@@ -17,44 +24,105 @@ class MainWindowEvents : public ProgramTest {
                 L"[1,1]a,65\r\n[2,1]b,66\r\n[3,1]c,67\r\n[1,2]d,68\r\n[2,2]e,69\r\n"
                 L"[3,2]f,70\r\n[1,3]g,71\r\n[2,3]h,72\r\n[3,3]i,73\r\n");
         Start();
-        Program.nCellWidth = 60;
-        Program.nCellHeight = 15;
         Desktop.MainRect = {.nLeft = 100, .nTop = 200, .nRight = 300, .nBottom = 400};
     }
-    // A click on a pixel of the map: left and top frame, caption and menu lie before it.
-    static void ClickAt(int32_t nX, int32_t nY) {
-        Desktop.Pointer = {.nX = 100 + 1 + 4 + nX, .nY = 200 + 19 + 1 + 20 + 4 + nY};
-        FrmMain->Label2.OnMouseUp(forms::MouseButton::Left);
+    static void ClickAt(int32_t nX, int32_t nY,
+                        forms::MouseButton nButton = forms::MouseButton::Left) {
+        Desktop.Pointer = Desktop.MainInnerCorner();
+        Desktop.Pointer.nX += nX;
+        Desktop.Pointer.nY += nY;
+        FrmMain->Label2.OnMouseUp(nButton);
+    }
+    static void LayOutCells(int32_t nWidth, int32_t nHeight) {
+        Program.nCellWidth = nWidth;
+        Program.nCellHeight = nHeight;
+        ShowMap(true);
+    }
+    // A click on each corner of a cell's label, and on the gap behind it, selects that cell.
+    static void ExpectClicksOn(int32_t nColumn, int32_t nRow) {
+        const int32_t nIndex = (nRow - 1) * LABELS_PER_ROW + nColumn;
+        const forms::Label& Cell = *FrmMain->CellLabel(nIndex);
+        for (const int32_t nX : {0, Cell.Width - 1, Cell.Width.Get()}) {
+            for (const int32_t nY : {0, Cell.Height - 1, Cell.Height.Get()}) {
+                SetHi(1, 1);
+                ClickAt(Cell.Left + nX, Cell.Top + nY);
+                ASSERT_EQ(FrmMain->HiIndex, nIndex) << "column " << nColumn << " row " << nRow;
+                ASSERT_EQ(Cursor.nColumn, nColumn);
+                ASSERT_EQ(Cursor.nRow, nRow);
+                ASSERT_EQ(FrmMain->Caption.Get(), L"Taviro - " + Cell.Caption.Get());
+            }
+        }
     }
 };
 
 TEST_F(MainWindowEvents, Click_SelectsTheCellUnderThePointer_AndRunsNothing) {
-    ClickAt(60 + 45, 2 * 15 + 7);
+    LayOutCells(60, 15);
+    ClickAt(61 + 45, 2 * 16 + 7);
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_EQ(Cursor.nRow, 3);
     EXPECT_EQ(FrmMain->HiIndex, 102);
     EXPECT_EQ(FrmMain->Label1.Caption.Get(), L"h");
+    EXPECT_EQ(FrmMain->Caption.Get(), L"Taviro - h");
     EXPECT_TRUE(Desktop.Sent.empty());
 }
 
-TEST_F(MainWindowEvents, Click_DividesByTheCellSize_WithoutTheGap) {
-    ClickAt(59, 14);
-    EXPECT_EQ(FrmMain->HiIndex, 1);
-    ClickAt(60, 15);
-    EXPECT_EQ(FrmMain->HiIndex, 52);
+TEST_F(MainWindowEvents, Click_SelectsItsCell_OnTheWholeDeliveredMapAtEverySize) {
+    std::string strMap;
+    ASSERT_TRUE(simulator::ReadHostFile(SourceTree() / "data" / "data.ini", strMap));
+    CommonMap.Clear();
+    ASSERT_GT(ReadMapText(strMap, CommonMap), 0);
+    for (const int32_t nColumn : {1, 2, 5, MAP_COLUMNS})  // whatever it leaves free
+        CommonMap.Cell(nColumn, MAP_ROWS)->Caption = L"x";
+    for (const int32_t nWidth : {1, 2, 5, 30, 59, 60, 100, 196}) {
+        for (const int32_t nHeight : {1, 3, 15, 16, 40, 196}) {
+            LayOutCells(nWidth, nHeight);
+            for (int32_t nRow = 1; nRow <= MAP_ROWS; ++nRow) {
+                for (int32_t nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn) {
+                    if (IsEmptyCell(nColumn, nRow)) continue;
+                    SCOPED_TRACE(std::to_string(nWidth) + " x " + std::to_string(nHeight));
+                    ASSERT_NO_FATAL_FAILURE(ExpectClicksOn(nColumn, nRow));
+                }
+            }
+        }
+    }
 }
 
-TEST_F(MainWindowEvents, Click_UsesTheFramesWidthForBothDirections) {
-    Desktop.Metrics[platform::Metric::FrameHeight] = 40;
-    ClickAt(0, 15);
-    EXPECT_EQ(Cursor.nRow, 2);
+TEST_F(MainWindowEvents, Click_ChangesNothing_WhereNoCellIs) {
+    CommonMap.Cell(3, 1)->Caption.clear();
+    LayOutCells(60, 15);
+    SetHi(2, 2);
+    const std::pair<int32_t, int32_t> PLACES[] = {{-1, 5},         {5, -1},   {130, 5}, {5, 3 * 16},
+                                                  {5, 3 * 16 + 5}, {5000, 5}, {5, 5000}};
+    for (const auto& [nX, nY] : PLACES) {
+        ClickAt(nX, nY);
+        EXPECT_EQ(FrmMain->HiIndex, 52) << nX << ", " << nY;
+        EXPECT_EQ(Cursor.nColumn, 1) << nX << ", " << nY;
+    }
+}
+
+TEST_F(MainWindowEvents, RightClick_OffersAnEmptyPlaceOfARow_WhichTheHighlightLeavesAgain) {
+    CommonMap.Cell(3, 1)->Caption.clear();
+    LayOutCells(60, 15);
+    ClickAt(130, 5, forms::MouseButton::Right);
+    EXPECT_EQ(frmConfig->ComboX.ListIndex + 1, 3);
+    EXPECT_EQ(frmConfig->ComboY.ListIndex + 1, 1);
+    frmConfig->cmdCancel.Click();
+    EXPECT_EQ(FrmMain->HiIndex, 2);
+    EXPECT_EQ(FrmMain->Caption.Get(), L"Taviro - b");
+}
+
+TEST_F(MainWindowEvents, Click_OnTheRaisedStatusLineSelectsNothing_WhileAListIsOpen) {
+    LayOutCells(60, 40);
+    ShowList(L"*T;a");
+    ClickAt(5, 2 * 41 + 20);
+    EXPECT_EQ(FrmMain->HiIndex, 1);
 }
 
 TEST_F(MainWindowEvents, Click_ChangesNothing_WhenACellHasNoSize) {
-    Program.nCellWidth = Program.nCellHeight = 0;
-    ClickAt(60, 15);
-    EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(Cursor.nRow, 1);
+    LayOutCells(0, 0);
+    ClickAt(0, 0);
+    ClickAt(1, 1);
+    EXPECT_EQ(FrmMain->HiIndex, 1);
 }
 
 TEST_F(MainWindowEvents, ControlBox_TestsEachWordOnceInOrder_AndIsEmptied) {

@@ -120,7 +120,8 @@ TEST_F(CellEditorTest, CursorOutsideTheMap_OpensAnEmptyCellAndHarmsNone) {
         frmConfig->Text4.Type(L"nowhere");
         Ok();
         EXPECT_EQ(CommonFile(), GRID);
-        EXPECT_EQ(Cursor.nColumn, nColumn);
+        EXPECT_EQ(Cursor.nColumn, nColumn > 2 ? 2 : 1) << "the highlight is back in the map";
+        EXPECT_EQ(Cursor.nRow, nRow > 2 ? 2 : 1);
     }
 }
 

@@ -307,5 +307,28 @@ TEST(MainForm, MenuBar_ShowsGroupsWithTheirEntriesInOrder_WhenMade) {
     EXPECT_EQ(Shown, EXPECTED);
 }
 
+TEST(Labels, Release_IsAClick_OnlyAfterAPressOfTheSameButtonThere) {
+    MainForm Shown;
+    std::vector<MouseButton> Clicks;
+    Shown.Label2.OnMouseUp = [&](MouseButton nButton) { Clicks.push_back(nButton); };
+    Shown.Label2.Release(MouseButton::Left);
+    EXPECT_TRUE(Clicks.empty()) << "pressed elsewhere, on a menu";
+    Shown.Label2.Press(MouseButton::Right);
+    Shown.Label2.Release(MouseButton::Left);
+    EXPECT_TRUE(Clicks.empty()) << "another button";
+    Shown.Label2.Release(MouseButton::Right);
+    EXPECT_EQ(Clicks, std::vector{MouseButton::Right});
+    Shown.Label2.Release(MouseButton::Right);
+    EXPECT_EQ(Clicks.size(), 1U) << "one press is one click";
+    Shown.Label2.Press(MouseButton::Left);
+    Shown.Label2.ForgetPress();
+    Shown.Label2.Release(MouseButton::Left);
+    EXPECT_EQ(Clicks.size(), 1U) << "released elsewhere meanwhile";
+    Shown.Label2.Press(MouseButton::Left);
+    Shown.Label2.Enabled = false;
+    Shown.Label2.Release(MouseButton::Left);
+    EXPECT_EQ(Clicks.size(), 1U);
+}
+
 }  // namespace
 }  // namespace taviro::forms
