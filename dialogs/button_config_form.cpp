@@ -6,7 +6,7 @@
 
 #include "dialogs/entered_text.h"
 #include "dialogs/key_choice.h"
-#include "platform/dialogs.h"
+#include "dialogs/keyboard_dialog.h"
 #include "state/program_state.h"
 #include "vocabulary/action_code.h"
 #include "vocabulary/button_word.h"
@@ -36,15 +36,15 @@ KeyChoice KeyOfForm(ButtonConfigForm& Form) {
 ButtonConfigForm::ButtonConfigForm() : Form(L"frmButtonConfig") {
     AdmitAs(Text3, StorableCommand);
     OnLoad = [this] { FillControls(); };
-    OnActivate = [this] {
-        Program.bDialogActive = true;
+    TakeKeyboard(*this);
+    OnActivate = [this, Told = OnActivate] {
+        Told();
         // The number that the settings dialog shows when the button is pressed there.
         Caption = L"Nastavení tlačítka " + std::to_wstring(m_nButton);
     };
-    OnUnload = [] { Program.bDialogActive = false; };
     cmdOK.OnClick = [this] {
         if (StoreRow()) return Unload();
-        platform::ShowInformation(L"Vyberte klávesu, kterou má tlačítko stisknout.", Caption);
+        TellUser(*this, L"Vyberte klávesu, kterou má tlačítko stisknout.");
     };
     cmdCancel.OnClick = [this] { Unload(); };
 }

@@ -7,6 +7,7 @@
 
 #include "dialogs/entered_text.h"
 #include "dialogs/key_choice.h"
+#include "dialogs/keyboard_dialog.h"
 #include "maps/map_file.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
@@ -51,9 +52,8 @@ CellEditorForm::CellEditorForm() : Form(L"frmConfig") {
     OptSetMode.OnClick = [Touch](int32_t) { Touch(); };
     OptionType.OnClick = [this](int32_t nKind) { EnableFor(nKind); };
     OnLoad = [this] { Open(); };
-    OnActivate = [] { Program.bDialogActive = true; };
+    TakeKeyboard(*this);
     OnUnload = [] {
-        Program.bDialogActive = false;
         Program.bConfigOpen = false;
         HighlightCursor();  // it may stand on a place that was offered and got no cell
     };

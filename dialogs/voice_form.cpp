@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "dialogs/keyboard_dialog.h"
 #include "feedback/speech.h"
 #include "platform/metrics.h"
 #include "settings/setting.h"
@@ -50,7 +51,7 @@ void SpeakPosition(const forms::ScrollBar& Bar) {
 VoiceForm::VoiceForm() : Form(L"FrmVoice") {
     OnLoad = [this] { Form_Load(); };
     OnUnload = [this] { Form_Unload(); };
-    OnActivate = [] { Program.bDialogActive = true; };
+    TakeKeyboard(*this);
     OnLaidOut = [this] { FitHeight(); };
     VoiceList.OnClick = [this] { VoiceList_Click(); };
     HScroll_Rate.OnChange = [this] { HScroll_Rate_Change(); };
@@ -154,7 +155,6 @@ void VoiceForm::HScroll_Pitch_Change() const {
 }
 
 void VoiceForm::Form_Unload() {
-    Program.bDialogActive = false;
     int32_t nRate{};
     if (GetVoiceRate(nRate)) objSetting.Rate(nRate);
     int32_t nVolume{};

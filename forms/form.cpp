@@ -40,9 +40,22 @@ void Form::ShowModal() {
     m_bModal = false;
 }
 
+void Form::Activate() {
+    if (m_bActive) return;
+    m_bActive = true;
+    if (OnActivate) OnActivate();
+}
+
+void Form::Deactivate() {
+    if (!m_bActive) return;
+    m_bActive = false;
+    if (OnDeactivate) OnDeactivate();
+}
+
 void Form::Unload() {
     if (!m_bLoaded || m_bUnloading) return;
     m_bUnloading = true;
+    Deactivate();
     if (OnQueryUnload) OnQueryUnload();
     if (OnUnload) OnUnload();
     m_bLoaded = false;  // first: a form that hides unloaded is gone, and so is its window

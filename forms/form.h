@@ -46,8 +46,9 @@ class Form {
     std::function<void()> OnQueryUnload;
     std::function<void()> OnUnload;
     std::function<void()> OnResize;
-    std::function<void()> OnActivate;  ///< became the window that the user works in
-    std::function<void()> OnLaidOut;   ///< the view has given the controls their positions
+    std::function<void()> OnActivate;    ///< became the window that the user works in
+    std::function<void()> OnDeactivate;  ///< is it no more, or is about to unload
+    std::function<void()> OnLaidOut;     ///< the view has given the controls their positions
 
     /// The view: returns when the form is shown no more.
     std::function<void()> OnRunModal;
@@ -64,6 +65,10 @@ class Form {
     /// window of the program. Nothing happens when the form is already shown so.
     void ShowModal();
     bool IsModal() const { return m_bModal; }
+    /// The view: the form became the window that the user works in, or is it no more.
+    void Activate();
+    void Deactivate();
+    bool IsActive() const { return m_bActive; }
     /// Hides the form and runs its unload handlers; nothing happens when it is not loaded or is
     /// already unloading.
     void Unload();
@@ -82,6 +87,7 @@ class Form {
     bool m_bLoaded = false;
     bool m_bUnloading = false;
     bool m_bModal = false;
+    bool m_bActive = false;
 };
 
 }  // namespace taviro::forms

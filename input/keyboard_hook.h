@@ -4,12 +4,21 @@
 // that programs send, Taviro's own first of all.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 
 #include "platform/keyboard_hook.h"
+#include "vocabulary/key_code.h"
 
 namespace taviro {
+
+/// What became of a key's presses since its last release, which goes the same way: the program in
+/// front gets the release of every key whose press it got, and of no other.
+struct KeyPress {
+    bool bPassed = false;  ///< one went on
+    bool bKept = false;    ///< one drove the map
+};
 
 struct KeyboardHookState {
     uintptr_t hKeyboardHook = 0;      ///< 0: not installed
@@ -17,7 +26,8 @@ struct KeyboardHookState {
     uint32_t LastKeyUp = 0;           ///< last released key that was passed through
     uint32_t nHookScanCode = 0;       ///< of the last event
     uint32_t nHookVkCode = 0;
-    bool bIgnoreKeys = false;            ///< pass everything until the next release
+    std::array<KeyPress, KeyCode::Count> Presses{};  ///< by virtual key
+    bool bIgnoreKeys = false;                        ///< pass everything until the next release
     std::function<void()> Enter;         ///< what a released Enter does; handed over by start-up
     std::function<void(int32_t)> Arrow;  ///< what a pressed arrow does, by its key code
 };

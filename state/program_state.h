@@ -18,7 +18,9 @@ struct ProgramState {
     int32_t nCellHeight{};
 
     bool bPauseJoystick = false;  ///< the poll loop idles: a dialog reads the joystick itself
-    bool bDialogActive = false;  ///< the keyboard hook passes everything: someone types in a dialog
+    // The keyboard hook passes everything.
+    bool bDialogActive = false;  ///< someone types in a dialog
+    bool bMessageShown = false;  ///< a message waits for its key
     bool bConfigOpen = false;    ///< the cell editor is open
 };
 inline ProgramState Program;

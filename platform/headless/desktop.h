@@ -161,6 +161,11 @@ struct DesktopState {
 
     // Dialogs.
     std::vector<forms::Form*> Dialogs;
+    forms::Form* pActiveDialog = nullptr;  ///< the one that the user works in; none: another window
+    /// The user goes to a dialog, or to another window when there is none given.
+    void ActivateDialog(forms::Form* pForm);
+    /// What the user does while a message is shown, before he confirms it.
+    std::function<void()> WhileMessage;
     /// What the user does while a form is shown modal; the form stays open when it does not end it.
     std::function<void(forms::Form&)> WhileModal;
 

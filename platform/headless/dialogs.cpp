@@ -13,12 +13,25 @@ using headless::Desktop;
 
 namespace {
 
+// The window that gets what the user does when a dialog goes: the modal dialog that it stood above.
+forms::Form* DialogBelow(const forms::Form& Gone) {
+    forms::Form* pBelow = nullptr;
+    for (forms::Form* pForm : Desktop.Dialogs) {
+        if (pForm != &Gone && pForm->Visible && pForm->IsModal()) pBelow = pForm;
+    }
+    return pBelow;
+}
+
 void ShowOrHide(forms::Form& Form, const std::string& strName) {
-    if (!Form.Visible) return Desktop.Record(strName + " hidden");
+    if (!Form.Visible) {
+        Desktop.Record(strName + " hidden");
+        if (Desktop.pActiveDialog == &Form) Desktop.ActivateDialog(DialogBelow(Form));
+        return;
+    }
     if (Desktop.Refuses("CreateDialog", FromUtf8(strName))) return Form.Unload();
     Desktop.Record(strName + (Form.IsModal() ? " shown, modal" : " shown"));
     if (Form.OnLaidOut) Form.OnLaidOut();
-    if (Form.OnActivate) Form.OnActivate();
+    Desktop.ActivateDialog(&Form);
 }
 
 void ShowChange(forms::Form& Form, forms::Control& Changed, forms::Aspect nAspect) {
@@ -44,6 +57,13 @@ void ShowChange(forms::Form& Form, forms::Control& Changed, forms::Aspect nAspec
 
 }  // namespace
 
+void headless::DesktopState::ActivateDialog(forms::Form* pForm) {
+    forms::Form* const pBefore = pActiveDialog;
+    pActiveDialog = pForm;
+    if (pBefore != nullptr && pBefore != pForm) pBefore->Deactivate();
+    if (pForm != nullptr) pForm->Activate();
+}
+
 void AttachDialog(forms::Form& Form) {
     Form.OnShowChange = [&Form](forms::Control& Changed, forms::Aspect nAspect) {
         ShowChange(Form, Changed, nAspect);
@@ -62,11 +82,16 @@ void DetachDialogs() {
         pForm->OnRunModal = nullptr;
     }
     Desktop.Dialogs.clear();
+    Desktop.pActiveDialog = nullptr;
     Desktop.ForgetTimers();
 }
 
 void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) {
     Desktop.Record("information \"" + ToUtf8(strText) + "\" titled \"" + ToUtf8(strTitle) + "\"");
+    forms::Form* const pBelow = Desktop.pActiveDialog;
+    Desktop.ActivateDialog(nullptr);
+    if (Desktop.WhileMessage) Desktop.WhileMessage();
+    Desktop.ActivateDialog(pBelow);
 }
 
 }  // namespace taviro::platform

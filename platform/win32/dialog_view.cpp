@@ -132,7 +132,7 @@ bool DialogView::Handle(UINT nMessage, WPARAM wParam, LPARAM lParam) {
             }
             return true;
         case WM_ACTIVATE:
-            if (LOWORD(wParam) != WA_INACTIVE && m_Form.OnActivate) m_Form.OnActivate();
+            LOWORD(wParam) == WA_INACTIVE ? m_Form.Deactivate() : m_Form.Activate();
             return false;
         case WM_DESTROY:
             m_hWindow = nullptr;

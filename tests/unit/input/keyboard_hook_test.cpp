@@ -6,10 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "feedback/event_log.h"
 #include "input/joystick_reader.h"
-#include "state/cursor_state.h"
-#include "state/mode_state.h"
 #include "tests/unit/program_fixture.h"
 
 namespace taviro {
@@ -225,6 +222,58 @@ TEST_F(KeyboardHookTest, KeyboardProc_PassesUntilNextRelease_WhenKeysAreIgnored)
     EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
 }
 
+TEST_F(KeyboardHookTest, Release_GoesWhereItsPressWent_WhateverHappenedBetween) {
+    const struct {
+        const char* szName;
+        bool* pElsewhere;
+        bool bOnPress, bOnRelease;
+    } ROWS[] = {
+        {"a dialog closed by the press", &Program.bDialogActive, true, false},
+        {"a dialog opened meanwhile", &Program.bDialogActive, false, true},
+        {"a message closed by the press", &Program.bMessageShown, true, false},
+        {"a joystick unplugged meanwhile", &Desktop.Joystick.bPresent, true, false},
+        {"a joystick plugged in meanwhile", &Desktop.Joystick.bPresent, false, true},
+    };
+    for (const auto& Row : ROWS) {
+        for (const uint8_t nVk : {VK_ENTER, VK_RIGHT}) {
+            SCOPED_TRACE(Row.szName + std::string(" ") + std::to_string(nVk));
+            *Row.pElsewhere = Row.bOnPress;
+            EXPECT_EQ(KeyPasses(nVk, true), Row.bOnPress);
+            Called.clear();
+            *Row.pElsewhere = Row.bOnRelease;
+            EXPECT_EQ(KeyPasses(nVk, false), Row.bOnPress);
+            const bool bRuns = nVk == VK_ENTER && !Row.bOnPress;
+            EXPECT_EQ(Called, bRuns ? Effects{"Enter"} : Effects{});
+            EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{}) << "nobody is left with a held key";
+            *Row.pElsewhere = false;
+        }
+    }
+}
+
+// Held so long that it repeats: whoever got one of the presses gets the release.
+TEST_F(KeyboardHookTest, Release_IsNotKept_WhenTheProgramInFrontGotOneOfThePresses) {
+    for (const bool bFirst : {true, false}) {
+        Program.bDialogActive = bFirst;
+        EXPECT_EQ(KeyPasses(VK_ENTER, true), bFirst);
+        Program.bDialogActive = !bFirst;
+        EXPECT_EQ(KeyPasses(VK_ENTER, true), !bFirst);
+        Program.bDialogActive = false;
+        EXPECT_TRUE(KeyPasses(VK_ENTER, false));
+        EXPECT_EQ(Called, Effects{});
+        EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+    }
+}
+
+TEST_F(KeyboardHookTest, Release_Passes_WhenItsPressWasBeforeTheHook) {
+    EXPECT_TRUE(KeyPasses(VK_ENTER, false)) << "it started the program";
+    EXPECT_EQ(Called, Effects{});
+    KeyPasses(VK_ENTER, true);
+    RemoveKeyboardHook();
+    InstallKeyboardHook();
+    EXPECT_TRUE(KeyPasses(VK_ENTER, false));
+    EXPECT_EQ(Called, Effects{});
+}
+
 TEST_F(KeyboardHookTest, LastKeyUp_HoldsLastReleasedKeyThatPassed_WhenKeysComeAndGo) {
     Desktop.PhysicalKey(VK_A, true);
     EXPECT_EQ(KeyboardHook.LastKeyUp, 0U);
@@ -243,74 +292,6 @@ TEST_F(KeyboardHookTest, Arrow_MovesOncePerRepeat_WhenHeld) {
     Desktop.PhysicalKey(VK_RIGHT, true);
     Desktop.PhysicalKey(VK_RIGHT, false);
     EXPECT_EQ(Called, (Effects{"Arrow 39", "Arrow 39", "Arrow 39"}));
-}
-
-// The same through the whole program: what a user without a joystick meets.
-class KeyboardUserTest : public ProgramTest {
-  protected:
-    KeyboardUserTest() {
-        PutData(L"data.ini",
-                L"[1,1]A,65\r\n[2,1]B,66\r\n[1,2]nabídka,0,*;Poznámky,notepad;Konec,konec\r\n");
-    }
-};
-
-TEST_F(KeyboardUserTest, Right_MovesCursorAndReachesNobody_WhenNoJoystickIsThere) {
-    Desktop.Joystick.bPresent = false;
-    Start();
-    Desktop.PhysicalKey(VK_RIGHT, true);
-    EXPECT_EQ(Cursor.nColumn, 2);
-    EXPECT_EQ(Cursor.nRow, 1);
-    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
-    Desktop.PhysicalKey(VK_RIGHT, false);
-    EXPECT_EQ(Cursor.nColumn, 2);
-}
-
-TEST_F(KeyboardUserTest, Enter_RunsHighlightedCellOnRelease_WhenNoJoystickIsThere) {
-    Desktop.Joystick.bPresent = false;
-    Start();
-    Desktop.PhysicalKey(VK_RIGHT, true);
-    Desktop.PhysicalKey(VK_RIGHT, false);
-    Desktop.PhysicalKey(VK_ENTER, true);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"");
-    Desktop.PhysicalKey(VK_ENTER, false);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
-    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
-}
-
-TEST_F(KeyboardUserTest, KeysOfACell_ReachTheProgramInFront_AndAreNotTakenForTheUsers) {
-    Desktop.Joystick.bPresent = false;
-    Start();
-    CommonMap.Cell(1, 1)->Code = VK_ENTER;
-    Desktop.PhysicalKey(VK_ENTER, true);
-    Desktop.PhysicalKey(VK_ENTER, false);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"\n");
-    CommonMap.Cell(1, 1)->Code = VK_RIGHT;
-    Desktop.PhysicalKey(VK_ENTER, true);
-    Desktop.PhysicalKey(VK_ENTER, false);
-    EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
-}
-
-TEST_F(KeyboardUserTest, Enter_TakesListEntry_WhenListIsOpen) {
-    Desktop.Joystick.bPresent = false;
-    Start();
-    Desktop.PhysicalKey(40, true);
-    Desktop.PhysicalKey(VK_ENTER, false);
-    ASSERT_TRUE(Modes.bListMode);
-    Desktop.TakeEffects();
-    Desktop.PhysicalKey(VK_ENTER, false);
-    EXPECT_FALSE(Modes.bListMode);
-    EXPECT_EQ(Desktop.TakeEffects(), Effects{"launch \"notepad\""});
-}
-
-TEST_F(KeyboardUserTest, Keys_ReachTheProgramInFront_WhenJoystickIsThere) {
-    Start();
-    Desktop.PhysicalKey(VK_RIGHT, true);
-    Desktop.PhysicalKey(VK_ENTER, true);
-    EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(Desktop.KeysDown(), (std::vector<int>{VK_ENTER, VK_RIGHT}));
-    Desktop.PhysicalKey(VK_ENTER, false);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"\n");
 }
 
 }  // namespace
