@@ -27,6 +27,7 @@ inline constexpr int32_t Left = 37;
 inline constexpr int32_t Up = 38;
 inline constexpr int32_t Right = 39;
 inline constexpr int32_t Down = 40;
+inline constexpr int32_t Insert = 45;
 inline constexpr int32_t Delete = 46;
 inline constexpr int32_t LeftWindows = 91;
 inline constexpr int32_t LeftShift = 160;
@@ -60,6 +61,12 @@ constexpr bool IsArrow(int32_t nVk) {
 /// Whether a virtual key moves the cursor of a text: Page Up, Page Down, End, Home, the arrows.
 constexpr bool MovesTextCursor(int32_t nVk) {
     return nVk >= KeyCode::PageUp && nVk <= KeyCode::Down;
+}
+
+/// Whether a virtual key is on the number pad as well, where NumLock makes a digit or the comma of
+/// it.
+constexpr bool IsAlsoOnNumberPad(int32_t nVk) {
+    return MovesTextCursor(nVk) || nVk == KeyCode::Insert || nVk == KeyCode::Delete;
 }
 
 }  // namespace taviro

@@ -54,10 +54,21 @@ struct VirtualJoystick {
     uint32_t nLastCapsSize = 0;
 };
 
+/// A key press that reached the program in front, with the modifiers that it saw.
+struct ReceivedKey {
+    uint32_t nVk = 0;
+    bool bShift = false;
+    bool bCtrl = false;
+    bool bAlt = false;
+    bool operator==(const ReceivedKey&) const = default;
+};
+
 /// The keyboard as the system sees it, and the text that the program in front received.
 struct VirtualKeyboard {
     std::array<bool, 256> bDown{};  ///< by virtual key; generic modifiers follow their sides
     bool bCapsLock = false;
+    bool bNumLock = false;
+    std::vector<ReceivedKey> Received;
     std::wstring strTyped;  ///< a text field with its caret at the end
     wchar_t nPendingDeadKey = 0;
     KeyHookProcedure pHook = nullptr;

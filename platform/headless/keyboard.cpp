@@ -5,6 +5,7 @@
 
 #include "platform/headless/desktop.h"
 #include "platform/headless/keyboard_layout.h"
+#include "platform/key_flags.h"
 #include "platform/text.h"
 #include "vocabulary/key_code.h"
 
@@ -88,12 +89,22 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
     SetKeyState(Keyboard.bDown, nVk, !bUp);
     if (bUp) return;
     if (nVk == KeyCode::CapsLock) Keyboard.bCapsLock = !Keyboard.bCapsLock;
+    const auto& bDown = Keyboard.bDown;
+    // Shift is lifted around a key of the number pad, so that it has its meaning without NumLock.
+    const bool bOfPad =
+        IsAlsoOnNumberPad(static_cast<int32_t>(nVk)) && (dwFlags & KEY_FLAG_EXTENDED) == 0;
+    const bool bLifted = bOfPad && Keyboard.bNumLock;
+    Keyboard.Received.push_back({.nVk = nVk,
+                                 .bShift = bDown[KeyCode::Shift] && !bLifted,
+                                 .bCtrl = bDown[KeyCode::Ctrl],
+                                 .bAlt = bDown[KeyCode::Alt]});
     TypeKey(nVk);
 }
 
 void DesktopState::PhysicalKey(uint8_t nVk, bool bDown) {
     const LayoutKey* pKey = KeyOfVk(nVk);
-    DeliverKey(nVk, pKey == nullptr ? 0 : pKey->nScan, bDown ? KEY_FLAG_DOWN : KEY_FLAG_UP, false);
+    DeliverKey(nVk, pKey == nullptr ? 0 : pKey->nScan,
+               FlagsForSystem(nVk, bDown ? KEY_FLAG_DOWN : KEY_FLAG_UP), false);
 }
 
 std::vector<int> DesktopState::KeysDown() const {
@@ -147,7 +158,8 @@ uint32_t SendInputRecords(std::span<const InputRecord> Records) {
     for (const InputRecord& Record : Records.first(nTaken)) {
         Desktop.Sent.push_back(Record);
         if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
-            Desktop.DeliverKey(pKey->wVk, pKey->wScan, pKey->dwFlags, true);
+            Desktop.DeliverKey(pKey->wVk, pKey->wScan, FlagsForSystem(pKey->wVk, pKey->dwFlags),
+                               true);
         } else {
             const auto& Mouse = std::get<MouseRecord>(Record);
             Desktop.Pointer.nX += Mouse.nDx;
@@ -162,7 +174,7 @@ void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraIn
                    " flags " + std::to_string(dwFlags) +
                    (dwExtraInfo == 0 ? "" : " extra " + std::to_string(dwExtraInfo)));
     if (Desktop.Refuses(__func__)) return;
-    Desktop.DeliverKey(nVk, nScan, dwFlags, true);
+    Desktop.DeliverKey(nVk, nScan, FlagsForSystem(nVk, dwFlags), true);
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/key_flags.h"
 #include "platform/main_window.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
@@ -14,6 +15,7 @@
 
 namespace taviro::platform {
 
+static_assert(KEY_FLAG_EXTENDED == KEYEVENTF_EXTENDEDKEY);
 #ifndef _WIN64
 static_assert(sizeof(INPUT) == 28);
 #endif
@@ -27,7 +29,7 @@ INPUT ToInput(const KeyRecord& Record) {
     Input.type = INPUT_KEYBOARD;
     Input.ki.wVk = Record.wVk;
     Input.ki.wScan = Record.wScan;
-    Input.ki.dwFlags = Record.dwFlags;
+    Input.ki.dwFlags = FlagsForSystem(Record.wVk, Record.dwFlags);
     Input.ki.time = Record.nTime;
     Input.ki.dwExtraInfo = Record.dwExtraInfo;
     return Input;
@@ -76,7 +78,7 @@ uint32_t SendInputRecords(std::span<const InputRecord> Records) {
 }
 
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
-    keybd_event(nVk, nScan, dwFlags, dwExtraInfo);
+    keybd_event(nVk, nScan, FlagsForSystem(nVk, dwFlags), dwExtraInfo);
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {

@@ -56,6 +56,25 @@ KeyRecord Key(uint16_t nVk, uint32_t nFlags) {
     return {.wVk = nVk, .dwFlags = nFlags};
 }
 
+TEST_F(KeysTest, Keys_CarryTheExtendedMark_WhenTheNumberPadHasThemToo) {
+    static std::vector<uint32_t> Extended;  // of the presses, in order
+    Extended.clear();
+    const auto Note = [](int32_t, uintptr_t, const KeyHookRecord& Record) -> intptr_t {
+        if ((Record.flags & HOOK_FLAG_UP) == 0) Extended.push_back(Record.flags & LLKHF_EXTENDED);
+        return 1;
+    };
+    const uintptr_t hHook = InstallHook(HOOK_KEYBOARD_LL, Note);
+    ASSERT_NE(hHook, 0U);
+    const std::vector<InputRecord> Records{Key(VK_LEFT, KEY_FLAG_DOWN), Key(VK_LEFT, KEY_FLAG_UP),
+                                           Key('A', KEY_FLAG_DOWN), Key('A', KEY_FLAG_UP)};
+    EXPECT_EQ(SendInputRecords(Records), Records.size());
+    KeybdEvent(VK_END, 0, KEY_FLAG_DOWN, 0);
+    KeybdEvent(VK_END, 0, KEY_FLAG_UP, 0);
+    EXPECT_TRUE(tests::RunMessagesUntil([&] { return Extended.size() >= 3; }));
+    EXPECT_EQ(Extended, (std::vector<uint32_t>{LLKHF_EXTENDED, 0, LLKHF_EXTENDED}));
+    EXPECT_TRUE(RemoveHook(hHook));
+}
+
 TEST_F(KeysTest, SendInput_ArrivesInOrder_WhenOfVirtualKeys) {
     const std::vector<InputRecord> Records{Key('A', KEY_FLAG_DOWN), Key('A', KEY_FLAG_UP),
                                            Key(VK_RIGHT, KEY_FLAG_DOWN),

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "actions/key_synthesis.h"
 
+#include <algorithm>
+
+#include "actions/key_sequence.h"
 #include "tests/unit/actions/action_fixture.h"
 
 namespace taviro {
@@ -243,6 +246,28 @@ TEST_F(KeySynthesis, EveryCodeUpToAHundredThousand_LeavesNoKeyDown) {
         PressActionCode(nCode);
         ASSERT_TRUE(Desktop.KeysDown().empty()) << nCode;
         Desktop.Sent.clear();
+    }
+}
+
+// The keys that select, and those that work with Shift, as cells and as typed sequences.
+TEST_F(KeySynthesis, ShiftedKeysOfTheNumberPad_KeepShift_WhateverNumLockSays) {
+    const std::pair<int32_t, const wchar_t*> KEYS[] = {
+        {37, L"+{LEFT}"}, {38, L"+{UP}"},  {39, L"+{RIGHT}"}, {40, L"+{DOWN}"},   {33, L"+{PGUP}"},
+        {34, L"+{PGDN}"}, {35, L"+{END}"}, {36, L"+{HOME}"},  {45, L"+{INSERT}"}, {46, L"+{DEL}"}};
+    for (const bool bNumLock : {false, true}) {
+        for (const auto& [nVk, szSequence] : KEYS) {
+            Desktop.Keyboard.bNumLock = bNumLock;
+            const platform::headless::ReceivedKey Selecting{.nVk = static_cast<uint32_t>(nVk),
+                                                            .bShift = true};
+            for (const bool bCell : {true, false}) {
+                Desktop.Keyboard.Received.clear();
+                bCell ? PressActionCode(10000 + nVk) : vbSendKey(szSequence);
+                const auto& Received = Desktop.Keyboard.Received;
+                EXPECT_EQ(std::count(Received.begin(), Received.end(), Selecting), 1)
+                    << nVk << (bNumLock ? " with NumLock" : "") << (bCell ? " cell" : " sequence");
+                EXPECT_TRUE(Desktop.KeysDown().empty());
+            }
+        }
     }
 }
 

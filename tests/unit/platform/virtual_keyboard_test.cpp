@@ -323,5 +323,27 @@ TEST_F(VirtualKeyboardTest, Layout_TypesEveryCharacterItNames_WhenAskedBackAndFo
     }
 }
 
+TEST_F(VirtualKeyboardTest, NumLock_LiftsShiftAroundAKeyOfTheNumberPadOnly) {
+    constexpr uint32_t LEFT = 37, SHIFT = 16, EXTENDED = 1;
+    const struct {
+        bool bNumLock;
+        uint32_t nVk, nFlags;
+        bool bShift;
+    } ROWS[] = {{true, LEFT, 0, false},
+                {true, LEFT, EXTENDED, true},
+                {false, LEFT, 0, true},
+                {true, 'A', 0, true}};
+    for (const auto& Row : ROWS) {
+        Desktop.Keyboard.bNumLock = Row.bNumLock;
+        Desktop.DeliverKey(SHIFT, 0, KEY_FLAG_DOWN, true);
+        Desktop.Keyboard.Received.clear();
+        Desktop.DeliverKey(Row.nVk, 0, Row.nFlags, true);
+        ASSERT_EQ(Desktop.Keyboard.Received.size(), 1U);
+        EXPECT_EQ(Desktop.Keyboard.Received.front().bShift, Row.bShift) << Row.nVk;
+        Desktop.DeliverKey(Row.nVk, 0, KEY_FLAG_UP | Row.nFlags, true);
+        Desktop.DeliverKey(SHIFT, 0, KEY_FLAG_UP, true);
+    }
+}
+
 }  // namespace
 }  // namespace taviro::platform
