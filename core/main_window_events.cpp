@@ -32,7 +32,7 @@ void Label2_MouseUp(forms::MouseButton nButton) {
     Cursor.nRow = nRow;
     SetHi(nColumn, nRow);
     NameCursorInCaption();
-    if (bEdit) frmConfig->Show();
+    if (bEdit) frmConfig->ShowCursorCell();
 }
 
 void txtCmd_Change() {

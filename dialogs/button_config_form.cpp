@@ -74,7 +74,7 @@ bool ButtonConfigForm::StoreRow() {
     if (Chosen.Kind == ButtonKind::Code) {
         // A key that has no name, as a settings file may hold, stays when no other is chosen.
         const bool bHadKey = pRow->Kind == ButtonKind::Code;
-        Chosen.Code = KeyOfForm(*this).Code(bHadKey ? UnmodifiedCode(pRow->Code) : NO_KEY);
+        Chosen.Code = KeyOfForm(*this).Code(bHadKey ? pRow->Code : NO_KEY);
         if (UnmodifiedCode(Chosen.Code) == NO_KEY) return false;
     }
     if (Chosen.Kind == ButtonKind::Command) Chosen.Command = Text3.Text;

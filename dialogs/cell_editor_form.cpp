@@ -9,8 +9,10 @@
 #include "dialogs/key_choice.h"
 #include "dialogs/keyboard_dialog.h"
 #include "maps/map_file.h"
+#include "maps/map_window.h"
 #include "state/cursor_state.h"
 #include "state/program_state.h"
+#include "vocabulary/action_code.h"
 #include "vocabulary/command.h"
 
 namespace taviro {
@@ -29,6 +31,16 @@ std::wstring StorableCaption(const std::wstring& strEntered) {
 
 KeyChoice KeyOfForm(CellEditorForm& Form) {
     return {Form.ComboKey, Form.chkSHIFT, Form.chkCTRL, Form.chkALT, Form.chkWin};
+}
+
+// Whether a cell there belongs to the map: what stands behind a row without a first cell is neither
+// shown nor stored.
+bool IsReached(int32_t nColumn, int32_t nRow) {
+    const int32_t nFirstCells = nColumn > 1 ? nRow : nRow - 1;
+    for (int32_t n = 1; n <= nFirstCells; ++n) {
+        if (IsEmptyCell(1, n)) return false;
+    }
+    return true;
 }
 
 void FillNumbers(forms::ComboBox& Combo, int32_t nSelected) {
@@ -58,10 +70,21 @@ CellEditorForm::CellEditorForm() : Form(L"frmConfig") {
         HighlightCursor();  // it may stand on a place that was offered and got no cell
     };
     cmdOK.OnClick = [this] {
-        Save();
-        Unload();
+        if (Save()) Unload();
     };
     cmdCancel.OnClick = [this] { Unload(); };
+}
+
+void CellEditorForm::ShowCursorCell() {
+    const bool bOther =
+        m_nColumn != Cursor.nColumn || m_nRow != Cursor.nRow || m_Map != CurrentMap();
+    if (IsLoaded() && bOther) {
+        const std::wstring strLeft = m_Opened.Caption;
+        const bool bLost = IsEdited();
+        Open();
+        if (bLost) TellUser(*this, L"Úpravy položky „" + strLeft + L"“ se neuložily.");
+    }
+    Show();
 }
 
 void CellEditorForm::Open() {
@@ -71,6 +94,7 @@ void CellEditorForm::Open() {
     m_Map = CurrentMap();
     const MapCell* pCell = ShownMap().Cell(m_nColumn, m_nRow);
     const MapCell Cell = pCell == nullptr ? MapCell{} : *pCell;
+    m_nCode = Cell.Code;
     FillNumbers(ComboX, m_nColumn);
     FillNumbers(ComboY, m_nRow);
     Caption = L"Nastavení položky - " + Cell.Caption;
@@ -80,6 +104,12 @@ void CellEditorForm::Open() {
     OptionType.Choose(Cell.Code != 0 ? CELL_KIND_KEY : CELL_KIND_NO_KEY);
     KeyOfForm(*this).Show(Cell.Code);
     bChanged = false;
+    m_Opened = EnteredCell();
+}
+
+bool CellEditorForm::IsEdited() {
+    return ComboX.ListIndex + 1 != m_nColumn || ComboY.ListIndex + 1 != m_nRow ||
+           EnteredCell() != m_Opened;
 }
 
 void CellEditorForm::FillCommand(const std::wstring& strCommand) {
@@ -105,20 +135,45 @@ MapCell CellEditorForm::EnteredCell() {
     Entered.bResetsColumn = ChkResetColumnOnAction.Value;
     Entered.strText = Text3.Text;
     Cell.Command = ComposeCommand(Entered);
-    if (OptionType.Selected != CELL_KIND_NO_KEY) Cell.Code = KeyOfForm(*this).Code(NO_KEY);
+    if (OptionType.Selected != CELL_KIND_NO_KEY) Cell.Code = KeyOfForm(*this).Code(m_nCode);
     return Cell;
 }
 
-void CellEditorForm::Save() {
+bool CellEditorForm::LacksItsKey(const MapCell& Cell) const {
+    const bool bKey = !Cell.Caption.empty() && OptionType.Selected == CELL_KIND_KEY;
+    const bool bHadNone = m_nCode != 0 && Cell.Code == m_nCode;  // as a map file may hold it
+    return bKey && UnmodifiedCode(Cell.Code) == NO_KEY && !bHadNone;
+}
+
+bool CellEditorForm::Refuse(const wchar_t* szWhy) {
+    TellUser(*this, szWhy);
+    return false;
+}
+
+bool CellEditorForm::Save() {
+    const MapCell Cell = EnteredCell();
+    const int32_t nColumn = ComboX.ListIndex + 1;
+    const int32_t nRow = ComboY.ListIndex + 1;
+    if (LacksItsKey(Cell)) return Refuse(L"Vyberte klávesu, kterou má buňka stisknout.");
+    const bool bInGrid = nColumn >= 1 && nColumn <= MAP_COLUMNS && nRow >= 1 && nRow <= MAP_ROWS;
+    if (!bInGrid) return Refuse(L"Mapa má nejvýše 40 sloupců a 20 řádků. Vyberte jiné místo.");
     // The map may have changed while the editor was open: with the editor in front, an
     // application's map can give way to the common one, whose cell at the same place must not be
     // overwritten.
-    if (ReturnToMap(m_Map)) {
-        SaveCell(ComboX.ListIndex + 1, ComboY.ListIndex + 1, EnteredCell());
+    if (!ReturnToMap(m_Map)) {
+        TellUser(*this, L"Mapa, do které položka patří, už není. Úpravy se neuložily.");
+    } else if (!Cell.Caption.empty() && !IsReached(nColumn, nRow)) {
+        LayOutMap();
+        HighlightCursor();
+        return Refuse(
+            L"Řádky mapy následují za sebou a každý začíná v prvním sloupci. Vyberte jiné místo.");
+    } else {
+        SaveCell(nColumn, nRow, Cell);
     }
     Cursor.nColumn = m_nColumn;
     Cursor.nRow = m_nRow;
     HighlightCursor();
+    return true;
 }
 
 }  // namespace taviro

@@ -44,17 +44,27 @@ class CellEditorForm : public forms::Form {
 
     bool bChanged = false;  ///< position, caption, command or mode mark was touched since opening
 
+    /// Shows the form for the cell under the cursor; open for another one, it changes over to that,
+    /// and says so when edits are lost with it.
+    void ShowCursorCell();
+
   private:
     void Open();
     void FillCommand(const std::wstring& strCommand);
     void EnableFor(int32_t nKind);
     MapCell EnteredCell();
-    void Save();
+    bool IsEdited();
+    [[nodiscard]] bool LacksItsKey(const MapCell& Cell) const;
+    bool Refuse(const wchar_t* szWhy);
+    // Returns false when nothing was stored and the user, who was told why, can still mend it.
+    bool Save();
 
-    // The highlight and the map at opening.
+    // The highlight, the map and the cell at opening; the cell as the controls showed it.
     int32_t m_nColumn{};
     int32_t m_nRow{};
     MapOnScreen m_Map;
+    int32_t m_nCode{};
+    MapCell m_Opened;
 };
 
 /// One for the whole run, made anew only by tests.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/key_choice.h"
 
+#include <algorithm>
+
 #include "maps/key_names.h"
 #include "vocabulary/action_code.h"
 
@@ -21,8 +23,18 @@ void KeyChoice::Show(int32_t nCode) const {
     ComboKey.Select(KeyIndexOf(UnmodifiedCode(nCode)));
 }
 
-int32_t KeyChoice::Code(int32_t nUnselected) const {
-    int32_t nKey = nUnselected;
+bool KeyChoice::IsAsShown(int32_t nCode) const {
+    const ActionCode Action = ParseActionCode(nCode);
+    const auto Boxed = Boxes();
+    return ComboKey.ListIndex == KeyIndexOf(UnmodifiedCode(nCode)) &&
+           std::all_of(Boxed.begin(), Boxed.end(), [&](const ModifierBox& One) {
+               return One.Box.Value == HasModifier(Action, One.nModifier);
+           });
+}
+
+int32_t KeyChoice::Code(int32_t nShown) const {
+    if (IsAsShown(nShown)) return nShown;
+    int32_t nKey = UnmodifiedCode(nShown);
     (void)KeyCodeAt(ComboKey.ListIndex, nKey);
     ActionCode Action = ParseActionCode(nKey);
     for (const ModifierBox& One : Boxes()) {

@@ -21,9 +21,10 @@ struct KeyChoice {
 
     /// Fills the list and sets every control from a code. A key that has no name stays unselected.
     void Show(int32_t nCode) const;
-    /// The code of the selected key with the ticked modifiers; nUnselected is the code of the key
-    /// without a selection.
-    int32_t Code(int32_t nUnselected) const;
+    /// The code of the selected key with the ticked modifiers. Of the code that was shown the key
+    /// stays when none is selected, and all of it when nothing was touched: the list does not name
+    /// every key.
+    int32_t Code(int32_t nShown) const;
     void Enable(bool bEnabled) const;
 
   private:
@@ -32,6 +33,7 @@ struct KeyChoice {
         int32_t nModifier;
     };
     [[nodiscard]] std::array<ModifierBox, 4> Boxes() const;
+    [[nodiscard]] bool IsAsShown(int32_t nCode) const;
 };
 
 }  // namespace taviro

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/control.h"
 
+#include <algorithm>
+
 #include "forms/form.h"
 
 namespace taviro::forms {
@@ -28,6 +30,24 @@ void Label::Release(MouseButton nButton) {
 
 void TextBox::RunHandler(Aspect nAspect) {
     if (nAspect == Aspect::Text && OnChange) OnChange();
+}
+
+std::optional<std::wstring> TextBox::Insertion(size_t nFrom, size_t nTo,
+                                               const std::wstring& strInserted) const {
+    if (!Admit) return strInserted;
+    const std::wstring& strText = Text;
+    const std::wstring strBefore = strText.substr(0, std::min(nFrom, strText.size()));
+    const std::wstring strBehind = strText.substr(std::min(nTo, strText.size()));
+    const std::wstring strWhole = strBefore + strInserted + strBehind;
+    const std::wstring strHeld = Admit(strWhole);
+    const size_t nAround = strBefore.size() + strBehind.size();
+    if (strHeld.size() >= nAround && strHeld.starts_with(strBefore) &&
+        strHeld.ends_with(strBehind)) {
+        return strHeld.substr(strBefore.size(), strHeld.size() - nAround);
+    }
+    // There is no room: the end of the text is not pushed out for it.
+    if (strWhole.starts_with(strHeld)) return std::wstring{};
+    return std::nullopt;
 }
 
 void TextBox::Type(const std::wstring& strEntered) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -126,6 +127,12 @@ class TextBox : public Control {
     std::function<void()> OnLostFocus;
     /// What becomes of a text that the user enters, where not every text is allowed.
     std::function<std::wstring(const std::wstring&)> Admit;
+
+    /// What the user's insertion in place of the characters from nFrom on and before nTo puts
+    /// there: less than it, or something else, where not all of it is admitted. Nothing when the
+    /// insertion would change the rest of the text as well.
+    [[nodiscard]] std::optional<std::wstring> Insertion(size_t nFrom, size_t nTo,
+                                                        const std::wstring& strInserted) const;
 
     /// The user changed the whole text to this one; what is not admitted does not get in.
     void Type(const std::wstring& strEntered);

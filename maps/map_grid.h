@@ -18,6 +18,7 @@ struct MapCell {
     std::wstring Caption;  ///< shown and spoken; empty: there is no cell here
     int32_t Code = 0;      ///< action code; 0: the command is carried out instead
     std::wstring Command;  ///< command text, may be empty
+    bool operator==(const MapCell&) const = default;
 };
 
 /// A grid of cells, columns 0 to 40 and rows 0 to 20.

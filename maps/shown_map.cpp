@@ -94,7 +94,8 @@ void ShowPickedMap(const std::wstring& strAppName) {
 }
 
 MapOnScreen CurrentMap() {
-    return {.bAppMap = Foreground.bAppMapShown, .strAppName = Foreground.AppMapName};
+    if (!Foreground.bAppMapShown) return {};
+    return {.bAppMap = true, .strAppName = Foreground.AppMapName};
 }
 
 bool ReturnToMap(const MapOnScreen& Map) {

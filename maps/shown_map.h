@@ -37,7 +37,8 @@ void ShowPickedMap(const std::wstring& strAppName);
 /// A map as it can be returned to.
 struct MapOnScreen {
     bool bAppMap = false;
-    std::wstring strAppName;  ///< whose map is loaded
+    std::wstring strAppName;  ///< whose map it is; empty for the common one
+    bool operator==(const MapOnScreen&) const = default;
 };
 MapOnScreen CurrentMap();
 

@@ -6,6 +6,7 @@
 #include "platform/unneeded.h"
 #include "platform/win32/control_view.h"
 #include "platform/win32/dialog_template.h"
+#include "platform/win32/edit_view.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/window_placement.h"
 
@@ -80,6 +81,7 @@ void DialogView::OnInit() {
         } else if (pControl->nId != 0) {
             PullGeometry(m_hWindow, *pControl);
             PushControl(m_hWindow, *pControl);
+            WatchText(*pControl);
         }
     }
     PushFrame(forms::Aspect::Text);
@@ -89,6 +91,13 @@ void DialogView::OnInit() {
     if (!bPlaced) CentreOnWorkArea(m_hWindow);
     KeepOnScreen(m_hWindow);
     StartTimers();
+}
+
+void DialogView::WatchText(forms::Control& Shown) const {
+    if (Shown.Kind() != forms::ControlKind::TextBox) return;
+    auto& Box = static_cast<forms::TextBox&>(Shown);
+    const HWND hEdit = GetDlgItem(m_hWindow, Box.nId);
+    if (Box.Admit && hEdit != nullptr) WatchInsertions(hEdit, Box);
 }
 
 void DialogView::StartTimers() {

@@ -37,6 +37,7 @@ class DialogView {
     void OnInit();
     void OnCommand(int nId, WORD nCode);
     forms::Control* ControlOf(int nId) const;
+    void WatchText(forms::Control& Shown) const;
     void StartTimers();
 
     forms::Form& m_Form;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -328,6 +329,45 @@ TEST(Labels, Release_IsAClick_OnlyAfterAPressOfTheSameButtonThere) {
     Shown.Label2.Enabled = false;
     Shown.Label2.Release(MouseButton::Left);
     EXPECT_EQ(Clicks.size(), 1U);
+}
+
+// The box admits no comma, no blank at its beginning, "!" for a "?", and five characters.
+TEST(TextBoxes, Insertion_IsWhatIsAdmittedOfIt_AtItsPlace) {
+    const struct {
+        const char* szName;
+        std::wstring strText;
+        size_t nFrom, nTo;
+        std::wstring strInserted;
+        std::optional<std::wstring> Result;
+    } ROWS[] = {
+        {"admitted", L"ab", 1, 1, L"x", L"x"},
+        {"refused", L"ab", 1, 1, L",", L""},
+        {"over marked text", L"abc", 0, 2, L"x", L"x"},
+        {"refused over marked text", L"abc", 0, 2, L",", L""},
+        {"changed", L"ab", 2, 2, L"?", L"!"},
+        {"a part of it", L"ab", 1, 1, L"x,y", L"xy"},
+        {"refused at the beginning", L"ab", 0, 0, L" ", L""},
+        {"admitted elsewhere", L"ab", 1, 1, L" ", L" "},
+        {"what there is room for, at the end", L"abcd", 4, 4, L"xyz", L"x"},
+        {"no room in the middle", L"abcde", 2, 2, L"c", L""},
+        {"of a text that was there already", L" ab", 3, 3, L"x", std::nullopt},
+        {"behind the text", L"ab", 7, 9, L"x", L"x"},
+    };
+    for (const auto& Row : ROWS) {
+        TestForm Form;
+        Form.txtBox.Text = Row.strText;
+        Form.txtBox.Admit = [](const std::wstring& strEntered) {
+            std::wstring strHeld = strEntered;
+            std::erase(strHeld, L',');
+            std::replace(strHeld.begin(), strHeld.end(), L'?', L'!');
+            if (strHeld.starts_with(L' ')) strHeld.erase(0, 1);
+            return strHeld.substr(0, 5);
+        };
+        EXPECT_EQ(Form.txtBox.Insertion(Row.nFrom, Row.nTo, Row.strInserted), Row.Result)
+            << Row.szName;
+        Form.txtBox.Admit = nullptr;
+        EXPECT_EQ(Form.txtBox.Insertion(Row.nFrom, Row.nTo, Row.strInserted), Row.strInserted);
+    }
 }
 
 }  // namespace
