@@ -7,82 +7,16 @@
 
 #include "actions/choice_list.h"
 #include "actions/foreground_watch.h"
-#include "actions/mode_transitions.h"
-#include "core/cursor_movement.h"
 #include "core/poll_loop.h"
 #include "feedback/event_log.h"
-#include "feedback/speech.h"
 #include "maps/app_positions.h"
-#include "maps/map_window.h"
 #include "maps/shown_map.h"
 #include "settings/button_table.h"
-#include "state/cursor_state.h"
 #include "state/mode_state.h"
-#include "tests/unit/automation_stand_ins.h"
-#include "tests/unit/core/two_programs.h"
-#include "tests/unit/program_fixture.h"
-#include "vocabulary/key_code.h"
+#include "tests/unit/core/mode_scene.h"
 
 namespace taviro {
 namespace {
-
-using Lines = std::vector<std::wstring>;
-
-// A desktop with two programs, of which the editor may have a map of its own:
-//   common map  A B C    the editor's  X Y
-//               D E F                  Z W
-//               G H I                  U V
-class ModeScene : public ProgramTest {
-  protected:
-    ModeScene() {
-        pEngine = InstallEngine();
-        PutData(L"data.ini",
-                L"[1,1]A,65\r\n[2,1]B,66\r\n[3,1]C,67\r\n[1,2]D,68\r\n[2,2]E,69\r\n[3,2]F,70\r\n"
-                L"[1,3]G,71\r\n[2,3]H,72\r\n[3,3]I,73\r\n");
-        OpenTwoPrograms(EDITOR_WINDOW);
-    }
-    ~ModeScene() override { Speech = {}; }
-
-    static void GiveEditorAMap() {
-        PutData(L"data_EDITOR.EXE.ini",
-                L"[1,1]X,88\r\n[2,1]Y,89\r\n[1,2]Z,90\r\n[2,2]W,87\r\n"
-                L"[1,3]U,85\r\n[2,3]V,86\r\n");
-    }
-    static void StandOn(int32_t nColumn, int32_t nRow) {
-        Cursor.nColumn = nColumn;
-        Cursor.nRow = nRow;
-    }
-    /// Brings the program into a mode, in the editor's map for the application mode. The cursor
-    /// stands on H (there on W), C is remembered.
-    static void BeIn(Mode nMode) {
-        Modes.Set(nMode);
-        if (nMode == Mode::Application) CheckForegroundApp(true);
-        Cursor.nLastColumn = 3;
-        Cursor.nLastRow = 1;
-        StandOn(2, nMode == Mode::Application ? 2 : 3);
-        SetHi(Cursor.nColumn, Cursor.nRow);
-    }
-    static void RunScan() {
-        forms::FrmMain->ScanTimer.Interval = 60000;
-        forms::FrmMain->ScanTimer.Enabled = true;
-    }
-    /// The log's lines since it was begun, without their times.
-    static Lines LoggedLines() {
-        Lines All;
-        std::wstring strRest = EventLog.strLog;
-        constexpr size_t TIME = 9;  // "01:59:52 "
-        for (auto n = strRest.find(L"\r\n"); n != std::wstring::npos; n = strRest.find(L"\r\n")) {
-            strRest.erase(0, n + 2);
-            All.push_back(strRest.substr(0, strRest.find(L"\r\n")).substr(TIME));
-        }
-        return All;
-    }
-    static int ModeFlags() {
-        return Modes.bSelectMode * 1 + Modes.bScanMode * 2 + Modes.bArrowMode * 4 +
-               Modes.bAppMode * 8;
-    }
-    std::shared_ptr<EngineState> pEngine;
-};
 
 enum class From {
     Select,
@@ -344,81 +278,6 @@ TEST_F(ModeSwitchingTest, LosingApplication_ForgetsItAndKeepsTickMemories_WhenMa
     EXPECT_EQ(Poll.nPrevTilt, Tilt::Right);
     EXPECT_EQ(Poll.nPrevButton, 1);
     EXPECT_EQ(Poll.nTiltCount, Before.nTiltCount);
-}
-
-// What a tilt to the right and the action button do in each mode.
-TEST_F(ModeSwitchingTest, SelectMode_MovesCursorAndRunsCell) {
-    Start();
-    BeIn(Mode::Select);
-    TiltRight();
-    Ticks(1);
-    EXPECT_EQ(Cursor.nColumn, 3);
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"i");
-}
-
-TEST_F(ModeSwitchingTest, NoMode_ActsAsSelection_AtTheStart) {
-    Start();
-    TiltRight();
-    Ticks(1);
-    EXPECT_EQ(Cursor.nColumn, 2);
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
-}
-
-TEST_F(ModeSwitchingTest, ArrowMode_SendsArrowAndEnterToTheProgramInFront) {
-    Start();
-    BeIn(Mode::Arrow);
-    Desktop.TakeEffects();
-    TiltRight();
-    Ticks(1);
-    CentreStick();
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_EQ(Desktop.TakeEffects(),
-              (Effects{"SendInput: vk 39 down, vk 39 up", "SendInput: vk 13 down, vk 13 up"}));
-    EXPECT_EQ(Cursor.nColumn, 2);
-}
-
-TEST_F(ModeSwitchingTest, ScanMode_StartsThenStopsAndRunsCell) {
-    Start();
-    BeIn(Mode::Scan);
-    StandOn(1, 1);
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_TRUE(forms::FrmMain->ScanTimer.Enabled);
-    EXPECT_EQ(forms::FrmMain->ScanTimer.Interval, 1000);
-    ReleaseButtons();
-    Ticks(12);
-    EXPECT_EQ(Cursor.nColumn, 2) << "one step a second";
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_FALSE(forms::FrmMain->ScanTimer.Enabled);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"b");
-}
-
-TEST_F(ModeSwitchingTest, ScanMode_TurnsScan_WhenTiltedByHand) {
-    Start();
-    BeIn(Mode::Scan);
-    RunScan();
-    TiltLeft();
-    Ticks(1);
-    EXPECT_EQ(Cursor.nColumn, 1);
-    EXPECT_EQ(Scanning.nScanDirection, KeyCode::Left);
-}
-
-TEST_F(ModeSwitchingTest, ApplicationMode_MovesInItsMapAndRunsItsCell) {
-    GiveEditorAMap();
-    Start();
-    BeIn(Mode::Application);
-    TiltLeft();
-    Ticks(1);
-    EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"Z");
-    PressButton(ACTION_BUTTON);
-    Ticks(1);
-    EXPECT_EQ(Desktop.Keyboard.strTyped, L"z");
 }
 
 }  // namespace
