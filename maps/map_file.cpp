@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "maps/shown_map.h"
+#include "platform/byte_order_mark.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -50,6 +51,8 @@ class MapReader {
   public:
     explicit MapReader(MapGrid& Grid) : m_Grid(Grid) {}
 
+    bool bLostCharacters = false;  // some could not be read
+
     void ReadLine(std::string_view strLine) {
         if (strLine.starts_with('_')) return ContinueCommand(strLine.substr(1));
         const auto nBracket = strLine.find(']');
@@ -65,9 +68,17 @@ class MapReader {
     int32_t nStored = 0;  // cell lines that stored a cell
 
   private:
+    std::wstring Text(std::string_view strPart) {
+        if (!m_Grid.bUnicodeFile) return platform::FromAnsi(strPart);
+        std::wstring strText = platform::FromUtf8(strPart);
+        constexpr wchar_t LOST = 0xFFFD;
+        if (strText.find(LOST) != std::wstring::npos) bLostCharacters = true;
+        return strText;
+    }
+
     void ContinueCommand(std::string_view strMore) {
         if (MapCell* pCell = m_Grid.Cell(m_nColumn, m_nRow)) {
-            pCell->Command += platform::FromAnsi(strMore);
+            pCell->Command += Text(strMore);
         }
     }
 
@@ -89,11 +100,10 @@ class MapReader {
         const auto nComma = strRest.find(',');
         int32_t nCode = pCell->Code;
         ReadNumber(strRest.substr(0, nComma), nCode);
-        *pCell = {.Caption = platform::FromAnsi(strCaption),
+        *pCell = {.Caption = Text(strCaption),
                   .Code = nCode,
-                  .Command = nComma == std::string_view::npos
-                                 ? std::wstring{}
-                                 : platform::FromAnsi(strRest.substr(nComma + 1))};
+                  .Command = nComma == std::string_view::npos ? std::wstring{}
+                                                              : Text(strRest.substr(nComma + 1))};
         return true;
     }
 
@@ -102,7 +112,20 @@ class MapReader {
     int32_t m_nRow = 0;
 };
 
-// Moves a file that is no map out of the way, so that a save does not destroy what it holds.
+// Whether cells stand where no row of the map is: they were read, and are not written again.
+bool HasCellsBehindItsEnd(const MapGrid& Grid) {
+    bool bEnded = false;
+    for (int32_t nRow = 0; nRow <= MAP_ROWS; ++nRow) {
+        bEnded = bEnded || (nRow > 0 && Grid.Cell(1, nRow)->Caption.empty());
+        for (int32_t nColumn = 0; nColumn <= MAP_COLUMNS; ++nColumn) {
+            const bool bWritten = !bEnded && nRow > 0 && nColumn > 0;
+            if (!bWritten && !Grid.Cell(nColumn, nRow)->Caption.empty()) return true;
+        }
+    }
+    return false;
+}
+
+// Moves a file that holds more than the map out of the way, so that a save does not destroy it.
 bool KeepAside(const std::wstring& strPath) {
     std::wstring strKept = strPath + L".bak";
     for (int n = 2; platform::FileExists(strKept); ++n) {
@@ -122,9 +145,13 @@ std::wstring MapPath(const std::wstring& strAppName) {
 }
 
 int32_t ReadMapText(std::string_view strBytes, MapGrid& Grid) {
+    std::string strMarked;
+    Grid.bUnicodeFile = platform::HasByteOrderMark(strBytes);
+    if (Grid.bUnicodeFile) strBytes = strMarked = platform::MarkedTextAsUtf8(strBytes);
     MapReader Reader(Grid);
     while (!strBytes.empty())
         Reader.ReadLine(TakeLine(strBytes));
+    Grid.bFileHoldsMore = Reader.bLostCharacters || HasCellsBehindItsEnd(Grid);
     return Reader.nStored;
 }
 
@@ -136,12 +163,15 @@ bool LoadMap(const std::wstring& strAppName) {
     std::string strBytes;
     const bool bRead = platform::ReadFileBytes(strPath, strBytes);
     const int32_t nStored = ReadMapText(strBytes, Grid);
-    Grid.bFileUnread = !bRead || (nStored == 0 && !strBytes.empty());
+    if (!bRead || (nStored == 0 && !strBytes.empty())) Grid.bFileHoldsMore = true;
     return bRead;
 }
 
 std::string WriteMapText(const MapGrid& Grid) {
-    std::string strText;
+    std::string strText(Grid.bUnicodeFile ? platform::UTF8_MARK : std::string_view{});
+    const auto Bytes = [&](std::wstring_view strPart) {
+        return Grid.bUnicodeFile ? platform::ToUtf8(strPart) : platform::ToAnsi(strPart);
+    };
     // The walk is wider than the grid. A read outside it fails and leaves the last cell read, so a
     // cell in the last column repeats itself to column 50; readers ignore those lines.
     const MapCell* pLast = nullptr;
@@ -156,9 +186,9 @@ std::string WriteMapText(const MapGrid& Grid) {
             const auto strCaption = platform::TrimBlanks(Cell.Caption);
             if (strCaption.empty()) continue;
             strText += '[' + std::to_string(nColumn) + ',' + std::to_string(nRow) + ']';
-            strText += platform::ToAnsi(strCaption) + ',' + std::to_string(Cell.Code);
+            strText += Bytes(strCaption) + ',' + std::to_string(Cell.Code);
             const auto strCommand = platform::TrimBlanks(Cell.Command);
-            if (!strCommand.empty()) strText += ',' + platform::ToAnsi(strCommand);
+            if (!strCommand.empty()) strText += ',' + Bytes(strCommand);
             strText += LINE_END;
         }
     }
@@ -176,8 +206,8 @@ void SaveCell(int32_t nColumn, int32_t nRow, const MapCell& Cell) {
         ShowMap(false);
         strPath = MapPath(L"");
     }
-    if (Grid.bFileUnread && !KeepAside(strPath)) return;
-    if (platform::ReplaceFileBytes(strPath, WriteMapText(Grid))) Grid.bFileUnread = false;
+    if (Grid.bFileHoldsMore && !KeepAside(strPath)) return;
+    if (platform::ReplaceFileBytes(strPath, WriteMapText(Grid))) Grid.bFileHoldsMore = false;
 }
 
 }  // namespace taviro

@@ -19,7 +19,7 @@ MapCell* MapGrid::Cell(int32_t nColumn, int32_t nRow) {
 void MapGrid::Clear() {
     for (auto& Column : m_Cells)
         Column.fill(MapCell{});
-    bFileUnread = false;
+    bFileHoldsMore = bUnicodeFile = false;
 }
 
 MapGrid& ShownMap() {

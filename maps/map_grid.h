@@ -30,9 +30,13 @@ class MapGrid {
     /// Empties every cell.
     void Clear();
 
-    /// The file of this grid exists but gave no cell: it may be locked, or no map at all. A save
-    /// must not destroy it.
-    bool bFileUnread = false;
+    /// The file of this grid holds what a save would not write: it may be locked, or no map at all,
+    /// have cells behind the map's end, or characters that could not be read. A save must not
+    /// destroy it.
+    bool bFileHoldsMore = false;
+    /// The file begins with a byte order mark: it is written as UTF-8, because its letters need not
+    /// be of the code page.
+    bool bUnicodeFile = false;
 
   private:
     std::array<std::array<MapCell, MAP_ROWS + 1>, MAP_COLUMNS + 1> m_Cells;

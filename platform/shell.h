@@ -21,7 +21,8 @@ struct ItemIdList;
 [[nodiscard]] bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer);
 
 /// Opens a program, document or address (the system's ShellExecute on the desktop window, no
-/// working folder). Returns the system's number; above 32 is success.
+/// working folder), if the name can be one (shell_names.h). Returns the system's number; above 32
+/// is success.
 [[nodiscard]] intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb,
                                              const std::wstring& strFile,
                                              const std::wstring& strParameters,

@@ -8,6 +8,7 @@
 #include "platform/main_window.h"
 #include "platform/metrics.h"
 #include "platform/shell.h"
+#include "platform/shell_names.h"
 #include "platform/text.h"
 #include "platform/text_extent.h"
 
@@ -67,6 +68,8 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
                    (strParameters.empty() ? "" : " with \"" + ToUtf8(strParameters) + "\"") +
                    (strVerb.empty() ? "" : " verb " + ToUtf8(strVerb)) +
                    (nShowCommand == 1 ? "" : " show " + std::to_string(nShowCommand)));
+    constexpr intptr_t NO_FILE = 2;
+    if (!CanBeOpened(strFile)) return NO_FILE;
     constexpr intptr_t NO_MEMORY = 0;  // the least of the numbers that mean failure
     return Desktop.Refuses(__func__, strFile) ? NO_MEMORY : Desktop.nShellResult;
 }

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/failure.h"
+#include "platform/shell_names.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/numbers.h"
@@ -18,9 +19,6 @@ namespace taviro::platform {
 
 namespace {
 win32::UniqueHandle hSingleInstance;  // the claim, held until the program ends
-
-// No file has a longer name, quotes included; some shells copy one into a buffer without a check.
-constexpr size_t LONGEST_FILE_NAME = MAX_PATH + 2;
 
 constexpr intptr_t LAST_SHELL_FAILURE = 32;  // above it the shell's number means success
 }  // namespace
@@ -48,8 +46,7 @@ bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
 
 intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
                                const std::wstring& strParameters, int32_t nShowCommand) {
-    // Without a name, a shell may show the current folder instead.
-    if (strFile.empty() || strFile.size() > LONGEST_FILE_NAME) return SE_ERR_FNF;
+    if (!CanBeOpened(strFile)) return SE_ERR_FNF;
     const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strFile.c_str(),
                                             strParameters.c_str(), L"", nShowCommand);
     const auto nResult = reinterpret_cast<intptr_t>(hResult);

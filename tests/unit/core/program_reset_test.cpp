@@ -76,7 +76,7 @@ TEST_F(ProgramReset, WhereTheUserWas_IsForgotten) {
 
 TEST_F(ProgramReset, WhatWasLoadedOrTyped_IsForgotten) {
     CommonMap.Cell(1, 1)->Caption = AppMap.Cell(1, 1)->Caption = L"a";
-    CommonMap.bFileUnread = AppMap.bFileUnread = true;
+    CommonMap.bFileHoldsMore = AppMap.bFileHoldsMore = true;
     objSetting.Volume(77);
     ButtonTable[5] = {.Kind = ButtonKind::Command, .Command = L"calc", .Code = 0};
     ASSERT_EQ(objComfort.Set(*objComfort.Find(L"Watch"), L"1"), ComfortOutcome::Taken);
@@ -89,7 +89,7 @@ TEST_F(ProgramReset, WhatWasLoadedOrTyped_IsForgotten) {
     StartAnew();
     for (const MapGrid* pGrid : {&CommonMap, &AppMap}) {
         EXPECT_EQ(pGrid->Cell(1, 1)->Caption, L"");
-        EXPECT_FALSE(pGrid->bFileUnread);
+        EXPECT_FALSE(pGrid->bFileHoldsMore);
     }
     EXPECT_EQ(objSetting.Volume(), cSetting{}.Volume());
     EXPECT_EQ(ButtonTable[5], ButtonAction{});

@@ -36,11 +36,11 @@ TEST_F(MapStore, Grid_HoldsColumnAndRowZero_AndForgetsAllWhenCleared) {
     for (const auto& [nColumn, nRow] :
          {std::pair{-1, 0}, {0, -1}, {MAP_COLUMNS + 1, 0}, {0, MAP_ROWS + 1}})
         EXPECT_EQ(Grid.Cell(nColumn, nRow), nullptr) << nColumn << ", " << nRow;
-    Grid.bFileUnread = true;
+    Grid.bFileHoldsMore = true;
     Grid.Clear();
     EXPECT_EQ(Grid.Cell(0, 0)->Caption, L"");
     EXPECT_EQ(Grid.Cell(MAP_COLUMNS, MAP_ROWS)->Caption, L"");
-    EXPECT_FALSE(Grid.bFileUnread);
+    EXPECT_FALSE(Grid.bFileHoldsMore);
 }
 
 }  // namespace
