@@ -19,7 +19,7 @@ from folders import BUILD, FOLDERS, ROOT, folder_of, tree_files
 LIST = ROOT / "tests" / "mutants" / "unnoticeable.txt"
 DEFAULT_SHARE = 0.4    # of all places, what a run breaks unless it is told to break all
 SAMPLE_BREAKS = 400    # in all folders together, for the run with a time limit
-SAMPLE_LEAST = 0.70    # of them, what must be noticed: a first floor, not measured; only to be raised
+SAMPLE_LEAST = 0.94    # of them, what must be noticed: 94.5 % when it was measured; only to be raised
 
 
 def parse(arguments):
