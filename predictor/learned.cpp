@@ -94,29 +94,33 @@ double Learned::TotalAfter(const std::wstring& strPrevious) const {
 
 // Drops the least, a tenth more than necessary, so that it is rarely done.
 void Learned::Shrink() {
-    const auto Threshold = [](std::vector<double> Counts, size_t nMost) {
+    // Counts are compared as they are stored: on x86 a product has more digits than what was kept
+    // of it, and would be less than itself.
+    const double dLeast = LEAST_COUNT / m_dLeft;
+    const auto Threshold = [dLeast](std::vector<double> Counts, size_t nMost) {
         const size_t nKept = nMost - nMost / 10;
-        if (Counts.size() <= nMost) return LEAST_COUNT;
+        if (Counts.size() <= nMost) return dLeast;
         const auto it = Counts.begin() + static_cast<std::ptrdiff_t>(Counts.size() - nKept);
         std::nth_element(Counts.begin(), it, Counts.end());
-        return std::max(LEAST_COUNT, *it);
+        return std::max(dLeast, *it);
     };
     std::vector<double> WordCounts;
     for (const auto& [strKey, Word] : m_Words)
-        WordCounts.push_back(Now(Word.Count));
+        WordCounts.push_back(Word.Count.dUnfaded);
     const double dLeastWord = Threshold(std::move(WordCounts), MOST_WORDS_KEPT);
-    std::erase_if(m_Words, [&](const auto& Item) { return Now(Item.second.Count) < dLeastWord; });
+    std::erase_if(m_Words,
+                  [&](const auto& Item) { return Item.second.Count.dUnfaded < dLeastWord; });
 
     std::vector<double> PairCounts;
     for (const auto& [strKey, After] : m_Pairs) {
         for (const auto& [strNext, Count] : After.Nexts)
-            PairCounts.push_back(Now(Count));
+            PairCounts.push_back(Count.dUnfaded);
     }
     const double dLeastPair = Threshold(std::move(PairCounts), MOST_PAIRS_KEPT);
     m_nPairs = 0;
     for (auto& [strKey, After] : m_Pairs) {
         std::erase_if(After.Nexts, [&](const auto& Item) {
-            return Now(Item.second) < dLeastPair || !m_Words.contains(Item.first);
+            return Item.second.dUnfaded < dLeastPair || !m_Words.contains(Item.first);
         });
         After.Total = {};
         for (const auto& [strNext, Count] : After.Nexts)

@@ -53,17 +53,17 @@ TestFolder::~TestFolder() {
 
 bool RunMessagesUntil(const std::function<bool()>& Condition) {
     const DWORD nStart = GetTickCount();
-    while (!Condition()) {
-        const DWORD nPassed = GetTickCount() - nStart;
-        if (nPassed >= DEADLINE_MS) return false;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    for (;;) {
         MSG Message{};
         while (PeekMessageW(&Message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
             TranslateMessage(&Message);
             DispatchMessageW(&Message);
         }
+        if (Condition()) return true;
+        const DWORD nPassed = GetTickCount() - nStart;
+        if (nPassed >= DEADLINE_MS) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
     }
-    return true;
 }
 
 bool HasDrawing() {

@@ -31,8 +31,9 @@ class TestFolder {
     std::wstring m_strPath;
 };
 
-/// Runs this thread's messages until the condition holds. Returns false when it does not hold
-/// within ten seconds.
+/// Runs this thread's messages until the condition holds, those that wait already in any case: a
+/// thread that has not asked for its messages for five seconds counts as hung, and its hooks are
+/// passed over. Returns false when the condition does not hold within ten seconds.
 bool RunMessagesUntil(const std::function<bool()>& Condition);
 
 /// Whether the desktop draws at all. Wine gives 32-bit programs no device context when it has only

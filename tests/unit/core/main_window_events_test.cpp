@@ -53,6 +53,14 @@ class MainWindowEvents : public ProgramTest {
             }
         }
     }
+    static void ExpectClicksOnAll() {
+        for (int32_t nRow = 1; nRow <= MAP_ROWS; ++nRow) {
+            for (int32_t nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn) {
+                if (IsEmptyCell(nColumn, nRow)) continue;
+                ASSERT_NO_FATAL_FAILURE(ExpectClicksOn(nColumn, nRow));
+            }
+        }
+    }
 };
 
 TEST_F(MainWindowEvents, Click_SelectsTheCellUnderThePointer_AndRunsNothing) {
@@ -75,14 +83,9 @@ TEST_F(MainWindowEvents, Click_SelectsItsCell_OnTheWholeDeliveredMapAtEverySize)
         CommonMap.Cell(nColumn, MAP_ROWS)->Caption = L"x";
     for (const int32_t nWidth : {1, 2, 5, 30, 59, 60, 100, 196}) {
         for (const int32_t nHeight : {1, 3, 15, 16, 40, 196}) {
+            SCOPED_TRACE(std::to_string(nWidth) + " x " + std::to_string(nHeight));
             LayOutCells(nWidth, nHeight);
-            for (int32_t nRow = 1; nRow <= MAP_ROWS; ++nRow) {
-                for (int32_t nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn) {
-                    if (IsEmptyCell(nColumn, nRow)) continue;
-                    SCOPED_TRACE(std::to_string(nWidth) + " x " + std::to_string(nHeight));
-                    ASSERT_NO_FATAL_FAILURE(ExpectClicksOn(nColumn, nRow));
-                }
-            }
+            ASSERT_NO_FATAL_FAILURE(ExpectClicksOnAll());
         }
     }
 }

@@ -176,6 +176,7 @@ TEST_F(CellEditorTest, DeliveredMaps_StayAsTheyAre_WhenEachCellIsOpenedAndSaved)
                 if (Cell.Code != 0 && KeyIndexOf(UnmodifiedCode(Cell.Code)) < 0) ++nUnnamed;
                 OpenAt(nColumn, nRow);
                 Ok();
+                ASSERT_FALSE(frmConfig->IsLoaded()) << Path << nColumn << "," << nRow;
             }
         }
         EXPECT_EQ(platform::ToUtf8(CommonFile()), platform::ToUtf8(strFile)) << Path;
