@@ -2,6 +2,7 @@
 """The stick, the keyboard that stands in for it, and a single instance."""
 
 import itertools
+import statistics
 
 import pytest
 
@@ -35,7 +36,8 @@ def test_held_stick_moves_at_once_and_then_repeats_from_the_fourth_tick(desktop)
     assert moved_in_tick[:5] == [1, 4, 5, 6, 7]
     assert moved_in_tick == [1] + list(range(4, 4 + len(moves) - 1))
     gaps = [later - earlier for earlier, later in itertools.pairwise(tick for tick, _ in moves[1:])]
-    assert LEAST_REPEAT_MILLISECONDS <= sum(gaps) / len(gaps) < MOST_REPEAT_MILLISECONDS
+    # The one in the middle: a busy machine holds a single tick back.
+    assert LEAST_REPEAT_MILLISECONDS <= statistics.median(gaps) < MOST_REPEAT_MILLISECONDS
 
 
 def test_keyboard_drives_the_map_while_no_joystick_answers(desktop):
