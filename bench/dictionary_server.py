@@ -45,7 +45,8 @@ def start(program, server, class_id, prefix):
 
 
 def fill_store(program):
-    """As many words and pairs as the server keeps, of those in the tables."""
+    """As many words and pairs as the server keeps, of those in the tables, in the order in which it
+    writes them."""
     source = (ROOT / "predictor" / "learned.h").read_text(encoding="utf-8")
     most_words, most_pairs = (int(re.search(rf"MOST_{name}_KEPT = (\d+)", source)[1])
                               for name in ("WORDS", "PAIRS"))
@@ -54,10 +55,11 @@ def fill_store(program):
              if word.isalpha() and len(word) > 2][:most_words]
     followers = itertools.cycle(words)
     lines = ["Taviro learned words 1"]
-    for number, word in enumerate(words):
+    for number, word in enumerate(sorted(words)):
         lines.append(f"{200 + number % 900} {word}")
         count = (number + 1) * most_pairs // most_words - number * most_pairs // most_words
-        lines += [f"{100 + number % 700} ={next(followers)}" for _ in range(count)]
+        lines += [f"{100 + number % 700} ={follower}"
+                  for follower in sorted(itertools.islice(followers, count))]
     path = data_folder(program) / "learned.txt"
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_text("\n".join(lines) + "\n", encoding="utf-8")

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -111,6 +112,10 @@ void Learned::Shrink() {
     std::erase_if(m_Words,
                   [&](const auto& Item) { return Item.second.Count.dUnfaded < dLeastWord; });
 
+    // Asked for every pair, which in the tree of all words would take most of the time of a start.
+    std::unordered_set<std::wstring_view> Kept;
+    for (const auto& [strKey, Word] : m_Words)
+        Kept.insert(strKey);
     std::vector<double> PairCounts;
     for (const auto& [strKey, After] : m_Pairs) {
         for (const auto& [strNext, Count] : After.Nexts)
@@ -120,14 +125,14 @@ void Learned::Shrink() {
     m_nPairs = 0;
     for (auto& [strKey, After] : m_Pairs) {
         std::erase_if(After.Nexts, [&](const auto& Item) {
-            return Item.second.dUnfaded < dLeastPair || !m_Words.contains(Item.first);
+            return Item.second.dUnfaded < dLeastPair || !Kept.contains(Item.first);
         });
         After.Total = {};
         for (const auto& [strNext, Count] : After.Nexts)
             After.Total.dUnfaded += Count.dUnfaded;
     }
     std::erase_if(m_Pairs, [&](const auto& Item) {
-        return Item.second.Nexts.empty() || !m_Words.contains(Item.first);
+        return Item.second.Nexts.empty() || !Kept.contains(Item.first);
     });
     for (const auto& [strKey, After] : m_Pairs)
         m_nPairs += After.Nexts.size();
@@ -156,7 +161,9 @@ bool Learned::Read(std::string_view Bytes, std::string& strError) {
         strError = "The file of learned words is damaged or of another kind.";
         return false;
     }
+    // What was written is in the order of the trees, so that each entry belongs at the end.
     std::wstring strKey;
+    auto itPairs = m_Pairs.end();  // those of the word above; the end while it has none
     while (!Bytes.empty()) {
         std::string_view strRest = TakeField(Bytes, '\n');
         double dCount = 0;
@@ -166,10 +173,14 @@ bool Learned::Read(std::string_view Bytes, std::string& strError) {
         if (!IsOfferable(strWord)) continue;
         if (!bFollower) {
             strKey = LowerText(strWord);
-            m_Words[strKey] = {strWord, {dCount}, NO_WORD};
+            itPairs = m_Pairs.end();
+            m_Words.insert_or_assign(m_Words.end(), strKey,
+                                     LearnedWord{strWord, {dCount}, NO_WORD});
             m_Total.dUnfaded += dCount;
         } else if (!strKey.empty()) {
-            m_Pairs[strKey].Nexts.insert_or_assign(LowerText(strWord), FadingCount{dCount});
+            if (itPairs == m_Pairs.end()) itPairs = m_Pairs.try_emplace(m_Pairs.end(), strKey);
+            Followers& Nexts = itPairs->second.Nexts;
+            Nexts.insert_or_assign(Nexts.end(), LowerText(strWord), FadingCount{dCount});
         }
     }
     Shrink();  // counts the pairs

@@ -33,7 +33,10 @@ constexpr CLSID CLASS_ID = {
 constexpr DWORD LINGER_MS = 5000;
 constexpr DWORD FIRST_CLIENT_MS = 30000;
 
-HRESULT MakeObject(Service& Shared, Lifetime& Server, REFIID Wanted, void** ppMade) {
+/// The first client comes while the files are still being read, and waits for its object here.
+HRESULT MakeObject(Service& Shared, Lifetime& Server, HANDLE hLoaded, REFIID Wanted,
+                   void** ppMade) {
+    if (WaitForSingleObject(hLoaded, INFINITE) != WAIT_OBJECT_0) return E_UNEXPECTED;
     const com::UniqueObject<DictionaryObject> Made(new DictionaryObject(Shared, Server));
     return Made->QueryInterface(Wanted, ppMade);
 }
@@ -118,15 +121,34 @@ void MainLoop::Run() {
     }
 }
 
+/// Returns what keeps the learned words this server's, nullptr when they are another's.
+com::UniqueHandle Load(Service& Shared) {
+    const ServiceFiles Files = FilesOfUser();
+    com::UniqueHandle hStore = HoldStore(Files.Learned.parent_path());
+    if (hStore == nullptr) {
+        Complain(L"learned.txt: Another server keeps the file; new words are not saved.");
+    }
+    for (const std::string& strComplaint :
+         Shared.Open(Files, UntypeableLetters(), hStore != nullptr)) {
+        Complain(FromUtf8(strComplaint));
+    }
+    return hStore;
+}
+
 int Run(Service& Shared, Lifetime& Server, const ForgetSignals& Forgetting) {
+    const com::UniqueHandle hLoaded(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     com::ClassFactory Factory(
-        [&](REFIID Wanted, void** ppMade) { return MakeObject(Shared, Server, Wanted, ppMade); },
+        [&](REFIID Wanted, void** ppMade) {
+            return MakeObject(Shared, Server, hLoaded.get(), Wanted, ppMade);
+        },
         [&](bool bLock) { bLock ? Server.Hold() : Server.LetGo(); });
     const HRESULT nOffered = Factory.Offer(CLASS_ID);
     if (FAILED(nOffered)) {
         Complain(L"The dictionary cannot be offered: " + com::ReasonOf(nOffered));
         return EXIT_FAILURE;
     }
+    const com::UniqueHandle hStore = Load(Shared);
+    if (SetEvent(hLoaded.get()) == FALSE) return EXIT_FAILURE;
     MainLoop Loop(Shared, Server, Forgetting);
     Loop.Run();
     Factory.Withdraw();
@@ -159,18 +181,9 @@ int Serve() {
         Complain(L"The dictionary cannot be offered.");
         return EXIT_FAILURE;
     }
-    const ServiceFiles Files = FilesOfUser();
     // First the signals: an order to forget that finds none deletes the file before it is read.
     const ForgetSignals Forgetting = OfferForgetting();
-    const com::UniqueHandle hStore = HoldStore(Files.Learned.parent_path());
-    if (hStore == nullptr) {
-        Complain(L"learned.txt: Another server keeps the file; new words are not saved.");
-    }
     Service& Shared = *new Service;
-    for (const std::string& strComplaint :
-         Shared.Open(Files, UntypeableLetters(), hStore != nullptr)) {
-        Complain(FromUtf8(strComplaint));
-    }
     return Run(Shared, Server, Forgetting);
 }
 
