@@ -63,7 +63,7 @@ class ComfortLines {
         nSection = Section::Ignored;
         if (objFirst == Keys.end()) return L"there is no section [" + ShownBytes(strName) + L"]";
         strSection = objFirst->strSection;
-        if (!Seen.emplace(strSection, L"").second) {
+        if (!SeenSections.insert(strSection).second) {
             return L"[" + strSection + L"] stands there twice, the first counts";
         }
         nSection = Section::Known;
@@ -104,8 +104,9 @@ class ComfortLines {
     std::span<const ComfortKey> Keys;
     IniFile objIni;
     Section nSection = Section::None;
-    std::wstring strSection;                               ///< the one that goes on
-    std::set<std::pair<std::wstring, std::wstring>> Seen;  ///< keys, and sections without one
+    std::wstring strSection;  ///< the one that goes on
+    std::set<std::wstring> SeenSections;
+    std::set<std::pair<std::wstring, std::wstring>> Seen;  ///< keys with their sections
 };
 
 }  // namespace

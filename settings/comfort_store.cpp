@@ -60,7 +60,7 @@ std::wstring WrittenText(const std::wstring& strNormal) {
 
 ComfortStore::ComfortStore(std::span<const ComfortKey> objAll) : Keys(objAll) {
     for (const ComfortKey& objKey : Keys)
-        Values.push_back({objKey.strDefault, true, objKey.strDefault, false});
+        Values.push_back({.strBase = objKey.strDefault, .strInForce = objKey.strDefault});
 }
 
 void ComfortStore::Init(const std::wstring& strUserFile, const std::wstring& strProgramFile) {
@@ -70,9 +70,8 @@ void ComfortStore::Init(const std::wstring& strUserFile, const std::wstring& str
     for (size_t i = 0; i < Keys.size(); ++i) {
         const auto objDelivered = LookUp(objProgram, Keys[i]);
         const bool bDelivered = objDelivered && objDelivered->nMeaning != Meaning::Nothing;
-        Values[i].strBase = bDelivered ? objDelivered->strNormal : Keys[i].strDefault;
-        Values[i].bBaseKnown = bDelivered || (!objDelivered && !objProgram.bDamaged);
-        Values[i].bChanged = false;
+        Values[i] = {.strBase = bDelivered ? objDelivered->strNormal : Keys[i].strDefault,
+                     .bBaseKnown = bDelivered || (!objDelivered && !objProgram.bDamaged)};
         const auto objOwn = LookUp(objUser, Keys[i]);
         const bool bOwn = objOwn && objOwn->nMeaning != Meaning::Nothing;
         PutInForce(i, bOwn ? objOwn->strNormal : Values[i].strBase);
@@ -123,8 +122,9 @@ ComfortOutcome ComfortStore::Set(const ComfortKey& objKey, std::wstring_view str
 ComfortOutcome ComfortStore::Step(const ComfortKey& objKey, bool bUp) {
     const std::wstring strBefore = Text(objKey);
     const auto strAfter = StepComfort(objKey, strBefore, bUp);
-    if (!strAfter) return ComfortOutcome::Refused;
-    if (*strAfter == strBefore) return ComfortOutcome::Bounded;
+    if (!strAfter || *strAfter == strBefore) {
+        return strAfter ? ComfortOutcome::Bounded : ComfortOutcome::Refused;
+    }
     Change(NumberOf(objKey), *strAfter);
     return ComfortOutcome::Taken;
 }
@@ -138,13 +138,13 @@ bool ComfortStore::Save() {
         return false;
     }
     IniFile objFile(strOld);
-    for (size_t i = 0; i < Keys.size(); ++i) {
-        const Value& objValue = Values[i];
+    for (const ComfortKey& objKey : Keys) {
+        const Value& objValue = Values[NumberOf(objKey)];
         if (!objValue.bChanged) continue;
         const bool bAsWithout = objValue.bBaseKnown && objValue.strInForce == objValue.strBase;
         std::optional<std::wstring> strText;
         if (!bAsWithout) strText = WrittenText(objValue.strInForce);
-        objFile.Write({Keys[i].strSection, Keys[i].strKey, std::move(strText)});
+        objFile.Write({objKey.strSection, objKey.strKey, std::move(strText)});
     }
     const std::string strNew = objFile.Bytes();
     if (strNew != strOld && !platform::ReplaceFileBytes(strUserPath, strNew)) return false;

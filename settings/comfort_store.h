@@ -51,9 +51,10 @@ class ComfortStore {
   private:
     struct Value {
         std::wstring strBase;  ///< what counts without the user's file
-        bool bBaseKnown;       ///< false: the program's file may say otherwise once it is readable
-        std::wstring strInForce;
-        bool bChanged;  ///< since the last Save
+        bool bBaseKnown =
+            true;  ///< false: the program's file may say otherwise once it is readable
+        std::wstring strInForce{};
+        bool bChanged = false;  ///< since the last Save
     };
 
     [[nodiscard]] size_t NumberOf(const ComfortKey& objKey) const;

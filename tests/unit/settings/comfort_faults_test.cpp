@@ -49,9 +49,10 @@ TEST(ComfortFaults, Each_IsSaidWithItsLine) {
         {"[Stick]\n[Scan]\n[stick]\nWatch=1\n",
          "3: [Stick] stands there twice, the first counts\n"},
         {"[Stick]\nWatch=1\nWATCH=0\n", "3: [Stick] Watch stands there twice, the first counts\n"},
+        {"[Stick]\nWatch=1\nWatch\n", "3: [Stick] Watch stands there twice, the first counts\n"},
         {"[Stick]\nDevice=" + std::string(1030, 'x'), ""},  // the reader cuts it
-        {"[Stick]\n" + std::string(100, 'y') + "\x01=1",
-         "2: [Stick] yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy… is no key\n"},
+        {"[Stick]\na" + std::string(100, 'y') + "\x01=1",
+         "2: [Stick] ayyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy… is no key\n"},
         {"[Stick]\nWatch=\x02x\n", "2: [Stick] Watch=?x means nothing (0 or 1)\n"},
         {std::string("[Stick]\nWatch=1\n\0\0", 18),
          "1: there are zero bytes: the file is damaged, or saved as Unicode\n"
@@ -73,6 +74,8 @@ TEST(ComfortFaults, FileOfSomethingElse_SaysTwentyAndEndsSoon) {
     EXPECT_EQ(Faults(std::string(200'000, '\n') + "x"), "");
     EXPECT_EQ(Faults(std::string(65'534, '\n') + "x\n"),
               "65535: x stands before the first section\n");
+    EXPECT_EQ(Faults(std::string(65'535, '\n') + "x"), "65536: x stands before the first section\n")
+        << "the longest file that is looked at whole";
 }
 
 using ComfortStoreFaults = ComfortTest;

@@ -183,6 +183,8 @@ TEST_F(Setting, ButtonText_GivesTheRecord) {
         {"\"\"\"\"", 3, 5, L""},
         {"\"\"C:\\a.exe\"\"", 3, 5, L"\"C:\\a.exe\""},
         {"\"\"", 4, 5, L"old"},
+        {"\"77", 3, 5, L"\"77"},  // one quote alone is the command's own too
+        {"x77\"", 3, 5, L"x77\""},
     };
     for (const ButtonRow& Row : Rows) {
         ButtonTable[7] = {ButtonKind::Mode, L"old", 5};
