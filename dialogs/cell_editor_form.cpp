@@ -170,9 +170,8 @@ bool CellEditorForm::Save() {
     } else {
         SaveCell(nColumn, nRow, Cell);
     }
-    Cursor.nColumn = m_nColumn;
+    Cursor.nColumn = m_nColumn;  // highlighted when the form has gone
     Cursor.nRow = m_nRow;
-    HighlightCursor();
     return true;
 }
 

@@ -115,6 +115,16 @@ TEST_F(MainWindowEvents, RightClick_OffersAnEmptyPlaceOfARow_WhichTheHighlightLe
     EXPECT_EQ(FrmMain->Caption.Get(), L"Taviro - b");
 }
 
+TEST_F(MainWindowEvents, RightClick_NamesItsCell_BeforeTheEditorTakesTheScreen) {
+    LayOutCells(60, 15);
+    Desktop.TakeEffects();
+    ClickAt(65, 5, forms::MouseButton::Right);
+    const Effects Seen = Desktop.TakeEffects();
+    ASSERT_GE(Seen.size(), 2U);
+    EXPECT_EQ(Seen[0], "caption Taviro - b");
+    EXPECT_EQ(Seen[1], "frmConfig shown");
+}
+
 TEST_F(MainWindowEvents, Click_OnTheRaisedStatusLineSelectsNothing_WhileAListIsOpen) {
     LayOutCells(60, 40);
     ShowList(L"*T;a");

@@ -49,6 +49,29 @@ TEST_F(CellEditorTest, PlaceThatTheMapCannotHold_IsRefusedWithAMessage) {
     }
 }
 
+TEST_F(CellEditorTest, FirstRow_IsNotReachedEither_WithoutItsFirstCell) {
+    ShowCommon(GRID_FILE);
+    OpenAt(1, 1);
+    CommonMap.Clear();  // as when a script gives the program another map
+    frmConfig->ComboX.Select(1);
+    Ok();
+    EXPECT_TRUE(frmConfig->Visible);
+    EXPECT_TRUE(IsEmptyCell(2, 1));
+}
+
+TEST_F(CellEditorTest, RefusedPlace_IsRefusedOverItsOwnMap_WhenThatLeftTheScreenMeanwhile) {
+    ShowCommon(GRID_FILE);
+    ShowApplication(L"A.EXE", L"[1,1]x,65\r\n[2,1]y,66\r\n");
+    OpenAt(2, 1);
+    ShowMap(true);
+    HighlightCursor();
+    frmConfig->ComboY.Select(4);
+    Ok();
+    EXPECT_TRUE(frmConfig->Visible);
+    EXPECT_EQ(forms::FrmMain->CellLabel(2)->Caption.Get(), L"y");
+    EXPECT_EQ(forms::FrmMain->Label1.Caption.Get(), L"y") << "the highlighted one";
+}
+
 TEST_F(CellEditorTest, NewRow_BeginsBelowTheLast) {
     ShowCommon(GRID_FILE);
     OpenAt(1, 3);
@@ -94,6 +117,20 @@ TEST_F(CellEditorTest, KeyCell_IsRefusedWithAMessage_WithoutAKey) {
     }
     frmConfig->ComboKey.SelectText(L"S");
     EXPECT_EQ(SavedCell(), "x,20083,calc");
+}
+
+TEST_F(CellEditorTest, RightClickOnAnotherCell_SaysThatAChosenPlaceIsLost) {
+    for (const bool bColumn : {true, false}) {
+        SCOPED_TRACE(bColumn ? "column" : "row");
+        ShowCommon(GRID_FILE);
+        OpenAt(1, 1);
+        (bColumn ? frmConfig->ComboX : frmConfig->ComboY).Select(2);
+        Cursor.nColumn = 2;
+        Desktop.TakeEffects();
+        frmConfig->ShowCursorCell();
+        EXPECT_EQ(Desktop.TakeEffects().size(), 2U) << "the message, then the form";
+        frmConfig->cmdCancel.Click();
+    }
 }
 
 TEST_F(CellEditorTest, RightClickOnAnotherCell_ShowsThatCell_AndSaysWhatIsLost) {
