@@ -38,19 +38,19 @@ class MainWindowEvents : public ProgramTest {
         Program.nCellHeight = nHeight;
         ShowMap(true);
     }
-    // A click on each corner of a cell's label, and on the gap behind it, selects that cell.
+    // A click on a cell's first pixel, its last one, and the gap behind it selects that cell.
     static void ExpectClicksOn(int32_t nColumn, int32_t nRow) {
         const int32_t nIndex = (nRow - 1) * LABELS_PER_ROW + nColumn;
         const forms::Label& Cell = *FrmMain->CellLabel(nIndex);
-        for (const int32_t nX : {0, Cell.Width - 1, Cell.Width.Get()}) {
-            for (const int32_t nY : {0, Cell.Height - 1, Cell.Height.Get()}) {
-                SetHi(1, 1);
-                ClickAt(Cell.Left + nX, Cell.Top + nY);
-                ASSERT_EQ(FrmMain->HiIndex, nIndex) << "column " << nColumn << " row " << nRow;
-                ASSERT_EQ(Cursor.nColumn, nColumn);
-                ASSERT_EQ(Cursor.nRow, nRow);
-                ASSERT_EQ(FrmMain->Caption.Get(), L"Taviro - " + Cell.Caption.Get());
-            }
+        const std::pair<int32_t, int32_t> PLACES[] = {
+            {0, 0}, {Cell.Width - 1, Cell.Height - 1}, {Cell.Width, Cell.Height}};
+        for (const auto& [nX, nY] : PLACES) {
+            SetHi(1, 1);
+            ClickAt(Cell.Left + nX, Cell.Top + nY);
+            ASSERT_EQ(FrmMain->HiIndex, nIndex) << "column " << nColumn << " row " << nRow;
+            ASSERT_EQ(Cursor.nColumn, nColumn);
+            ASSERT_EQ(Cursor.nRow, nRow);
+            ASSERT_EQ(FrmMain->Caption.Get(), L"Taviro - " + Cell.Caption.Get());
         }
     }
     static void ExpectClicksOnAll() {
@@ -82,12 +82,12 @@ TEST_F(MainWindowEvents, Click_SelectsItsCell_OnTheWholeDeliveredMapAtEverySize)
     ASSERT_GT(ReadMapText(strMap, CommonMap), 0);
     for (const int32_t nColumn : {1, 2, 5, MAP_COLUMNS})  // whatever it leaves free
         CommonMap.Cell(nColumn, MAP_ROWS)->Caption = L"x";
-    for (const int32_t nWidth : {1, 2, 5, 30, 59, 60, 100, 196}) {
-        for (const int32_t nHeight : {1, 3, 15, 16, 40, 196}) {
-            SCOPED_TRACE(std::to_string(nWidth) + " x " + std::to_string(nHeight));
-            LayOutCells(nWidth, nHeight);
-            ASSERT_NO_FATAL_FAILURE(ExpectClicksOnAll());
-        }
+    const std::pair<int32_t, int32_t> SIZES[] = {{1, 16}, {2, 3},   {5, 1},     {30, 40},
+                                                 {59, 2}, {60, 15}, {100, 196}, {196, 196}};
+    for (const auto& [nWidth, nHeight] : SIZES) {
+        SCOPED_TRACE(std::to_string(nWidth) + " x " + std::to_string(nHeight));
+        LayOutCells(nWidth, nHeight);
+        ASSERT_NO_FATAL_FAILURE(ExpectClicksOnAll());
     }
 }
 
@@ -101,7 +101,20 @@ TEST_F(MainWindowEvents, Click_ChangesNothing_WhereNoCellIs) {
         ClickAt(nX, nY);
         EXPECT_EQ(FrmMain->HiIndex, 52) << nX << ", " << nY;
         EXPECT_EQ(Cursor.nColumn, 1) << nX << ", " << nY;
+        ClickAt(nX, nY, forms::MouseButton::Right);
+        EXPECT_EQ(frmConfig->IsLoaded(), nX == 130) << "only an empty place of a row can be edited";
+        frmConfig->cmdCancel.Click();
+        Cursor = {};
+        SetHi(2, 2);
     }
+}
+
+TEST_F(MainWindowEvents, Click_FindsEveryRow_OfAMapWithASingleColumn) {
+    for (int32_t nRow = 1; nRow <= 3; ++nRow)
+        CommonMap.Cell(2, nRow)->Caption.clear();
+    LayOutCells(60, 15);
+    ExpectClicksOn(1, 2);
+    ExpectClicksOn(1, 3);
 }
 
 TEST_F(MainWindowEvents, RightClick_OffersAnEmptyPlaceOfARow_WhichTheHighlightLeavesAgain) {
@@ -133,10 +146,13 @@ TEST_F(MainWindowEvents, Click_OnTheRaisedStatusLineSelectsNothing_WhileAListIsO
 }
 
 TEST_F(MainWindowEvents, Click_ChangesNothing_WhenACellHasNoSize) {
-    LayOutCells(0, 0);
-    ClickAt(0, 0);
-    ClickAt(1, 1);
-    EXPECT_EQ(FrmMain->HiIndex, 1);
+    for (const auto& [nWidth, nHeight] : {std::pair{0, 0}, {0, 15}, {60, 0}}) {
+        LayOutCells(nWidth, nHeight);
+        for (const int32_t n : {0, 1, 2}) {
+            ClickAt(n, n);
+            EXPECT_EQ(FrmMain->HiIndex, 1) << nWidth << " x " << nHeight << " at " << n;
+        }
+    }
 }
 
 TEST_F(MainWindowEvents, ControlBox_TestsEachWordOnceInOrder_AndIsEmptied) {

@@ -331,6 +331,8 @@ TEST_F(AppPositions, Save_ReplacesTheEarlierPosition) {
     GetAppPosition(L"A", nColumn, nRow);
     EXPECT_EQ(nColumn, 5);
     EXPECT_EQ(AppPosTable[2].strAppName, L"");
+    GetAppPosition(L"B", nColumn, nRow);
+    EXPECT_EQ(nColumn, 3);
 }
 
 TEST_F(AppPositions, Save_WithoutAName_LeavesTheEntryFree) {
