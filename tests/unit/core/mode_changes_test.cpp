@@ -139,6 +139,10 @@ TEST_P(ModeTransition, IsHeardLoggedAndKeepsItsCell) {
     EXPECT_FALSE(Modes.bListMode);
     EXPECT_FALSE(forms::FrmMain->List1.Visible);
     EXPECT_EQ(Foreground.bAppMapShown, Row.nTo == Mode::Application) << "never between";
+    if (Row.nFrom == From::ListOverArrowWithItsMap) {
+        EXPECT_EQ(Foreground.hWindow, 0U) << "the program is looked at anew when it is asked for";
+        EXPECT_EQ(Foreground.nProcess, 0U);
+    }
 }
 
 TEST_P(ModeTransition, ChangesModeOnce_WhileTheButtonIsHeld) {

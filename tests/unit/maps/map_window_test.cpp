@@ -338,11 +338,11 @@ TEST_F(AppPositions, Save_ReplacesTheEarlierPosition) {
 TEST_F(AppPositions, Save_WithoutAName_LeavesTheEntryFree) {
     SaveAppPosition(L"", 9, 9);
     EXPECT_EQ(AppPosTable[0].nColumn, 9);
+    int32_t nColumn = 7, nRow = 7;
+    GetAppPosition(L"", nColumn, nRow);
+    EXPECT_EQ(nColumn, 7) << "a free entry is nobody's";
     SaveAppPosition(L"A", 1, 2);
     EXPECT_EQ(AppPosTable[0].strAppName, L"A");
-    int32_t nColumn = 0, nRow = 0;
-    GetAppPosition(L"", nColumn, nRow);
-    EXPECT_EQ(nColumn, 0);
 }
 
 TEST_F(AppPositions, Save_RecordsNothing_WhenAllHundredEntriesAreTaken) {

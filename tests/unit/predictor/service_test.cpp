@@ -127,6 +127,21 @@ TEST_F(PredictorService, Forgetting_EmptiesFileAndMemoryOfAllClients) {
     EXPECT_FALSE(fs::exists(m_Files.Learned));
 }
 
+TEST_F(PredictorService, Forgetting_ReachesTheWordThatEachClientIsTyping) {
+    Service Shared;
+    (void)Shared.Open(m_Files, L"");
+    Session One(Shared);
+    Session Other(Shared);
+    for (Session* pUser : {&One, &Other})
+        Type(*pUser, L"plkuj");
+    std::string strError;
+    ASSERT_TRUE(Shared.Forget(strError)) << strError;
+    for (Session* pUser : {&One, &Other}) {
+        Type(*pUser, L"zyxa");
+        EXPECT_FALSE(Shared.IsUnsaved()) << "a word that was begun before is not learned after";
+    }
+}
+
 TEST_F(PredictorService, Forgetting_FailsWithASentence_WhenTheFileCannotGo) {
     Service Shared;
     (void)Shared.Open(m_Files, L"");

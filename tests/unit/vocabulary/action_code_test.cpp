@@ -231,13 +231,15 @@ TEST(KeyCodes, Names_HaveTheSystemsNumbers) {
 }
 
 TEST(KeyCodes, ArrowsAndMovingKeys_AreExactlyThose) {
-    std::vector<int32_t> Arrows, Moving;
+    std::vector<int32_t> Arrows, Moving, OnPad;
     for (int32_t nVk = 0; nVk < KeyCode::Count; ++nVk) {
         if (IsArrow(nVk)) Arrows.push_back(nVk);
         if (MovesTextCursor(nVk)) Moving.push_back(nVk);
+        if (IsAlsoOnNumberPad(nVk)) OnPad.push_back(nVk);
     }
     EXPECT_EQ(Arrows, (std::vector<int32_t>{37, 38, 39, 40}));
     EXPECT_EQ(Moving, (std::vector<int32_t>{33, 34, 35, 36, 37, 38, 39, 40}));
+    EXPECT_EQ(OnPad, (std::vector<int32_t>{33, 34, 35, 36, 37, 38, 39, 40, 45, 46}));
 }
 
 }  // namespace
