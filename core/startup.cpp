@@ -61,7 +61,8 @@ void TellFaultsOfSettings() {
 }
 
 void OpenJoystick() {
-    if (JoyInit(FIRST_JOYSTICK)) {
+    Program.bJoystickAnswers = JoyInit(FIRST_JOYSTICK);
+    if (Program.bJoystickAnswers) {
         FrmMain->Timer1.Enabled = true;
         Program.bJoystickPresent = true;
     } else {

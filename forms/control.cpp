@@ -2,6 +2,7 @@
 #include "forms/control.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 
@@ -48,6 +49,24 @@ std::optional<std::wstring> TextBox::Insertion(size_t nFrom, size_t nTo,
     // There is no room: the end of the text is not pushed out for it.
     if (strWhole.starts_with(strHeld)) return std::wstring{};
     return std::nullopt;
+}
+
+void TextBox::Receive(std::wstring strWritten) {
+    m_Received.push_back(std::move(strWritten));
+    if (m_bReceiving) return;
+    struct Receiving {
+        explicit Receiving(bool& bOn) : bReceiving(bOn) { bReceiving = true; }
+        Receiving(const Receiving&) = delete;
+        Receiving& operator=(const Receiving&) = delete;
+        ~Receiving() { bReceiving = false; }
+        bool& bReceiving;
+    };
+    const Receiving Mark(m_bReceiving);  // a handler may throw
+    while (!m_Received.empty()) {
+        const std::wstring strNext = std::move(m_Received.front());
+        m_Received.pop_front();
+        Text = strNext;
+    }
 }
 
 void TextBox::Type(const std::wstring& strEntered) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -134,11 +135,19 @@ class TextBox : public Control {
     [[nodiscard]] std::optional<std::wstring> Insertion(size_t nFrom, size_t nTo,
                                                         const std::wstring& strInserted) const;
 
+    /// Another program put this text in place of the text. Texts that come while the handler of an
+    /// earlier one still runs wait for its end, so each of them is handled, in order.
+    void Receive(std::wstring strWritten);
+
     /// The user changed the whole text to this one; what is not admitted does not get in.
     void Type(const std::wstring& strEntered);
 
   protected:
     void RunHandler(Aspect nAspect) override;
+
+  private:
+    std::deque<std::wstring> m_Received;
+    bool m_bReceiving = false;
 };
 
 /// A list of which one entry can be selected; -1 is no selection.

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "input/joystick_reader.h"
+#include "platform/messages.h"
 #include "platform/unneeded.h"
 #include "state/program_state.h"
 #include "vocabulary/key_code.h"
@@ -22,9 +22,40 @@ KeyPress& PressOf(uint32_t nVk) {
     return KeyboardHook.Presses[nVk % KeyboardHook.Presses.size()];
 }
 
+/// Posts what a key does. What was pressed before the end of the hook is not done after it: the
+/// program may be on its way out.
+template <class Act>
+void PostAct(Act What) {
+    platform::Post([What] {
+        if (IsHooked()) What();
+    });
+}
+
+void PostQuestion() {
+    if (KeyboardHook.bAsking) return;
+    KeyboardHook.bAsking = true;
+    PostAct([] {
+        KeyboardHook.bAsking = false;
+        if (KeyboardHook.AskJoystick) Program.bJoystickAnswers = KeyboardHook.AskJoystick();
+    });
+}
+
+void PostArrow(int32_t nVk) {
+    PostAct([nVk] {
+        if (KeyboardHook.Arrow) KeyboardHook.Arrow(nVk);
+    });
+}
+
+void PostEnter() {
+    PostAct([] {
+        if (KeyboardHook.Enter) KeyboardHook.Enter();
+    });
+}
+
 }  // namespace
 
 void InstallKeyboardHook() {
+    KeyboardHook.bAsking = false;
     KeyboardHook.Presses = {};
     KeyboardHook.hKeyboardHook = platform::InstallHook(platform::HOOK_KEYBOARD_LL, KeyboardProc);
 }
@@ -48,9 +79,10 @@ intptr_t KeyboardProc(int32_t nCode, uintptr_t wParam, const platform::KeyHookRe
     KeyboardHook.KeyInfo = Record;
     KeyboardHook.nHookScanCode = Record.scanCode;
     KeyboardHook.nHookVkCode = Record.vkCode;
-    // Asked on every key: a joystick that is plugged in takes over at once. This also samples its
-    // centre anew.
-    const bool bJoystick = JoyInit(0);
+    // Asked on every key, so that a joystick that is plugged in takes over, and samples its centre
+    // anew. A device may take its time to answer, so this key goes by the answer before.
+    const bool bJoystick = Program.bJoystickAnswers;
+    PostQuestion();
     // Keys that a program sent belong to the program in front. The cell's own Enter, swallowed
     // here, would run the cell again, and again.
     if ((Record.flags & platform::HOOK_FLAG_INJECTED) != 0) return PassOn();
@@ -62,12 +94,12 @@ intptr_t KeyboardProc(int32_t nCode, uintptr_t wParam, const platform::KeyHookRe
         const bool bKept = !bElsewhere && !KeyboardHook.bIgnoreKeys && DrivesMap(nVk);
         (bKept ? Press.bKept : Press.bPassed) = true;
         if (!bKept) return PassOn();
-        if (IsArrow(nVk) && KeyboardHook.Arrow) KeyboardHook.Arrow(nVk);
+        if (IsArrow(nVk)) PostArrow(nVk);
         return SWALLOW;
     }
     const KeyPress Ended = std::exchange(Press, {});
     if (Ended.bKept && !Ended.bPassed) {
-        if (nVk == KeyCode::Enter && KeyboardHook.Enter) KeyboardHook.Enter();
+        if (nVk == KeyCode::Enter) PostEnter();
         return SWALLOW;
     }
     if (!bElsewhere) {

@@ -19,13 +19,17 @@ struct KeyHookRecord {
     uint32_t dwExtraInfo = 0;
 };
 
-/// Handles one event: code, message, record. A non-zero result swallows the key.
+/// Handles one event: code, message, record. A non-zero result swallows the key. It is called on a
+/// thread of the hook's own, so that no key waits for what the program does: it may only look at
+/// what it owns or what is published for it, and hands over with Post whatever takes time. Calls to
+/// other programs fail in it, and a hook that answers too late is taken away without a word.
 using KeyHookProcedure = intptr_t (*)(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record);
 
-/// Installs the procedure for all threads. Returns a handle, 0 on failure.
+/// Installs the procedure for all threads, and again every few seconds: a hook that the system took
+/// away comes back so. Returns a handle, 0 on failure and while a hook is installed already.
 [[nodiscard]] uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure);
 
-/// Removes the hook. Returns false on failure.
+/// Removes the hook; the procedure is not called any more when it returns. False on failure.
 [[nodiscard]] bool RemoveHook(uintptr_t hHook);
 
 /// Passes the event that is being handled on to the next hook and returns its result. Only valid

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "state/published.h"
+
 namespace taviro {
 
 struct ProgramState {
@@ -18,10 +20,11 @@ struct ProgramState {
     int32_t nCellHeight{};
 
     bool bPauseJoystick = false;  ///< the poll loop idles: a dialog reads the joystick itself
-    // The keyboard hook passes everything.
-    bool bDialogActive = false;  ///< someone types in a dialog
-    bool bMessageShown = false;  ///< a message waits for its key
-    bool bConfigOpen = false;    ///< the cell editor is open
+    bool bConfigOpen = false;     ///< the cell editor is open
+    // Read on the keyboard hook's thread, which passes everything while one of them is set.
+    Published<bool> bDialogActive = false;     ///< someone types in a dialog
+    Published<bool> bMessageShown = false;     ///< a message waits for its key
+    Published<bool> bJoystickAnswers = false;  ///< when a joystick was last asked
 };
 inline ProgramState Program;
 

@@ -34,10 +34,35 @@ bool DesktopState::Refuses(const char* szCall, std::wstring_view strSubject, siz
     return true;
 }
 
-void DesktopState::At(uint32_t nTime, std::function<void()> Run) {
-    const auto it = std::upper_bound(m_Events.begin(), m_Events.end(), nTime,
+void DesktopState::Insert(std::deque<Event>& Events, uint32_t nTime, std::function<void()> Run) {
+    const auto it = std::upper_bound(Events.begin(), Events.end(), nTime,
                                      [](uint32_t n, const auto& e) { return n < e.nTime; });
-    m_Events.insert(it, {nTime, std::move(Run)});
+    Events.insert(it, {nTime, std::move(Run)});
+}
+
+void DesktopState::At(uint32_t nTime, std::function<void()> Run) {
+    Insert(m_Events, nTime, std::move(Run));
+}
+
+void DesktopState::Meanwhile(uint32_t nTime, std::function<void()> Run) {
+    Insert(m_World, nTime, std::move(Run));
+}
+
+bool DesktopState::RunNext(std::deque<Event>& Events, uint32_t nUntil) {
+    if (Events.empty() || Events.front().nTime > nUntil) return false;
+    const Event Next = std::move(Events.front());
+    Events.pop_front();
+    nNow = std::max(nNow, Next.nTime);
+    Next.Run();
+    return true;
+}
+
+void DesktopState::Pass(uint32_t nMilliseconds) {
+    const Within Busy(nBusy);
+    const uint32_t nUntil = nNow + nMilliseconds;
+    while (RunNext(m_World, nUntil)) {
+    }
+    if (static_cast<int32_t>(nUntil - nNow) > 0) nNow = nUntil;  // the count of ticks wraps
 }
 
 void DesktopState::WatchTimer(forms::Timer& Watched) {
@@ -61,25 +86,25 @@ bool DesktopState::RunNextDue(uint32_t nUntil) {
         });
     const bool bTimer =
         itTimer != m_Timers.end() && !itTimer->pTimer->IsRunning() && itTimer->nTime <= nUntil;
-    const bool bEvent = !m_Events.empty() && m_Events.front().nTime <= nUntil;
-    if (bEvent && (!bTimer || m_Events.front().nTime <= itTimer->nTime)) {
-        Event Next = std::move(m_Events.front());
-        m_Events.pop_front();
-        nNow = std::max(nNow, Next.nTime);
-        Next.Run();
+    const uint32_t nOursUntil = bTimer ? itTimer->nTime : nUntil;
+    const uint32_t nEvent = m_Events.empty() ? nOursUntil : m_Events.front().nTime;
+    if (RunNext(m_World, std::min(nOursUntil, nEvent)) || RunNext(m_Events, nOursUntil))
         return true;
-    }
     if (!bTimer) return false;
     forms::Timer& Timer = *itTimer->pTimer;
     nNow = std::max(nNow, itTimer->nTime);
-    Timer.Tick();
+    {
+        const Within Busy(nBusy);
+        Timer.Tick();
+    }
     WatchTimer(Timer);  // due again its interval after the handler ended
     return true;
 }
 
 void DesktopState::RunDue() {
     const uint32_t nUntil = nNow;
-    while (RunNextDue(nUntil)) {
+    // What a handler posts while it takes its time waits at the end of the queue.
+    while (RunNextDue(nUntil) || RunNext(m_Events, nNow)) {
     }
 }
 

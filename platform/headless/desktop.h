@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/main_form.h"
@@ -97,6 +98,18 @@ using MemberHandler = std::function<bool(MemberUse, const std::wstring&,
 /// Makes an object for a registered class; used by tests to build stand-ins.
 AutomationObject MakeObject(MemberHandler Handler);
 
+/// Counts how often something is under way, also when it is left by an exception.
+class Within {
+  public:
+    explicit Within(int& nCount) : m_nCount(nCount) { ++m_nCount; }
+    Within(const Within&) = delete;
+    Within& operator=(const Within&) = delete;
+    ~Within() { --m_nCount; }
+
+  private:
+    int& m_nCount;
+};
+
 struct DesktopState {
     // Transcript.
     std::vector<Effect> Transcript;
@@ -114,8 +127,19 @@ struct DesktopState {
     // Clock, timers and events.
     uint32_t nNow = 1000;
     int nInnerLoops = 0;  ///< waits and modal dialogs of the program that run now
+    /// Handlers of the program, and calls out of it, that let no messages through: what is posted
+    /// waits for their end.
+    int nBusy = 0;
+    /// The hook's procedure, or a message that another program sends: calls out of the program are
+    /// refused in them, as Windows refuses them.
+    int nNoCallsOut = 0;
     /// Runs it when the clock reaches nTime and messages are let through.
     void At(uint32_t nTime, std::function<void()> Run);
+    /// What others do when the clock reaches nTime, whatever the program does then: keys of the
+    /// physical keyboard, a plug pulled, windows of other programs.
+    void Meanwhile(uint32_t nTime, std::function<void()> Run);
+    /// Time that the program spends in a sleep or in a call: the rest of the world goes on.
+    void Pass(uint32_t nMilliseconds);
     /// Lets time pass as an idle message loop does: everything due runs when it is due.
     void RunFor(uint32_t nMilliseconds);
     /// Runs what is due now; the clock stands still.
@@ -125,7 +149,8 @@ struct DesktopState {
     VirtualJoystick Joystick;
     VirtualKeyboard Keyboard;
     std::vector<InputRecord> Sent;  ///< every record of SendInput, in order
-    /// A key of the physical keyboard: through the hook, then to the program in front.
+    /// A key of the physical keyboard: through the hook, then to the program in front. What the
+    /// hook posts is done at once where the program waits for messages.
     void PhysicalKey(uint8_t nVk, bool bDown);
     /// Virtual keys that are down.
     std::vector<int> KeysDown() const;
@@ -173,6 +198,8 @@ struct DesktopState {
     // Dialogs.
     std::vector<forms::Form*> Dialogs;
     forms::Form* pActiveDialog = nullptr;  ///< the one that the user works in; none: another window
+    /// Another program writes into the external-control box, by a message that it sends.
+    void WriteIntoBox(const std::wstring& strText);
     /// The user goes to a dialog, or to another window when there is none given.
     void ActivateDialog(forms::Form* pForm);
     /// What the user does while a message is shown, before he confirms it.
@@ -200,13 +227,29 @@ struct DesktopState {
         uint32_t nTime;
         std::function<void()> Run;
     };
+    bool RunNext(std::deque<Event>& Events, uint32_t nUntil);
     bool RunNextDue(uint32_t nUntil);
     void TypeKey(uint32_t nVk);
 
+    static void Insert(std::deque<Event>& Events, uint32_t nTime, std::function<void()> Run);
+
     std::vector<Due> m_Timers;
-    std::deque<Event> m_Events;  // in the order of their times
+    std::deque<Event> m_Events;  // these two in the order of their times
+    std::deque<Event> m_World;   // what others do
 };
 
 inline DesktopState Desktop;
+
+/// A loop of the system's own, as a modal dialog runs it: messages are let through meanwhile.
+class LetThrough {
+  public:
+    LetThrough() : m_nBusyBefore(std::exchange(Desktop.nBusy, 0)) {}
+    LetThrough(const LetThrough&) = delete;
+    LetThrough& operator=(const LetThrough&) = delete;
+    ~LetThrough() { Desktop.nBusy = m_nBusyBefore; }
+
+  private:
+    int m_nBusyBefore;
+};
 
 }  // namespace taviro::platform::headless

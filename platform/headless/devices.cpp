@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Joystick, sound, pointer, clock and messages of the virtual desktop.
 #include <cstdio>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/failure.h"
@@ -55,7 +56,7 @@ bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
     const bool bPlaying = Desktop.nNow < Desktop.nSoundEnds;
     const bool bQuery = (nFlags & SND_FLAG_NOSTOP) != 0;
     if (bQuery && (bPlaying || Desktop.bSoundFails)) {
-        Desktop.nNow += SOUND_QUERY_MS;
+        Desktop.Pass(SOUND_QUERY_MS);
         return false;
     }
     if (strFile.empty()) return true;
@@ -66,7 +67,7 @@ bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
     }
     Desktop.Record("sound " + ToUtf8(strFile));
     Desktop.nSoundEnds = Desktop.nNow + Desktop.nSoundLength;
-    if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.nNow = Desktop.nSoundEnds;
+    if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.Pass(Desktop.nSoundLength);
     return true;
 }
 
@@ -107,7 +108,7 @@ uint32_t TickCount() {
 }
 
 void SleepMs(uint32_t nMilliseconds) {
-    Desktop.nNow += nMilliseconds;
+    Desktop.Pass(nMilliseconds);
 }
 
 std::wstring TimeOfDayText() {
@@ -132,9 +133,15 @@ void WriteToDebugger(const std::wstring& strLine) {
 }
 
 void RunPendingMessages() {
-    ++Desktop.nInnerLoops;
+    const headless::Within Loop(Desktop.nInnerLoops);
     Desktop.RunDue();
-    --Desktop.nInnerLoops;
+}
+
+void Post(std::function<void()> Work) {
+    Desktop.At(Desktop.nNow, [Work = std::move(Work)] {
+        const headless::Within Busy(Desktop.nBusy);
+        Work();
+    });
 }
 
 bool IsOutermostLoop() {

@@ -69,9 +69,9 @@ void AttachDialog(forms::Form& Form) {
         ShowChange(Form, Changed, nAspect);
     };
     Form.OnRunModal = [&Form] {
-        ++Desktop.nInnerLoops;
+        const headless::Within Loop(Desktop.nInnerLoops);
+        const headless::LetThrough Messages;
         if (Desktop.WhileModal) Desktop.WhileModal(Form);
-        --Desktop.nInnerLoops;
     };
     Desktop.Dialogs.push_back(&Form);
 }
@@ -90,7 +90,10 @@ void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) 
     Desktop.Record("information \"" + ToUtf8(strText) + "\" titled \"" + ToUtf8(strTitle) + "\"");
     forms::Form* const pBelow = Desktop.pActiveDialog;
     Desktop.ActivateDialog(nullptr);
-    if (Desktop.WhileMessage) Desktop.WhileMessage();
+    {
+        const headless::LetThrough Messages;
+        if (Desktop.WhileMessage) Desktop.WhileMessage();
+    }
     Desktop.ActivateDialog(pBelow);
 }
 

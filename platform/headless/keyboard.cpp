@@ -84,6 +84,7 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
         KeyHookRecord Info{.vkCode = nVk, .scanCode = nScan, .time = nNow};
         Info.flags = (bUp ? HOOK_FLAG_UP : 0) | (bInjected ? HOOK_FLAG_INJECTED : 0);
         constexpr uintptr_t KEYDOWN_MESSAGE = 0x100, KEYUP_MESSAGE = 0x101;
+        const Within Hook(nNoCallsOut);
         if (Keyboard.pHook(0, bUp ? KEYUP_MESSAGE : KEYDOWN_MESSAGE, Info) != 0) return;
     }
     SetKeyState(Keyboard.bDown, nVk, !bUp);
@@ -105,6 +106,7 @@ void DesktopState::PhysicalKey(uint8_t nVk, bool bDown) {
     const LayoutKey* pKey = KeyOfVk(nVk);
     DeliverKey(nVk, pKey == nullptr ? 0 : pKey->nScan,
                FlagsForSystem(nVk, bDown ? KEY_FLAG_DOWN : KEY_FLAG_UP), false);
+    if (nBusy == 0) RunDue();
 }
 
 std::vector<int> DesktopState::KeysDown() const {
@@ -218,6 +220,7 @@ int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 25
 
 uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure) {
     if (nHookType != HOOK_KEYBOARD_LL || Desktop.Refuses(__func__)) return 0;
+    if (Desktop.Keyboard.pHook != nullptr) return 0;
     Desktop.Record("keyboard hook installed");
     Desktop.Keyboard.pHook = pProcedure;
     Desktop.Keyboard.hHook = 1;

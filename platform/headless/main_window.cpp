@@ -4,6 +4,7 @@
 #include "platform/main_window.h"
 
 #include "platform/headless/desktop.h"
+#include "platform/messages.h"
 #include "platform/text.h"
 
 namespace taviro::platform {
@@ -64,6 +65,17 @@ ScreenPoint headless::DesktopState::MainInnerCorner() const {
     return {.nX = MainRect.nLeft + Size(Metric::FrameWidth) + PADDING,
             .nY = MainRect.nTop + Size(Metric::FrameHeight) + PADDING +
                   Size(Metric::CaptionHeight) + Size(Metric::MenuHeight)};
+}
+
+void headless::DesktopState::WriteIntoBox(const std::wstring& strText) {
+    {
+        const Within Message(nNoCallsOut);
+        // What the text does calls other programs, so it is done after the message.
+        Post([strText] {
+            if (Desktop.pMainForm != nullptr) Desktop.pMainForm->txtCmd.Receive(strText);
+        });
+    }
+    if (nBusy == 0) RunDue();
 }
 
 bool OpenMainWindow(forms::MainForm& Form) {

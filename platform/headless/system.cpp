@@ -34,8 +34,18 @@ const VirtualWindow* FindWindowEntry(WindowHandle hWindow) {
     return hWindow == 0 || it == Desktop.Windows.end() || it->bGone ? nullptr : &*it;
 }
 
+/// Whether a call out of the program cannot be made where it is made: another program's message, or
+/// a key, waits for the end of what runs.
+bool IsRefusedHere(const char* szCall) {
+    if (Desktop.nNoCallsOut == 0) return false;
+    constexpr uint32_t CANNOT_CALL_OUT = 0x8001010D;  // of a call for which input waits
+    ReportFailure(szCall, CANNOT_CALL_OUT);
+    return true;
+}
+
 bool UseMember(const AutomationObject& Object, MemberUse nUse, const std::wstring& strName,
                std::span<AutomationArgument> Arguments, AutomationValue& Result) {
+    const Within Busy(Desktop.nBusy);
     return Object != nullptr && Object->Handler &&
            Object->Handler(nUse, strName, Arguments, Result);
 }
@@ -191,25 +201,26 @@ bool CreateAutomationObject(const std::wstring& strProgId, AutomationObject& Obj
     Object.reset();
     const auto it = Desktop.Classes.find(strProgId);
     if (it == Desktop.Classes.end() || Desktop.Refuses(__func__, strProgId)) return false;
+    if (headless::IsRefusedHere(__func__)) return false;
     Object = it->second();
     return Object != nullptr;
 }
 
 bool CallMethod(const AutomationObject& Object, const std::wstring& strMethod,
                 std::span<AutomationArgument> Arguments, AutomationValue& Result) {
-    if (Desktop.Refuses(__func__, strMethod)) return false;
+    if (headless::IsRefusedHere(__func__) || Desktop.Refuses(__func__, strMethod)) return false;
     return headless::UseMember(Object, headless::MemberUse::Method, strMethod, Arguments, Result);
 }
 
 bool GetProperty(const AutomationObject& Object, const std::wstring& strProperty,
                  std::span<AutomationArgument> Arguments, AutomationValue& Result) {
-    if (Desktop.Refuses(__func__, strProperty)) return false;
+    if (headless::IsRefusedHere(__func__) || Desktop.Refuses(__func__, strProperty)) return false;
     return headless::UseMember(Object, headless::MemberUse::Get, strProperty, Arguments, Result);
 }
 
 bool PutProperty(const AutomationObject& Object, const std::wstring& strProperty,
                  const AutomationValue& Value) {
-    if (Desktop.Refuses(__func__, strProperty)) return false;
+    if (headless::IsRefusedHere(__func__) || Desktop.Refuses(__func__, strProperty)) return false;
     AutomationArgument Argument{.Value = Value};
     AutomationValue Ignored;
     return headless::UseMember(Object, headless::MemberUse::Put, strProperty, {&Argument, 1},

@@ -2,8 +2,10 @@
 #include "platform/win32/child_controls.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/failure.h"
+#include "platform/messages.h"
 #include "platform/unneeded.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/screen.h"
@@ -48,6 +50,7 @@ bool ChildControls::Create(HWND hParent) {
         MakeChild(hParent, L"LISTBOX", WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, LIST_ID);
     m_hEdit = MakeChild(hParent, L"EDIT", ES_AUTOHSCROLL, EDIT_ID);
     if (m_hList == nullptr || m_hEdit == nullptr) return false;
+    m_pTaker = std::make_shared<const HWND>(m_hEdit);
     pSystemListProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(m_hList, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OnListMessage)));
     // As easy to read as the status line, whose place the list takes.
@@ -100,14 +103,25 @@ void ChildControls::PushList() {
     }
 }
 
-void ChildControls::PushText() const {
-    // Writing notifies us, and we find the model's text unchanged then: no endless circle.
+void ChildControls::PushText() {
     if (WindowText(m_hEdit) == m_Form.txtCmd.Text.Get()) return;
+    m_bPushing = true;  // the box notifies us, and nobody else wrote
     OrReport(SetWindowTextW(m_hEdit, m_Form.txtCmd.Text.Get().c_str()), "SetWindowText(txtCmd)");
+    m_bPushing = false;
+}
+
+void ChildControls::PostText() const {
+    std::wstring strText = WindowText(m_hEdit);
+    if (strText.empty()) return;
+    Post([&Box = m_Form.txtCmd, strText = std::move(strText),
+          pTaker = std::weak_ptr<const HWND>(m_pTaker)] {
+        const auto pBox = pTaker.lock();
+        if (pBox != nullptr && IsWindow(*pBox) != FALSE) Box.Receive(strText);
+    });
 }
 
 void ChildControls::OnNotification(HWND hChild, WORD nCode) {
-    if (hChild == m_hEdit && nCode == EN_CHANGE) m_Form.txtCmd.Text = WindowText(m_hEdit);
+    if (hChild == m_hEdit && nCode == EN_CHANGE && !m_bPushing) PostText();
     if (hChild == m_hList && nCode == LBN_SELCHANGE) {
         m_Form.List1.ListIndex = static_cast<int32_t>(SendMessageW(m_hList, LB_GETCURSEL, 0, 0));
     }

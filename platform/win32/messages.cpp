@@ -10,6 +10,7 @@
 #include "platform/win32/failure.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/numbers.h"
+#include "platform/win32/posted_work.h"
 
 namespace taviro::platform {
 
@@ -60,10 +61,11 @@ void Dispatch(MSG& Message) {
 }  // namespace
 
 /// Calls of other programs come through a window of the system's own. When one arrives while
-/// another message of ours runs, the count is above one, the outermost window is ours, or nothing
-/// is being dispatched at all (the keyboard hook, a message that was sent).
+/// another message of ours runs, the count is above one, the outermost window is ours or that of
+/// posted work, or nothing is being dispatched at all (a message that was sent).
 bool IsOutermostLoop() {
     if (Dispatching.nDepth != 1) return false;
+    if (Dispatching.hOutermost == win32::PostWindow()) return false;
     const HWND hRoot = RootOf(Dispatching.hOutermost);
     return hRoot != win32::ToHwnd(MainWindowHandle()) && !IsDialog(hRoot);
 }

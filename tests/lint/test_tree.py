@@ -3,6 +3,7 @@
 
 import pytest
 
+import facts
 import floors
 import meaning
 import sizes
@@ -10,7 +11,7 @@ import style
 import words
 from tree import ROOT
 
-CHECKS = (meaning.meaning_elsewhere, meaning.second_writers,
+CHECKS = (facts.facts_without_test, meaning.meaning_elsewhere, meaning.second_writers,
           floors.upward_includes, floors.include_cycles, floors.foreign_headers,
           floors.missing_folders, sizes.long_files, sizes.long_procedures,
           style.unformatted_files, style.shell_faults, words.unfinished_work,

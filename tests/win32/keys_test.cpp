@@ -5,16 +5,22 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/keyboard_hook.h"
+#include "platform/messages.h"
 #include "platform/text.h"
 #include "tests/win32/test_support.h"
 
 namespace taviro::platform {
 namespace {
+
+constexpr DWORD BLOCKED_DEADLINE_MS = 5000;
 
 std::vector<std::string> Received;  // "down 65", "up 65", "hook 65"
 
@@ -60,7 +66,8 @@ TEST_F(KeysTest, Keys_CarryTheExtendedMark_WhenTheNumberPadHasThemToo) {
     static std::vector<uint32_t> Extended;  // of the presses, in order
     Extended.clear();
     const auto Note = [](int32_t, uintptr_t, const KeyHookRecord& Record) -> intptr_t {
-        if ((Record.flags & HOOK_FLAG_UP) == 0) Extended.push_back(Record.flags & LLKHF_EXTENDED);
+        if ((Record.flags & HOOK_FLAG_UP) != 0) return 1;
+        Post([nMark = Record.flags & LLKHF_EXTENDED] { Extended.push_back(nMark); });
         return 1;
     };
     const uintptr_t hHook = InstallHook(HOOK_KEYBOARD_LL, Note);
@@ -95,8 +102,10 @@ TEST_F(KeysTest, KeybdEvent_Arrives_WhenDownAndUp) {
 }
 
 intptr_t SwallowB(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record) {
-    Received.push_back("hook " + std::to_string(Record.vkCode) +
-                       ((Record.flags & HOOK_FLAG_UP) != 0 ? " up" : " down"));
+    Post([strSeen = "hook " + std::to_string(Record.vkCode) +
+                    ((Record.flags & HOOK_FLAG_UP) != 0 ? " up" : " down")] {
+        Received.push_back(strSeen);
+    });
     if (Record.vkCode == 'B') return 1;
     return CallNextHook(0, nCode, wParam, Record);
 }
@@ -116,6 +125,82 @@ TEST_F(KeysTest, Hook_SeesAllAndSwallows_WhenItSaysSo) {
     EXPECT_EQ(std::ranges::count(Received, "down 66"), 0) << "swallowed";
     EXPECT_TRUE(RemoveHook(hHook));
     EXPECT_FALSE(RemoveHook(hHook));
+}
+
+/// The keys that the hook below has seen, counted on the hook's own thread.
+std::atomic<int> HookedKeys;
+std::atomic<DWORD> nHookThread;
+
+intptr_t CountAndPass(int32_t nCode, uintptr_t wParam, const KeyHookRecord& Record) {
+    ++HookedKeys;
+    nHookThread = GetCurrentThreadId();
+    return CallNextHook(0, nCode, wParam, Record);
+}
+
+void TapA() {
+    KeybdEvent('A', 0, KEY_FLAG_DOWN, 0);
+    KeybdEvent('A', 0, KEY_FLAG_UP, 0);
+}
+
+/// Waits without letting messages run, as a program that hangs does.
+bool ComesWhileNothingRuns(const std::function<bool()>& Condition) {
+    for (const DWORD nStart = GetTickCount(); !Condition();) {
+        if (GetTickCount() - nStart > BLOCKED_DEADLINE_MS) return false;
+        Sleep(1);
+    }
+    return true;
+}
+
+TEST_F(KeysTest, Hook_AnswersOnAThreadOfItsOwn_WhileTheProgramHangs) {
+    HookedKeys = 0;
+    const uintptr_t hHook = InstallHook(HOOK_KEYBOARD_LL, CountAndPass);
+    ASSERT_NE(hHook, 0U);
+    EXPECT_EQ(InstallHook(HOOK_KEYBOARD_LL, CountAndPass), 0U) << "one is there";
+    TapA();
+    EXPECT_TRUE(ComesWhileNothingRuns([] { return HookedKeys >= 2; }));
+    EXPECT_NE(nHookThread, GetCurrentThreadId());
+    EXPECT_TRUE(Arrives({"down 65", "up 65"})) << testing::PrintToString(Received);
+    EXPECT_TRUE(RemoveHook(hHook));
+    TapA();
+    EXPECT_TRUE(Arrives({"down 65", "up 65", "down 65", "up 65"}));
+    EXPECT_EQ(HookedKeys, 2);
+}
+
+// The system takes a slow hook away and tells nobody; here the test does.
+TEST_F(KeysTest, Hook_ComesBackByItself_WhenItWasTakenAway) {
+    HookedKeys = 0;
+    const uintptr_t hHook = InstallHook(HOOK_KEYBOARD_LL, CountAndPass);
+    ASSERT_NE(hHook, 0U);
+    ASSERT_NE(UnhookWindowsHookEx(reinterpret_cast<HHOOK>(hHook)), FALSE);
+    TapA();
+    EXPECT_TRUE(Arrives({"down 65", "up 65"}));
+    EXPECT_EQ(HookedKeys, 0);
+    EXPECT_TRUE(tests::RunMessagesUntil([] {
+        TapA();
+        return HookedKeys > 0;
+    }));
+    EXPECT_TRUE(RemoveHook(hHook));
+}
+
+TEST(PostedWork_RunsInOrderOnTheProgramsThread, WhicheverThreadPosts) {
+    static std::vector<int> Done;  // of the program's thread alone
+    Done.clear();
+    const DWORD nThread = GetCurrentThreadId();
+    Post([] { Done.push_back(0); });
+    std::thread Other([nThread] {
+        for (int n = 1; n <= 100; ++n) {
+            Post([n, nThread] {
+                EXPECT_EQ(GetCurrentThreadId(), nThread);
+                EXPECT_FALSE(IsOutermostLoop()) << "something of the program is under way";
+                Done.push_back(n);
+            });
+        }
+    });
+    Other.join();
+    EXPECT_TRUE(Done.empty());
+    RunPendingMessages();
+    EXPECT_TRUE(std::ranges::is_sorted(Done));
+    EXPECT_EQ(Done.size(), 101U);
 }
 
 TEST(Layout_AgreesWithItself, WhenLettersAreLookedUp) {

@@ -229,7 +229,9 @@ TEST_F(MainWindowTest, Click_ReportsTheButton_WhenPressedAndReleasedOverTheMap) 
 TEST_F(MainWindowTest, CommandBox_RunsTheHandler_WhenAnotherThreadWritesIntoIt) {
     if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
     std::vector<std::wstring> Commands;
+    bool bInMessage = false;
     FrmMain->txtCmd.OnChange = [&] {
+        bInMessage |= InSendMessage() != FALSE;
         Commands.push_back(FrmMain->txtCmd.Text);
         if (!FrmMain->txtCmd.Text.Get().empty()) FrmMain->txtCmd.Text = std::wstring();
     };
@@ -239,14 +241,18 @@ TEST_F(MainWindowTest, CommandBox_RunsTheHandler_WhenAnotherThreadWritesIntoIt) 
     EXPECT_EQ(IsWindowVisible(hBox), FALSE);
     bool bWritten = false;
     std::thread Other([&] {
-        SendMessageW(hBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"right"));
-        SendMessageW(hBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"right"));
+        for (const wchar_t* szText : {L"right", L"right", L"down", L"up"})
+            SendMessageW(hBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(szText));
         bWritten = true;
         PostMessageW(hBox, WM_NULL, 0, 0);
     });
     EXPECT_TRUE(tests::RunMessagesUntil([&] { return bWritten; }));
     Other.join();
-    EXPECT_EQ(Commands, (std::vector<std::wstring>{L"right", L"", L"right", L""}));
+    EXPECT_TRUE(tests::RunMessagesUntil([&] { return Commands.size() >= 8; }));
+    RunPendingMessages();
+    EXPECT_EQ(Commands,
+              (std::vector<std::wstring>{L"right", L"", L"right", L"", L"down", L"", L"up", L""}));
+    EXPECT_FALSE(bInMessage) << "the writer's message was over";
     EXPECT_EQ(GetWindowTextLengthW(hBox), 0);
 }
 

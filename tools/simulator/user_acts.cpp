@@ -157,7 +157,7 @@ void ResumeJoystick(ScenarioRun& /*Run*/, const Step& /*Given*/) {
 }
 
 void WriteCommand(ScenarioRun& Run, const Step& Given) {
-    if (NeedProgram(Run, Given)) FrmMain->txtCmd.Text = Given.Texts[0];
+    if (NeedProgram(Run, Given)) Desktop.WriteIntoBox(Given.Texts[0]);
 }
 
 void ChooseMenu(ScenarioRun& Run, const Step& Given) {

@@ -28,6 +28,11 @@ class KeyboardHookTest : public ProgramTest {
         InstallKeyboardHook();
         Desktop.TakeEffects();
     }
+    /// A joystick is plugged in or out, and the keyboard knows it.
+    static void Plug(bool bIn) {
+        Desktop.Joystick.bPresent = bIn;
+        Program.bJoystickAnswers = bIn;
+    }
     /// One key event; returns whether it went on to the next hook.
     static bool KeyPasses(uint8_t nVk, bool bDown) {
         Desktop.Keyboard.bPassedOn = false;
@@ -135,7 +140,7 @@ TEST_F(KeyboardHookTest, KeyboardProc_CopiesEvent_WhenAJoystickTakesTheKeyAway) 
 }
 
 TEST_F(KeyboardHookTest, KeyboardProc_PassesEverything_WhenAJoystickAnswers) {
-    Desktop.Joystick.bPresent = true;
+    Plug(true);
     for (const uint8_t nVk : {uint8_t{37}, uint8_t{38}, VK_RIGHT, uint8_t{40}, VK_ENTER, VK_A}) {
         EXPECT_TRUE(KeyPasses(nVk, true)) << int{nVk};
         EXPECT_TRUE(KeyPasses(nVk, false)) << int{nVk};
@@ -178,6 +183,8 @@ TEST_F(KeyboardHookTest, KeyboardProc_OpensJoystickAnew_WhateverTheKey) {
         Joystick.nJoyId = 5;
         const uint32_t nReads = Desktop.Joystick.nReads;
         KeyboardProc(0, 0x100, Case.Event);
+        EXPECT_EQ(Desktop.Joystick.nReads, nReads) << Case.szName << ": a device may be slow";
+        Desktop.RunDue();
         EXPECT_EQ(Joystick.nJoyId, 0U) << Case.szName;
         EXPECT_EQ(Desktop.Joystick.nReads, nReads + 1) << Case.szName;
     }
@@ -189,13 +196,46 @@ TEST_F(KeyboardHookTest, KeyboardProc_AsksTheFirstJoystick_WhenAnotherWasOpened)
     EXPECT_EQ(Joystick.nJoyId, 0U);
 }
 
+// Each key lets the joystick be asked, and goes by the answer that the key before it got.
 TEST_F(KeyboardHookTest, KeyboardProc_FollowsJoystick_WhenItIsPluggedInAndOut) {
     EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
     Desktop.Joystick.bPresent = true;
+    EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
     EXPECT_TRUE(KeyPasses(VK_RIGHT, true));
     Desktop.Joystick.bPresent = false;
+    EXPECT_TRUE(KeyPasses(VK_RIGHT, true));
     EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
-    EXPECT_EQ(Called, (Effects{"Arrow 39", "Arrow 39"}));
+    EXPECT_EQ(Called, (Effects{"Arrow 39", "Arrow 39", "Arrow 39"}));
+}
+
+TEST_F(KeyboardHookTest, Joystick_IsAskedOnceForManyKeys_WhenTheProgramIsBusy) {
+    Desktop.Joystick.bPresent = true;
+    for (int n = 0; n < 50; ++n)
+        KeyboardProc(0, 0x100, {.vkCode = VK_A});
+    Desktop.RunDue();
+    EXPECT_EQ(Desktop.Joystick.nReads, 1U);
+    KeyboardProc(0, 0x100, {.vkCode = VK_A});
+    Desktop.RunDue();
+    EXPECT_EQ(Desktop.Joystick.nReads, 2U);
+}
+
+TEST_F(KeyboardHookTest, Keys_ActInTheirOrder_WhenTheProgramWasBusy) {
+    for (const uint8_t nVk : {uint8_t{37}, uint8_t{40}, VK_ENTER, VK_RIGHT}) {
+        KeyboardProc(0, 0x100, {.vkCode = nVk});
+        KeyboardProc(0, 0x101, {.vkCode = nVk, .flags = platform::HOOK_FLAG_UP});
+    }
+    EXPECT_EQ(Called, Effects{}) << "the hook only decides";
+    Desktop.RunDue();
+    EXPECT_EQ(Called, (Effects{"Arrow 37", "Arrow 40", "Enter", "Arrow 39"}));
+}
+
+TEST_F(KeyboardHookTest, Keys_DoNothing_WhenTheHookIsGoneBeforeTheirTurn) {
+    KeyboardProc(0, 0x100, {.vkCode = VK_RIGHT});
+    KeyboardProc(0, 0x100, {.vkCode = VK_ENTER});
+    KeyboardProc(0, 0x101, {.vkCode = VK_ENTER, .flags = platform::HOOK_FLAG_UP});
+    RemoveKeyboardHook();
+    Desktop.RunDue();
+    EXPECT_EQ(Called, Effects{});
 }
 
 TEST_F(KeyboardHookTest, KeyboardProc_PassesEverything_WhenADialogIsActive) {
@@ -222,30 +262,38 @@ TEST_F(KeyboardHookTest, KeyboardProc_PassesUntilNextRelease_WhenKeysAreIgnored)
     EXPECT_FALSE(KeyPasses(VK_RIGHT, true));
 }
 
+void SetDialog(bool bActive) {
+    Program.bDialogActive = bActive;
+}
+
+void SetMessage(bool bShown) {
+    Program.bMessageShown = bShown;
+}
+
 TEST_F(KeyboardHookTest, Release_GoesWhereItsPressWent_WhateverHappenedBetween) {
     const struct {
         const char* szName;
-        bool* pElsewhere;
+        void (*Set)(bool bElsewhere);
         bool bOnPress, bOnRelease;
     } ROWS[] = {
-        {"a dialog closed by the press", &Program.bDialogActive, true, false},
-        {"a dialog opened meanwhile", &Program.bDialogActive, false, true},
-        {"a message closed by the press", &Program.bMessageShown, true, false},
-        {"a joystick unplugged meanwhile", &Desktop.Joystick.bPresent, true, false},
-        {"a joystick plugged in meanwhile", &Desktop.Joystick.bPresent, false, true},
+        {"a dialog closed by the press", SetDialog, true, false},
+        {"a dialog opened meanwhile", SetDialog, false, true},
+        {"a message closed by the press", SetMessage, true, false},
+        {"a joystick unplugged meanwhile", Plug, true, false},
+        {"a joystick plugged in meanwhile", Plug, false, true},
     };
     for (const auto& Row : ROWS) {
         for (const uint8_t nVk : {VK_ENTER, VK_RIGHT}) {
             SCOPED_TRACE(Row.szName + std::string(" ") + std::to_string(nVk));
-            *Row.pElsewhere = Row.bOnPress;
+            Row.Set(Row.bOnPress);
             EXPECT_EQ(KeyPasses(nVk, true), Row.bOnPress);
             Called.clear();
-            *Row.pElsewhere = Row.bOnRelease;
+            Row.Set(Row.bOnRelease);
             EXPECT_EQ(KeyPasses(nVk, false), Row.bOnPress);
             const bool bRuns = nVk == VK_ENTER && !Row.bOnPress;
             EXPECT_EQ(Called, bRuns ? Effects{"Enter"} : Effects{});
             EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{}) << "nobody is left with a held key";
-            *Row.pElsewhere = false;
+            Row.Set(false);
         }
     }
 }
