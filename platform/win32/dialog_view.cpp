@@ -8,6 +8,7 @@
 #include "platform/win32/dialog_template.h"
 #include "platform/win32/edit_view.h"
 #include "platform/win32/failure.h"
+#include "platform/win32/visual_styles.h"
 #include "platform/win32/window_placement.h"
 
 namespace taviro::platform::win32 {
@@ -35,6 +36,7 @@ bool DialogView::Create(HWND hOwner) {
     const std::wstring& strName = m_Form.Controls().front()->strName;
     const std::vector<uint32_t> Layout = LoadDialogTemplate(strName.c_str());
     if (Layout.empty()) return false;
+    const VisualStyles Look;
     const HWND hMade = CreateDialogIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<LPCDLGTEMPLATEW>(Layout.data()), hOwner,
         OnMessage, reinterpret_cast<LPARAM>(this));

@@ -13,6 +13,7 @@
 #include "platform/win32/failure.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/numbers.h"
+#include "platform/win32/visual_styles.h"
 
 namespace taviro::platform {
 
@@ -135,6 +136,7 @@ void DetachDialogs() {
 }
 
 void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) {
+    const win32::VisualStyles Look;
     // The answer can only be OK.
     win32::OrReport(MessageBoxW(OwnerOfNext(), strText.c_str(), strTitle.c_str(),
                                 MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND) != 0,

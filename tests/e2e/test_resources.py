@@ -46,11 +46,15 @@ def test_program_says_what_it_is(build, program):
 
 @for_every_build
 def test_program_asks_for_the_systems_look_and_no_rights(program):
-    manifest = xml.fromstring(program.only(RT_MANIFEST))
+    manifests = {name: content for (name, _), content in program.resources(RT_MANIFEST).items()}
+    assert sorted(manifests) == [1, 2], "the program's, and that of its dialogs"
+    manifest = xml.fromstring(manifests[1])
     found = {element.tag.split("}")[1]: element for element in manifest.iter()}
     assert found["requestedExecutionLevel"].get("level") == "asInvoker"
     assert found["requestedExecutionLevel"].get("uiAccess") == "false"
-    assert found["assemblyIdentity"].get("name") == "Microsoft.Windows.Common-Controls"
+    assert "assemblyIdentity" not in found, "the map is on the screen sooner without it"
+    look = {element.tag.split("}")[1]: element for element in xml.fromstring(manifests[2]).iter()}
+    assert look["assemblyIdentity"].get("name") == "Microsoft.Windows.Common-Controls"
     assert found["gdiScaling"].text == "true"
     assert "dpiAware" not in found  # the system scales the map as a whole
     supported = [element.get("Id") for element in manifest.iter()
