@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Measures under Wine how long a physical key takes from the display to the program in front, with
 and without Taviro, whose hook sees every key first: keys that pass, arrows and Enter that drive
-the map, and an arrow while the speech engine keeps the program busy. Prints medians and 99th
-percentiles in milliseconds; the exit code is 0 when the budgets are kept."""
+the map, and an arrow while the speech engine keeps the program busy, for which no key waits. Prints
+medians and 99th percentiles in milliseconds; the exit code is 0 when the budgets are kept."""
 
 import contextlib
 import ctypes
@@ -173,8 +173,12 @@ def main():
             kept &= added <= budget
             print(f"  {label:18} {describe(values[kind])} ms  adds {added:.2f}, budget {budget}:"
                   f" {'kept' if added <= budget else 'EXCEEDED'}")
+    added = blocked[-1] - percentile99(alone["arrow"])
+    kept &= added <= ARROW_BUDGET
     print(f"arrow, then a key, while every word blocks {BLOCK_MILLISECONDS} ms: "
-          + ", ".join(f"{value:.0f}" for value in blocked) + " ms", flush=True)
+          + ", ".join(f"{value:.0f}" for value in blocked)
+          + f" ms  adds {added:.2f}, budget {ARROW_BUDGET}:"
+          f" {'kept' if added <= ARROW_BUDGET else 'EXCEEDED'}", flush=True)
     return 0 if kept else 1
 
 

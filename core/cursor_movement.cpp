@@ -6,11 +6,13 @@
 
 #include "feedback/announce.h"
 #include "forms/main_form.h"
+#include "input/kept_press.h"
 #include "maps/map_grid.h"
 #include "maps/map_window.h"
 #include "platform/clock.h"
 #include "platform/messages.h"
 #include "platform/sound.h"
+#include "settings/comfort.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
@@ -159,11 +161,27 @@ bool GoOnAfterRow(int32_t nVk, int32_t nResult) {
     return true;
 }
 
+namespace {
+
+constexpr uint32_t PAUSE_STEP_MS = 100;  // a shorter press is hardly one
+
+void PauseScan(uint32_t nDelay) {
+    if (!Comfort.bWatch) return platform::SleepMs(nDelay);
+    while (nDelay > 0) {
+        const uint32_t nStep = std::min(PAUSE_STEP_MS, nDelay);
+        platform::SleepMs(nStep);
+        NotePress();
+        nDelay -= nStep;
+    }
+}
+
+}  // namespace
+
 void ScanTimer_Timer() {
     const int32_t nResult = MoveCursor(Scanning.nScanDirection);
     GoOnAfterRow(Scanning.nScanDirection, nResult);
     const int32_t nDelay = objSetting.ScanDelay();
-    if (nDelay > 0) platform::SleepMs(static_cast<uint32_t>(nDelay));
+    if (nDelay > 0) PauseScan(static_cast<uint32_t>(nDelay));
 }
 
 }  // namespace taviro

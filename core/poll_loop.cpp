@@ -12,13 +12,18 @@
 #include "actions/mode_transitions.h"
 #include "actions/prediction.h"
 #include "core/cursor_movement.h"
+#include "core/device_news.h"
 #include "feedback/announce.h"
 #include "feedback/event_log.h"
 #include "forms/main_form.h"
+#include "input/device_watch.h"
 #include "input/joystick_reader.h"
+#include "input/kept_press.h"
+#include "input/stick_position.h"
 #include "maps/map_grid.h"
 #include "platform/clock.h"
 #include "settings/button_table.h"
+#include "settings/comfort.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
 #include "state/mode_state.h"
@@ -214,14 +219,20 @@ void Wait(int16_t nMilliseconds) {
     const uint32_t nStart = platform::TickCount();
     do {
         platform::SleepMs(SLEEP_STEP_MS);
+        if (Comfort.bWatch) NotePress();
     } while (static_cast<int32_t>(platform::TickCount() - nStart) < nMilliseconds);
 }
 
 void Timer1_Timer() {
     if (Program.bPauseJoystick) return;
     Modes.bAutoRepeatMode = Poll.nTiltCount >= REPEAT_AFTER_TICKS;
-    if (Modes.bAutoRepeatMode) Wait(REPEAT_PAUSE_MS);
+    // A device that fails is not waited for: it is soon known to be absent.
+    if (Modes.bAutoRepeatMode && DeviceWatch.nFailures == 0) Wait(REPEAT_PAUSE_MS);
     JoyRead();
+    if (Comfort.bWatch) {
+        TellDevice(WatchDevice());
+        if (TakeKeptPress()) Poll.nPrevButton = 0;
+    }
     Poll.nTilt = Tilt::None;
     Poll.nButtonDown = 0;
     if (!TickMode()) return;

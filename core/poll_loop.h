@@ -7,10 +7,6 @@
 
 namespace taviro {
 
-// Axis values beyond which the stick counts as tilted: the middle plus or minus 20000.
-inline constexpr int32_t AXIS_HIGH = 52767;
-inline constexpr int32_t AXIS_LOW = 12767;
-
 /// A direction as the loop remembers it.
 enum class Tilt : int32_t { None = 0, Right = 1, Left = 2, Down = 3, Up = 4 };
 

@@ -11,7 +11,9 @@
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
 #include "forms/main_form.h"
+#include "input/device_watch.h"
 #include "input/joystick_reader.h"
+#include "input/kept_press.h"
 #include "input/keyboard_hook.h"
 #include "maps/app_positions.h"
 #include "maps/key_names.h"
@@ -36,6 +38,8 @@ void ResetProgram() {
     Poll = {};
     Scanning = {};
     Joystick = {};
+    DeviceWatch = {};
+    KeptPress = {};
     KeyboardHook = {};
     objSetting = cSetting{};
     ButtonTable = {};

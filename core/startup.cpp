@@ -20,6 +20,7 @@
 #include "feedback/event_log.h"
 #include "feedback/speech.h"
 #include "forms/main_form.h"
+#include "input/device_watch.h"
 #include "input/joystick_reader.h"
 #include "input/keyboard_hook.h"
 #include "maps/key_names.h"
@@ -30,6 +31,7 @@
 #include "platform/messages.h"
 #include "platform/shell.h"
 #include "platform/unneeded.h"
+#include "settings/comfort.h"
 #include "settings/comfort_store.h"
 #include "settings/setting.h"
 #include "state/cursor_state.h"
@@ -61,14 +63,24 @@ void TellFaultsOfSettings() {
 }
 
 void OpenJoystick() {
-    Program.bJoystickAnswers = JoyInit(FIRST_JOYSTICK);
-    if (Program.bJoystickAnswers) {
+    const bool bAnswers = JoyInit(FIRST_JOYSTICK);
+    Program.bJoystickAnswers = bAnswers;
+    if (bAnswers) {
         FrmMain->Timer1.Enabled = true;
         Program.bJoystickPresent = true;
     } else {
         FrmMain->Timer1.Enabled = false;
         FrmMain->ScanTimer.Enabled = false;
     }
+    if (!Comfort.bWatch) return;
+    BeginWatch(bAnswers);
+    FrmMain->Timer1.Enabled = true;
+}
+
+/// The watch knows without asking, and of any device.
+bool AskJoystick() {
+    if (Comfort.bWatch) return !DeviceWatch.bAbsent;
+    return JoyInit(FIRST_JOYSTICK) && Joystick.bAnswered;
 }
 
 void HookKeyboard() {
@@ -80,6 +92,7 @@ void HookKeyboard() {
         }
     };
     KeyboardHook.Arrow = [](int32_t nVk) { MoveCursor(nVk); };
+    KeyboardHook.AskJoystick = AskJoystick;
     InstallKeyboardHook();
 }
 

@@ -11,7 +11,6 @@
 #include "input/joystick_reader.h"
 #include "maps/shown_map.h"
 #include "platform/dialogs.h"
-#include "platform/joystick.h"
 #include "platform/number_text.h"
 #include "platform/unneeded.h"
 #include "settings/setting.h"
@@ -82,13 +81,6 @@ void FillWithNumbers(forms::ComboBox& List, int32_t nFirst, int32_t nLast) {
     for (int32_t n = nFirst; n <= nLast; ++n)
         Numbers.push_back(std::to_wstring(n));
     List.Items = Numbers;
-}
-
-// Unplugged with a button down it would seem held for ever, and that button's dialog would come
-// back as often as it is closed.
-bool JoystickAnswers() {
-    platform::JoyCapsRecord Caps{};
-    return platform::JoyGetDevCaps(Joystick.nJoyId, Caps, sizeof(Caps)) == 0;
 }
 
 }  // namespace
@@ -175,8 +167,10 @@ void AppSettingForm::Form_Unload() {
 
 // A button of the joystick opens its dialog. The next tick waits until that is closed.
 void AppSettingForm::Timer1_Timer() {
-    if (!JoystickAnswers()) return;
     JoyRead();
+    // Unplugged with a button down it would seem held for ever, and that button's dialog would come
+    // back as often as it is closed.
+    if (!Joystick.bAnswered) return;
     const auto& Buttons = Joystick.bJoyButton;
     const auto Pressed = std::find(Buttons.begin(), Buttons.end(), true);
     if (Pressed == Buttons.end()) return;

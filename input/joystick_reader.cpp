@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "input/joystick_reader.h"
 
-#include "platform/unneeded.h"
-
 namespace taviro {
 
 namespace {
@@ -10,13 +8,12 @@ namespace {
 // Larger than the record of 52 bytes; the system accepts it, and old drivers have come to expect
 // it.
 constexpr uint32_t QUERY_SIZE = 64;
-constexpr uint32_t RETURN_ALL = 255;  // all axes, the hat and the buttons
 
 void Sample() {
     Joystick.JoyInfo.dwSize = QUERY_SIZE;
-    Joystick.JoyInfo.dwFlags = RETURN_ALL;
+    Joystick.JoyInfo.dwFlags = platform::JOY_RETURN_ALL;
     // A failed query leaves the record as it was: the last position and buttons stay in effect.
-    Unneeded(platform::JoyGetPosEx(Joystick.nJoyId, Joystick.JoyInfo));
+    Joystick.bAnswered = platform::JoyGetPosEx(Joystick.nJoyId, Joystick.JoyInfo) == 0;
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ struct JoystickState {
     int32_t nJoyCenterY = 0;
     int32_t nJoyX = 0;  ///< axes of the latest sample, 0 to 65535, centre near 32767
     int32_t nJoyY = 0;
+    bool bAnswered = false;  ///< the last query for the position was answered
     std::array<bool, JOY_BUTTON_COUNT> bJoyButton{};  ///< index 0 is the device's button 1
 };
 inline JoystickState Joystick;

@@ -38,7 +38,7 @@ struct KeyboardHookState {
     std::function<void()> Enter;         ///< what a released Enter does
     std::function<void(int32_t)> Arrow;  ///< what a pressed arrow does, by its key code
     /// Whether a joystick answers; asked once for the keys of a moment.
-    std::function<bool()> AskJoystick = [] { return JoyInit(0); };
+    std::function<bool()> AskJoystick = [] { return JoyInit(0) && Joystick.bAnswered; };
     Published<bool> bAsking = false;  ///< the question has been posted and not been asked yet
 };
 inline KeyboardHookState KeyboardHook;

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The multimedia joystick calls, with their records in the layout of the system's own.
+// The multimedia joystick calls, with their records in the layout of the system's own. A slow
+// device holds up nobody: a caller waits at most a moment, and a device that fails again and again
+// is asked with pauses (platform/device_questions.h).
 #pragma once
 
 #include <cstdint>
@@ -33,7 +35,16 @@ struct JoyInfoRecord {
 };
 static_assert(sizeof(JoyInfoRecord) == 52);
 
-/// Fills the capabilities of device nJoyId. Returns 0 on success, else the system's error number.
+inline constexpr uint32_t JOY_DEVICE_COUNT = 16;  ///< devices are numbered from 0
+inline constexpr uint32_t JOY_RETURN_ALL = 255;   ///< flags: all axes, the hat and the buttons
+
+// Error numbers beside the system's own.
+inline constexpr uint32_t JOY_UNPLUGGED = 167;  ///< the system's JOYERR_UNPLUGGED
+inline constexpr uint32_t JOY_BUSY = 170;       ///< an earlier question is still under way
+inline constexpr uint32_t JOY_NO_ANSWER = 258;  ///< not in time
+
+/// Fills the capabilities of device nJoyId. Returns 0 on success, else the system's error number;
+/// also when the device's position could not be had, though an unplugged one still tells them.
 [[nodiscard]] uint32_t JoyGetDevCaps(uint32_t nJoyId, JoyCapsRecord& Caps, uint32_t nSize);
 
 /// Samples device nJoyId; the caller sets dwSize and dwFlags first. Returns 0 on success; on

@@ -11,8 +11,9 @@ constexpr ComfortKey COMFORT_KEYS[] = {
      .Target = &Comfort.bWatch,
      .strDefault = L"0",
      .strDelivered = L"1",
-     .strMeaning = L"Připravuje se, zatím nic nemění: joystick bude smět přijít a odejít za běhu. "
-                   L"Teď se hledá jen při spuštění."},
+     .strMeaning = L"Joystick smí za běhu přijít a odejít. Odpojený platí za puštěný a mapu ovládá "
+                   L"klávesnice; jakmile se některý ozve, ovládá ji zase on. Bez toho se joystick "
+                   L"hledá jen při spuštění."},
 };
 
 }  // namespace

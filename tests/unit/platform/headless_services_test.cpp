@@ -48,6 +48,7 @@ TEST_F(HeadlessServicesTest, Joystick_KeepsRecord_WhenItIsUnpluggedOrFails) {
     JoyCapsRecord Caps{};
     EXPECT_NE(JoyGetDevCaps(0, Caps, sizeof Caps), 0U);
     Desktop.Joystick.bPresent = true;
+    Desktop.RunFor(JOY_PAUSE_MS);
     EXPECT_EQ(JoyGetDevCaps(0, Caps, sizeof Caps), 0U);
     EXPECT_EQ(Caps.wXmax, 65535U);
 }
