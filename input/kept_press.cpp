@@ -25,7 +25,10 @@ void NotePress() {
     // A device that does not answer makes no wait longer.
     if (DeviceWatch.bAbsent || DeviceWatch.nFailures > 0) return;
     JoyRead();
-    if (!Joystick.bAnswered) return;
+    if (!Joystick.bAnswered) {
+        ++DeviceWatch.nFailures;  // the poll that follows need not find it out anew
+        return;
+    }
     HoldBack();
     const int32_t nButton = FirstButtonDown();
     const bool bDown = nButton != NO_BUTTON_DOWN;

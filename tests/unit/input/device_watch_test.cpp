@@ -41,6 +41,13 @@ class DeviceWatchTest : public ProgramTest {
         std::erase_if(Done, [](const std::string& str) { return str != GONE && str != FOUND; });
         return Done;
     }
+    /// When it was said; the end of all time when it was not.
+    static uint32_t TimeOf(const std::string& strSaid) {
+        for (const auto& Done : Desktop.Transcript) {
+            if (Done.strText == strSaid) return Done.nTime;
+        }
+        return UINT32_MAX;
+    }
     static void PlugInAs(uint32_t nId) { Desktop.OtherJoysticks[nId].bPresent = true; }
     static void PullOut() { Desktop.Joystick.bPresent = false; }
 };
@@ -58,8 +65,10 @@ TEST_F(DeviceWatchTest, UnpluggedStick_CountsAsCentredInHalfASecond_WhileItRepea
             PressButton(2);
             Ticks(nTicks);
             PullOut();
+            const uint32_t nPulled = Desktop.nNow;
             Desktop.RunFor(500);
             EXPECT_TRUE(DeviceWatch.bAbsent);
+            EXPECT_LE(TimeOf(GONE), nPulled + 500);
             EXPECT_EQ(Poll.nTilt, Tilt::None);
             EXPECT_EQ(Joystick.nJoyX, 32767);
             EXPECT_EQ(Poll.nButtonDown, 0);
