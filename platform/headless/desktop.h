@@ -22,6 +22,7 @@
 #include "platform/keyboard_hook.h"
 #include "platform/keys.h"
 #include "platform/metrics.h"
+#include "platform/playing_sound.h"
 #include "platform/pointer.h"
 #include "platform/shell.h"
 #include "platform/text_extent.h"
@@ -166,9 +167,9 @@ struct DesktopState {
     std::array<int32_t, 3> MouseAcceleration{6, 10, 1};
 
     // Sound.
-    uint32_t nSoundEnds = 0;      ///< when the sound that plays now has ended
+    PlayingSound Playing;
     uint32_t nSoundLength = 300;  ///< how long each sound plays, ms
-    bool bSoundFails = false;     ///< nothing plays, and no end is ever reported
+    bool bSoundFails = false;     ///< nothing plays
     uint32_t nBeeps = 0;
 
     // Screen and text.

@@ -17,9 +17,6 @@ using headless::Desktop;
 
 namespace {
 
-// What an idle query of the sound device costs: a program that waits for a sound in a loop must see
-// time pass.
-constexpr uint32_t SOUND_QUERY_MS = 10;
 constexpr uint32_t NO_DEVICE = 165;  // the system's number for a device that never was
 
 // The clock's zero, so that texts are the same in every run: 1:59:51.
@@ -87,20 +84,12 @@ uint32_t JoyGetPosEx(uint32_t nJoyId, JoyInfoRecord& Info) {
 
 bool SndPlaySound(const std::wstring& strFile, uint32_t nFlags) {
     if (Desktop.Refuses(__func__, strFile)) return false;
-    const bool bPlaying = Desktop.nNow < Desktop.nSoundEnds;
-    const bool bQuery = (nFlags & SND_FLAG_NOSTOP) != 0;
-    if (bQuery && (bPlaying || Desktop.bSoundFails)) {
-        Desktop.Pass(SOUND_QUERY_MS);
-        return false;
-    }
+    if ((nFlags & SND_FLAG_NOSTOP) != 0 && !Desktop.Playing.HasEnded()) return false;
     if (strFile.empty()) return true;
-    if (Desktop.bSoundFails) return false;
-    if (!Desktop.Files.FileExists(strFile)) {
-        Desktop.Record("default sound");  // the system plays its own instead
-        return false;
-    }
+    const bool bPlays = !Desktop.bSoundFails && Desktop.Files.FileExists(strFile);
+    Desktop.Playing.Begin(bPlays ? Desktop.nSoundLength : 0);
+    if (!bPlays) return false;
     Desktop.Record("sound " + ToUtf8(strFile));
-    Desktop.nSoundEnds = Desktop.nNow + Desktop.nSoundLength;
     if ((nFlags & SND_FLAG_ASYNC) == 0) Desktop.Pass(Desktop.nSoundLength);
     return true;
 }

@@ -238,9 +238,9 @@ TEST_F(HeadlessDesktopTest, Sound_BlocksToItsEnd_WhenNotInBackground) {
     EXPECT_EQ(TickCount(), nStart + Desktop.nSoundLength);
 }
 
-TEST_F(HeadlessDesktopTest, Sound_IsTheSystemsDefault_WhenFileIsMissing) {
+TEST_F(HeadlessDesktopTest, Sound_IsSilent_WhenFileIsMissing) {
     EXPECT_FALSE(SndPlaySound(L"C:\\none.wav", SND_FLAG_ASYNC));
-    EXPECT_EQ(Desktop.TakeEffects(), Effects{"default sound"});
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{});
     EXPECT_TRUE(SndPlaySound(L"", SND_FLAG_NOSTOP));
 }
 
