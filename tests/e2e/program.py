@@ -4,6 +4,7 @@ started in a prefix."""
 
 import shutil
 import subprocess
+import wave
 
 from map_file import Map, map_bytes
 from probe import WM_CLOSE
@@ -14,6 +15,7 @@ from wine import BUILD, environment, windows_path
 CAPTION = "Taviro - "
 START_SECONDS = 30
 END_SECONDS = 20
+SAMPLES_A_SECOND = 8000
 
 
 class Program:
@@ -133,15 +135,17 @@ class Program:
         self.data_folder.mkdir(parents=True, exist_ok=True)
         self.setting_file().write_bytes("\r\n".join(lines).encode("cp1250"))
 
-    def use_sounds(self, *names):
-        """Puts these sounds, and no others, into the program's folder; without names there is no
-        folder of sounds at all and everything is spoken."""
+    def use_sounds(self, *names, seconds=0):
+        """Puts these sounds, and no others, into the program's folder, each as long as that; without
+        names there is no folder of sounds at all and everything is spoken."""
         folder = self.folder / "sound"
         shutil.rmtree(folder, ignore_errors=True)
         if names:
             folder.mkdir()
         for name in names:
-            (folder / f"{name}.wav").write_bytes(b"RIFF")
+            with wave.open(str(folder / f"{name}.wav"), "wb") as file:
+                file.setparams((1, 1, SAMPLES_A_SECOND, 0, "NONE", ""))
+                file.writeframes(bytes([128]) * int(SAMPLES_A_SECOND * seconds))
 
     def setting_file(self):
         return self.data_folder / "setting.ini"

@@ -7,13 +7,13 @@ import struct
 
 from waiting import wait_until
 
-MAGIC, VERSION = 0x49535654, 1
+MAGIC, VERSION = 0x49535654, 2
 QUEUE_LENGTH, READ_LOG_LENGTH, SOUND_LOG_LENGTH, PATH_LENGTH = 1024, 4096, 256, 260
-PRESENT, CAPS_RESULT, SOUND_MILLISECONDS, QUEUED, TAKEN, READS, SOUNDS = range(12, 40, 4)
+PRESENT, CAPS_RESULT, QUEUED, TAKEN, READS, SOUNDS = range(12, 36, 4)
 SAMPLE = struct.Struct("<3I")
 READ = struct.Struct("<5I")
-SOUND = struct.Struct(f"<3I{2 * PATH_LENGTH}s")
-QUEUE_START = 40
+SOUND = struct.Struct(f"<2I{2 * PATH_LENGTH}s")
+QUEUE_START = 36
 READ_LOG_START = QUEUE_START + QUEUE_LENGTH * SAMPLE.size
 SOUND_LOG_START = READ_LOG_START + READ_LOG_LENGTH * READ.size
 SIZE = SOUND_LOG_START + SOUND_LOG_LENGTH * SOUND.size
@@ -24,7 +24,6 @@ TILTS = {"right": (65535, 32767, 0), "left": (0, 32767, 0),
 PRESSED = (32767, 32767, 1)  # the first button, which new users have as the action button
 MODE_PRESSED = (32767, 32767, 2)
 POLL, OPEN = 0, 1
-SOUND_UNTIL_CHANGED = 0xFFFFFFFF
 
 
 @dataclasses.dataclass(frozen=True)
@@ -37,10 +36,9 @@ class Read:
 
 @dataclasses.dataclass(frozen=True)
 class Sound:
-    """One call to play a sound; the path is empty for the question whether one plays."""
+    """One call to play a sound."""
     tick: int
     flags: int
-    result: int
     path: str
 
 
@@ -68,9 +66,6 @@ class Standin:
 
     def set_caps_result(self, error):
         self._put(CAPS_RESULT, error)
-
-    def set_sound_milliseconds(self, milliseconds):
-        self._put(SOUND_MILLISECONDS, milliseconds)
 
     # The stick.
 
@@ -126,7 +121,7 @@ class Standin:
     def sounds(self):
         result = []
         for i in range(self._get(SOUNDS)):
-            tick, flags, answer, path = SOUND.unpack_from(
+            tick, flags, path = SOUND.unpack_from(
                 self._memory, SOUND_LOG_START + i % SOUND_LOG_LENGTH * SOUND.size)
-            result.append(Sound(tick, flags, answer, path.decode("utf-16-le").split("\0")[0]))
+            result.append(Sound(tick, flags, path.decode("utf-16-le").split("\0")[0]))
         return result

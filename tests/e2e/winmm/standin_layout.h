@@ -11,12 +11,11 @@
 namespace taviro::standin {
 
 inline constexpr uint32_t MAGIC = 0x49535654;  ///< "TVSI"
-inline constexpr uint32_t VERSION = 1;
+inline constexpr uint32_t VERSION = 2;
 inline constexpr uint32_t QUEUE_LENGTH = 1024;
 inline constexpr uint32_t READ_LOG_LENGTH = 4096;
 inline constexpr uint32_t SOUND_LOG_LENGTH = 256;
 inline constexpr uint32_t PATH_LENGTH = 260;
-inline constexpr uint32_t SOUND_UNTIL_CHANGED = 0xFFFFFFFF;
 
 /// What the stick reports: raw axes 0 to 65535, bit i of nButtons is button i + 1.
 struct Sample {
@@ -36,9 +35,7 @@ struct ReadEntry {
 struct SoundEntry {
     uint32_t nTick;
     uint32_t nFlags;
-    uint32_t nResult;
-    char16_t
-        strPath[PATH_LENGTH];  ///< ended by a NUL; empty for the question whether a sound plays
+    char16_t strPath[PATH_LENGTH];  ///< ended by a NUL
 };
 
 struct SharedRecord {
@@ -47,10 +44,8 @@ struct SharedRecord {
     // Written by the test.
     uint32_t bPresent;     ///< 0: no device answers
     uint32_t nCapsResult;  ///< what the capabilities query returns while a device is present
-    uint32_t
-        nSoundMilliseconds;  ///< how long a sound plays; SOUND_UNTIL_CHANGED: until this changes
-    uint32_t nQueued;        ///< samples appended so far; the next goes to index nQueued modulo
-                             ///< QUEUE_LENGTH, at most QUEUE_LENGTH ahead of nTaken
+    uint32_t nQueued;      ///< samples appended so far; the next goes to index nQueued modulo
+                           ///< QUEUE_LENGTH, at most QUEUE_LENGTH ahead of nTaken
 
     // Written by the stand-in.
     uint32_t nTaken;       ///< samples taken so far; the last one taken stays in force
@@ -61,7 +56,7 @@ struct SharedRecord {
     ReadEntry ReadLog[READ_LOG_LENGTH];
     SoundEntry SoundLog[SOUND_LOG_LENGTH];
 };
-static_assert(sizeof(Sample) == 12 && sizeof(ReadEntry) == 20 && sizeof(SoundEntry) == 532);
-static_assert(sizeof(SharedRecord) == 40 + 1024 * 12 + 4096 * 20 + 256 * 532);
+static_assert(sizeof(Sample) == 12 && sizeof(ReadEntry) == 20 && sizeof(SoundEntry) == 528);
+static_assert(sizeof(SharedRecord) == 36 + 1024 * 12 + 4096 * 20 + 256 * 528);
 
 }  // namespace taviro::standin

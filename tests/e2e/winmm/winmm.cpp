@@ -23,9 +23,6 @@ constexpr UINT BUTTON_COUNT = 16;
 Sample Held = {AXIS_CENTRE, AXIS_CENTRE, 0};
 bool bOpening = false;  // the capabilities were asked for, the position was not yet
 constexpr uint32_t EVERY_READ_TAKES = 2;  // a presence in which no read counts as an opening
-bool bSoundStarted = false;               // a sound was played in this run
-bool bAskedInVain = false;     // the last entry of the log is a question that was refused
-uint32_t nSoundStartTick = 0;  // when the last one began
 
 // The test sees an entry only after it is complete.
 void Publish(uint32_t& nCounter, uint32_t nValue) {
@@ -74,34 +71,19 @@ void LogRead(SharedRecord& Shared, ReadKind nKind) {
     Publish(Shared.nReadCount, Shared.nReadCount + 1);
 }
 
-bool SoundIsPlaying(const SharedRecord& Shared) {
-    if (!bSoundStarted) return false;
-    if (Shared.nSoundMilliseconds == SOUND_UNTIL_CHANGED) return true;
-    return GetTickCount() - nSoundStartTick < Shared.nSoundMilliseconds;
-}
-
+// The question whether a sound plays is never answered with its end, as on a system without a
+// working sound device.
 BOOL PlayAndLog(const wchar_t* strPath, UINT nFlags) {
     SharedRecord* pRecord = Record();
-    if (pRecord == nullptr) return FALSE;
-    const bool bNothing = strPath == nullptr || *strPath == 0;
-    const bool bRefused = (nFlags & SND_NOSTOP) != 0 && SoundIsPlaying(*pRecord);
-    if (bNothing && bRefused && bAskedInVain) return FALSE;  // asked in a loop: logged once
-    bAskedInVain = bNothing && bRefused;
+    if (pRecord == nullptr || strPath == nullptr || *strPath == 0) return FALSE;
     SoundEntry& Entry = pRecord->SoundLog[pRecord->nSoundCount % SOUND_LOG_LENGTH];
     Entry = {};
     Entry.nTick = GetTickCount();
     Entry.nFlags = nFlags;
-    Entry.nResult = bRefused ? 0 : 1;
-    if (!bNothing) {
-        for (uint32_t i = 0; i + 1 < PATH_LENGTH && strPath[i] != 0; ++i)
-            Entry.strPath[i] = static_cast<char16_t>(strPath[i]);
-    }
-    if (!bNothing && !bRefused) {
-        bSoundStarted = true;
-        nSoundStartTick = Entry.nTick;
-    }
+    for (uint32_t i = 0; i + 1 < PATH_LENGTH && strPath[i] != 0; ++i)
+        Entry.strPath[i] = static_cast<char16_t>(strPath[i]);
     Publish(pRecord->nSoundCount, pRecord->nSoundCount + 1);
-    return bRefused ? FALSE : TRUE;
+    return TRUE;
 }
 
 }  // namespace
@@ -140,11 +122,4 @@ MMRESULT WINAPI joyGetPosEx(UINT nId, LPJOYINFOEX pInfo) {
 
 BOOL WINAPI sndPlaySoundW(LPCWSTR strPath, UINT nFlags) {
     return PlayAndLog(strPath, nFlags);
-}
-
-BOOL WINAPI sndPlaySoundA(LPCSTR strPath, UINT nFlags) {
-    wchar_t strWide[PATH_LENGTH] = {};
-    if (strPath != nullptr)
-        MultiByteToWideChar(CP_ACP, 0, strPath, -1, strWide, static_cast<int>(PATH_LENGTH) - 1);
-    return PlayAndLog(strWide, nFlags);
 }
