@@ -11,6 +11,7 @@
 #include "actions/key_synthesis.h"
 #include "actions/mode_transitions.h"
 #include "actions/prediction.h"
+#include "actions/window_rights.h"
 #include "core/cursor_movement.h"
 #include "core/device_news.h"
 #include "feedback/announce.h"
@@ -235,6 +236,7 @@ void Timer1_Timer() {
     }
     Poll.nTilt = Tilt::None;
     Poll.nButtonDown = 0;
+    CheckWindowRights();
     if (!TickMode()) return;
     Poll.nTiltCount = Poll.nTilt == Tilt::None ? 0 : Poll.nTiltCount + 1;
     if (Modes.bAutoRepeatMode && Poll.nTiltCount == 0) AnnounceEndOfRepeat();

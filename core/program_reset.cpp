@@ -4,6 +4,7 @@
 #include "actions/choice_list.h"
 #include "actions/key_sequence.h"
 #include "actions/prediction.h"
+#include "actions/window_rights.h"
 #include "core/cursor_movement.h"
 #include "core/dialog_list.h"
 #include "core/poll_loop.h"
@@ -51,6 +52,7 @@ void ResetProgram() {
     KeyTable = {};
     ChoiceList = {};
     Prediction = {};
+    WindowRights = {};
     SequenceTables = {};
     CommonMap = {};
     AppMap = {};

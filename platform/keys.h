@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Synthetic keyboard and mouse input, and what the live keyboard layout says of characters and
-// keys. Callers decide every record and its order; nothing here adds or reorders events.
+// Synthetic keyboard and mouse input, and what the keyboard that maps are written for says of
+// characters and keys (map_keyboard.h). Callers decide every record and its order. Where the layout
+// in front would type something else, the layers send the character itself (layout_translation.h).
 #pragma once
 
 #include <array>
@@ -62,8 +63,8 @@ using InputRecord = std::variant<KeyRecord, MouseRecord>;
 /// The older single-event call: virtual key, scan code, flags, extra information.
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo);
 
-/// Key and modifiers of a Windows-1250 character on the current layout: low byte the virtual key,
-/// 0x100 Shift, 0x200 Ctrl, 0x400 Alt; -1 when no key types it.
+/// Key and modifiers of a Windows-1250 character: low byte the virtual key, 0x100 Shift, 0x200
+/// Ctrl, 0x400 Alt; -1 when no key types it.
 [[nodiscard]] int16_t VkKeyScanAnsi(uint8_t nCharacter);
 
 /// Scan code (low word) and modifiers (high word) of an OEM character; -1 when there is none.
@@ -72,13 +73,13 @@ void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraIn
 /// A Windows-1250 character in the system's OEM code page.
 [[nodiscard]] uint8_t CharToOemAnsi(uint8_t nCharacter);
 
-/// The system's MapVirtualKey: nMapType 0 virtual key to scan code, 2 virtual key to character.
+/// As the system's MapVirtualKey: nMapType 0 virtual key to scan code, 2 virtual key to character.
 /// 0 when there is no translation.
 [[nodiscard]] uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType);
 
-/// The character (Windows-1250) that virtual key nVk gives on the layout of the thread that owns
-/// the main window, with the given state of the 256 keys. Returns the system's count: 1 a
-/// character, 0 none, negative a dead key.
+/// The character (Windows-1250) that virtual key nVk gives with the given state of the 256 keys.
+/// Returns the system's count: 1 a character, 0 none, negative a dead key. The system is not asked:
+/// that would disturb a dead key that waits for its letter, in whatever program.
 [[nodiscard]] int32_t KeyToAnsi(uint32_t nVk, uint32_t nScan,
                                 const std::array<uint8_t, 256>& KeyState, uint16_t& nCharacter);
 

@@ -52,6 +52,11 @@ struct ProcessEntry {
 /// Joins or parts the input queues of two threads. Returns false on failure.
 [[nodiscard]] bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach);
 
+/// Whether the system takes what we send to the window: its program has no greater rights than
+/// ours. True also for a window that does not exist. A program that may not even be asked has
+/// greater ones.
+[[nodiscard]] bool MayDriveWindow(WindowHandle hWindow);
+
 /// Asks for the foreground. Returns false when the system refuses.
 [[nodiscard]] bool SetForeground(WindowHandle hWindow);
 

@@ -14,6 +14,13 @@ constexpr ComfortKey COMFORT_KEYS[] = {
      .strMeaning = L"Joystick smí za běhu přijít a odejít. Odpojený platí za puštěný a mapu ovládá "
                    L"klávesnice; jakmile se některý ozve, ovládá ji zase on. Bez toho se joystick "
                    L"hledá jen při spuštění."},
+    {.strSection = L"Windows",
+     .strKey = L"Rights",
+     .Target = &Comfort.bWindowRights,
+     .strDefault = L"0",
+     .strDelivered = L"1",
+     .strMeaning = L"Řekne a ve stavovém řádku ukáže, když je v popředí okno programu spuštěného "
+                   L"jako správce: takové okno Taviro ovládat nesmí."},
 };
 
 }  // namespace

@@ -11,7 +11,8 @@
 namespace taviro {
 
 struct ComfortValues {
-    bool bWatch = false;  ///< [Stick] Watch: a joystick may come and go
+    bool bWatch = false;         ///< [Stick] Watch: a joystick may come and go
+    bool bWindowRights = false;  ///< [Windows] Rights: says which windows may not be driven
 };
 
 /// What is in force now; written by the store alone.

@@ -17,10 +17,12 @@
 #include "platform/automation.h"
 #include "platform/device_questions.h"
 #include "platform/headless/failure_orders.h"
+#include "platform/headless/keyboard_layouts.h"
 #include "platform/headless/memory_files.h"
 #include "platform/joystick.h"
 #include "platform/keyboard_hook.h"
 #include "platform/keys.h"
+#include "platform/layout_translation.h"
 #include "platform/metrics.h"
 #include "platform/playing_sound.h"
 #include "platform/pointer.h"
@@ -74,9 +76,12 @@ struct VirtualKeyboard {
     std::array<bool, 256> bDown{};  ///< by virtual key; generic modifiers follow their sides
     bool bCapsLock = false;
     bool bNumLock = false;
+    LayoutHandle hLayout = CZECH_LAYOUT;  ///< of threads that have not been given another
+    std::map<uint32_t, LayoutHandle> ThreadLayouts;
     std::vector<ReceivedKey> Received;
     std::wstring strTyped;  ///< a text field with its caret at the end
     wchar_t nPendingDeadKey = 0;
+    LayoutTranslation Translation;
     KeyHookProcedure pHook = nullptr;
     uintptr_t hHook = 0;
     bool bPassedOn = false;  ///< the event being handled went on to the next hook
@@ -92,6 +97,7 @@ struct VirtualWindow {
     ScreenRect Rect{};
     WindowHandle hParent = 0;          ///< 0 for a top-level window
     int32_t nAccessibleChildren = -1;  ///< -1: its accessible object cannot be had
+    bool bGreaterRights = false;       ///< it takes nothing that is sent, and nobody is told
     bool bGone = false;  ///< closed since its parent listed it: every call but the listing fails
 };
 
@@ -239,6 +245,7 @@ struct DesktopState {
     bool RunNext(std::deque<Event>& Events, uint32_t nUntil);
     bool RunNextDue(uint32_t nUntil);
     void TypeKey(uint32_t nVk);
+    void TypeCharacter(wchar_t nTyped);
 
     static void Insert(std::deque<Event>& Events, uint32_t nTime, std::function<void()> Run);
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "platform/headless/desktop.h"
-#include "platform/headless/keyboard_layout.h"
 #include "platform/key_flags.h"
+#include "platform/map_keyboard.h"
 #include "platform/text.h"
 #include "vocabulary/key_code.h"
 
@@ -41,7 +41,7 @@ std::string KeyName(uint32_t nVk, uint32_t nScan) {
 }  // namespace
 
 void DesktopState::TypeKey(uint32_t nVk) {
-    const LayoutKey* pKey = KeyOfVk(nVk);
+    const LayoutKey* pKey = KeyOfVk(KeysOfLayout(LayoutInFront()), nVk);
     if (pKey == nullptr) return;
     const auto& bDown = Keyboard.bDown;
     const bool bShift = bDown[KeyCode::Shift];
@@ -50,11 +50,8 @@ void DesktopState::TypeKey(uint32_t nVk) {
         return;  // a shortcut, not a text
     wchar_t nTyped = bAltGr ? pKey->nAltGr : (bShift ? pKey->nShift : pKey->nPlain);
     if (nTyped == 0) return;
-    if (Keyboard.bCapsLock && !bAltGr) {
-        const std::wstring strTyped(1, nTyped);
-        nTyped = (bShift ? ToLower(strTyped) : ToUpper(strTyped)).front();
-    }
-    if (nTyped == DEAD_ACUTE || nTyped == DEAD_CARON) {
+    if (Keyboard.bCapsLock && !bAltGr) nTyped = InCapsLock(nTyped, bShift);
+    if (IsDeadKey(nTyped) && Keyboard.nPendingDeadKey == 0) {
         Keyboard.nPendingDeadKey = nTyped;
         return;
     }
@@ -64,6 +61,11 @@ void DesktopState::TypeKey(uint32_t nVk) {
         if (nLetter != 0) nTyped = nLetter;
         Keyboard.nPendingDeadKey = 0;
     }
+    TypeCharacter(nTyped);
+}
+
+// Takes a character into the text field.
+void DesktopState::TypeCharacter(wchar_t nTyped) {
     if (nTyped == L'\b') {
         if (!Keyboard.strTyped.empty()) Keyboard.strTyped.pop_back();
     } else if (nTyped == L'\r') {
@@ -74,8 +76,13 @@ void DesktopState::TypeKey(uint32_t nVk) {
 }
 
 void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bool bInjected) {
-    if (nVk == 0) {
-        const LayoutKey* pKey = KeyOfScan(nScan);
+    if (bInjected && !MayDriveWindow(Desktop.hForeground)) return;  // swallowed without a word
+    const bool bCharacter = (dwFlags & KEY_FLAG_UNICODE) != 0;
+    if (bCharacter) {
+        constexpr uint32_t VK_OF_CHARACTERS = 231;
+        nVk = VK_OF_CHARACTERS;
+    } else if (nVk == 0) {
+        const LayoutKey* pKey = KeyOfScan(KeysOfLayout(LayoutInFront()), nScan);
         if (pKey == nullptr) return;
         nVk = pKey->nVk;
     }
@@ -99,11 +106,12 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
                                  .bShift = bDown[KeyCode::Shift] && !bLifted,
                                  .bCtrl = bDown[KeyCode::Ctrl],
                                  .bAlt = bDown[KeyCode::Alt]});
+    if (bCharacter) return TypeCharacter(static_cast<wchar_t>(nScan));
     TypeKey(nVk);
 }
 
 void DesktopState::PhysicalKey(uint8_t nVk, bool bDown) {
-    const LayoutKey* pKey = KeyOfVk(nVk);
+    const LayoutKey* pKey = KeyOfVk(KeysOfLayout(LayoutInFront()), nVk);
     DeliverKey(nVk, pKey == nullptr ? 0 : pKey->nScan,
                FlagsForSystem(nVk, bDown ? KEY_FLAG_DOWN : KEY_FLAG_UP), false);
     if (nBusy == 0) RunDue();
@@ -133,18 +141,13 @@ std::string TextOf(const InputRecord& Record) {
            std::to_string(Mouse.dwFlags);
 }
 
-int16_t FindKey(uint8_t nCharacter) {
-    constexpr int16_t SHIFT_BIT = 0x100, ALTGR_BITS = 0x600;
-    const std::string strByte(1, static_cast<char>(nCharacter));
-    const wchar_t nWanted = FromAnsi(strByte).front();
-    for (const auto& Key : headless::LayoutKeys()) {
-        if (nWanted == Key.nPlain && Key.nPlain != 0) return Key.nVk;
-        if (nWanted == Key.nShift && Key.nShift != 0)
-            return static_cast<int16_t>(Key.nVk | SHIFT_BIT);
-        if (nWanted == Key.nAltGr && Key.nAltGr != 0)
-            return static_cast<int16_t>(Key.nVk | ALTGR_BITS);
-    }
-    return -1;
+wchar_t FromByte(uint8_t nCharacter) {
+    return FromAnsi(std::string(1, static_cast<char>(nCharacter))).front();
+}
+
+void Deliver(const KeyRecord& Record) {
+    for (const KeyRecord& Sent : Desktop.Keyboard.Translation.Of(Record))
+        Desktop.DeliverKey(Sent.wVk, Sent.wScan, FlagsForSystem(Sent.wVk, Sent.dwFlags), true);
 }
 
 }  // namespace
@@ -160,8 +163,7 @@ uint32_t SendInputRecords(std::span<const InputRecord> Records) {
     for (const InputRecord& Record : Records.first(nTaken)) {
         Desktop.Sent.push_back(Record);
         if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
-            Desktop.DeliverKey(pKey->wVk, pKey->wScan, FlagsForSystem(pKey->wVk, pKey->dwFlags),
-                               true);
+            Deliver(*pKey);
         } else {
             const auto& Mouse = std::get<MouseRecord>(Record);
             Desktop.Pointer.nX += Mouse.nDx;
@@ -176,18 +178,15 @@ void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraIn
                    " flags " + std::to_string(dwFlags) +
                    (dwExtraInfo == 0 ? "" : " extra " + std::to_string(dwExtraInfo)));
     if (Desktop.Refuses(__func__)) return;
-    Desktop.DeliverKey(nVk, nScan, FlagsForSystem(nVk, dwFlags), true);
+    Deliver({.wVk = nVk, .wScan = nScan, .dwFlags = dwFlags, .dwExtraInfo = dwExtraInfo});
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {
-    return Desktop.Refuses(__func__) ? int16_t{-1} : FindKey(nCharacter);
+    return Desktop.Refuses(__func__) ? int16_t{-1} : KeyForCharacter(FromByte(nCharacter));
 }
 
 uint32_t OemKeyScanCode(uint8_t nOemCharacter) {
-    const int16_t nKey = Desktop.Refuses(__func__) ? int16_t{-1} : FindKey(nOemCharacter);
-    if (nKey == -1) return 0xFFFFFFFF;
-    const auto* pKey = headless::KeyOfVk(static_cast<uint32_t>(nKey & 0xFF));
-    return static_cast<uint32_t>(pKey->nScan) | (static_cast<uint32_t>(nKey >> 8) << 16);
+    return MapScanOf(Desktop.Refuses(__func__) ? L'\0' : FromByte(nOemCharacter));
 }
 
 // The virtual desktop has one code page: the OEM character is the Windows-1250 one.
@@ -196,26 +195,39 @@ uint8_t CharToOemAnsi(uint8_t nCharacter) {
 }
 
 uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType) {
-    constexpr uint32_t TO_SCAN = 0, TO_CHARACTER = 2, DEAD_KEY_BIT = 0x80000000;
-    const auto* pKey = headless::KeyOfVk(nCode);
-    if (pKey == nullptr || Desktop.Refuses(__func__)) return 0;
-    if (nMapType == TO_SCAN) return pKey->nScan;
-    if (nMapType != TO_CHARACTER) return 0;
-    if (pKey->nPlain == headless::DEAD_ACUTE) return DEAD_KEY_BIT | headless::DEAD_ACUTE;
-    return static_cast<uint8_t>(ToAnsi(ToUpper(std::wstring(1, pKey->nPlain))).front());
+    return Desktop.Refuses(__func__) ? 0 : MapCodeOf(nCode, nMapType);
 }
 
 int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 256>& KeyState,
                   uint16_t& nCharacter) {
-    constexpr uint8_t DOWN = 0x80;
-    const auto* pKey = headless::KeyOfVk(nVk);
-    if (pKey == nullptr || Desktop.Refuses(__func__)) return 0;
-    const bool bShift = (KeyState[KeyCode::Shift] & DOWN) != 0;
-    const wchar_t nTyped = bShift ? pKey->nShift : pKey->nPlain;
-    if (nTyped == 0) return 0;
-    if (nTyped == headless::DEAD_ACUTE || nTyped == headless::DEAD_CARON) return -1;
-    nCharacter = static_cast<uint8_t>(ToAnsi(std::wstring(1, nTyped)).front());
-    return 1;
+    return Desktop.Refuses(__func__) ? 0 : MapCharacterOf(nVk, KeyState, nCharacter);
+}
+
+LayoutHandle LayoutInFront() {
+    const auto& Keyboard = Desktop.Keyboard;
+    const auto Window =
+        std::ranges::find(Desktop.Windows, Desktop.hForeground, &headless::VirtualWindow::hWindow);
+    if (Window == Desktop.Windows.end()) return Keyboard.hLayout;
+    const auto Layout = Keyboard.ThreadLayouts.find(Window->nThread);
+    return Layout == Keyboard.ThreadLayouts.end() ? Keyboard.hLayout : Layout->second;
+}
+
+int16_t KeyOnLayout(LayoutHandle hLayout, wchar_t nCharacter) {
+    return FindKey(headless::KeysOfLayout(hLayout), nCharacter);
+}
+
+uint32_t VkAtScan(LayoutHandle hLayout, uint32_t nScan) {
+    const LayoutKey* pKey = KeyOfScan(headless::KeysOfLayout(hLayout), nScan);
+    return pKey == nullptr ? 0 : pKey->nVk;
+}
+
+uint32_t ScanOnLayout(LayoutHandle hLayout, uint32_t nVk) {
+    const LayoutKey* pKey = KeyOfVk(headless::KeysOfLayout(hLayout), nVk);
+    return pKey == nullptr ? 0 : pKey->nScan;
+}
+
+bool IsCapsLockOn() {
+    return Desktop.Keyboard.bCapsLock;
 }
 
 uintptr_t InstallHook(int32_t nHookType, KeyHookProcedure pProcedure) {

@@ -151,6 +151,11 @@ bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
     return true;
 }
 
+bool MayDriveWindow(WindowHandle hWindow) {
+    const auto* pWindow = headless::FindWindowEntry(hWindow);
+    return pWindow == nullptr || !pWindow->bGreaterRights;
+}
+
 bool SetForeground(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
     if (pWindow == nullptr || Desktop.Refuses(__func__)) return false;

@@ -3,11 +3,14 @@
 
 #include <windows.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
+#include "platform/front_layout.h"
 #include "platform/key_flags.h"
-#include "platform/main_window.h"
+#include "platform/layout_translation.h"
+#include "platform/map_keyboard.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
 #include "platform/win32/failure.h"
@@ -16,13 +19,16 @@
 namespace taviro::platform {
 
 static_assert(KEY_FLAG_EXTENDED == KEYEVENTF_EXTENDEDKEY);
+static_assert(KEY_FLAG_UNICODE == KEYEVENTF_UNICODE);
 #ifndef _WIN64
 static_assert(sizeof(INPUT) == 28);
 #endif
 
 namespace {
 
-constexpr int16_t NO_KEY = -1;
+HKL ToHkl(LayoutHandle hLayout) {
+    return reinterpret_cast<HKL>(hLayout);  // NOLINT(performance-no-int-to-ptr)
+}
 
 INPUT ToInput(const KeyRecord& Record) {
     INPUT Input{};
@@ -47,25 +53,9 @@ INPUT ToInput(const MouseRecord& Record) {
     return Input;
 }
 
-// The key that types a small letter alone, for systems that know an accented letter's key but do
-// not find it by the letter. A key's character is told as a capital; a dead key's is marked, and no
-// letter.
-int16_t FindKeyOfSmallLetter(wchar_t nLetter) {
-    constexpr UINT FIRST_VK = 8;
-    constexpr UINT LAST_VK = 254;
-    wchar_t nUpper = nLetter;
-    Unneeded(CharUpperBuffW(&nUpper, 1));  // one character, always
-    if (nUpper == nLetter) return NO_KEY;
-    for (UINT nVk = FIRST_VK; nVk <= LAST_VK; ++nVk) {
-        const UINT nCharacter = MapVirtualKeyW(nVk, MAPVK_VK_TO_CHAR);
-        if (nCharacter == nLetter || nCharacter == nUpper) return static_cast<int16_t>(nVk);
-    }
-    return NO_KEY;
-}
+LayoutTranslation Translation;
 
-}  // namespace
-
-uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+size_t SendAll(std::span<const InputRecord> Records) {
     std::vector<INPUT> Inputs;
     Inputs.reserve(Records.size());
     for (const InputRecord& Record : Records) {
@@ -77,18 +67,31 @@ uint32_t SendInputRecords(std::span<const InputRecord> Records) {
     return nTaken;
 }
 
+}  // namespace
+
+uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+    const TranslatedRecords Translated = Translate(Translation, Records);
+    return RecordsTaken(Translated, SendAll(Translated.Sent));
+}
+
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
-    keybd_event(nVk, nScan, FlagsForSystem(nVk, dwFlags), dwExtraInfo);
+    const KeyRecord Wanted{
+        .wVk = nVk, .wScan = nScan, .dwFlags = dwFlags, .dwExtraInfo = dwExtraInfo};
+    for (const KeyRecord& Record : Translation.Of(Wanted)) {
+        const InputRecord Single = Record;
+        Unneeded(SendAll({&Single, 1}));  // the older call reports nothing
+    }
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {
-    const int16_t nFound = VkKeyScanA(static_cast<CHAR>(nCharacter));
-    if (nFound != NO_KEY) return nFound;
-    return FindKeyOfSmallLetter(FromAnsi(std::string(1, static_cast<char>(nCharacter))).front());
+    return KeyForCharacter(FromAnsi(std::string(1, static_cast<char>(nCharacter))).front());
 }
 
 uint32_t OemKeyScanCode(uint8_t nOemCharacter) {
-    return OemKeyScan(nOemCharacter);
+    const char strOem[] = {static_cast<char>(nOemCharacter), '\0'};
+    wchar_t strText[std::size(strOem)] = {};
+    if (OemToCharW(strOem, strText) == FALSE) return MapScanOf(0);
+    return MapScanOf(strText[0]);
 }
 
 uint8_t CharToOemAnsi(uint8_t nCharacter) {
@@ -99,15 +102,45 @@ uint8_t CharToOemAnsi(uint8_t nCharacter) {
 }
 
 uint32_t MapVirtualKeyCode(uint32_t nCode, uint32_t nMapType) {
-    return MapVirtualKeyA(nCode, nMapType);
+    const uint32_t nFound = MapCodeOf(nCode, nMapType);
+    if (nFound != 0 || nMapType != MAP_VK_TO_SCAN) return nFound;
+    return MapVirtualKeyW(nCode, nMapType);  // keys that are the same on every layout
 }
 
-int32_t KeyToAnsi(uint32_t nVk, uint32_t nScan, const std::array<uint8_t, 256>& KeyState,
+int32_t KeyToAnsi(uint32_t nVk, uint32_t /*nScan*/, const std::array<uint8_t, 256>& KeyState,
                   uint16_t& nCharacter) {
-    const HWND hMain = win32::ToHwnd(MainWindowHandle());
-    // Without a window the thread is 0, which means the calling thread: the same one.
-    const DWORD nThread = GetWindowThreadProcessId(hMain, nullptr);
-    return ToAsciiEx(nVk, nScan, KeyState.data(), &nCharacter, 0, GetKeyboardLayout(nThread));
+    return MapCharacterOf(nVk, KeyState, nCharacter);
+}
+
+LayoutHandle LayoutInFront() {
+    GUITHREADINFO Info{};
+    Info.cbSize = sizeof(Info);
+    DWORD nThread = 0;  // the calling one, unless somebody has the focus
+    if (GetGUIThreadInfo(0, &Info) != FALSE) {
+        const HWND hFocused = Info.hwndFocus != nullptr ? Info.hwndFocus : Info.hwndActive;
+        nThread = GetWindowThreadProcessId(hFocused, nullptr);
+    }
+    // Some threads do not tell: those behind a console.
+    HKL hLayout = GetKeyboardLayout(nThread);
+    if (hLayout == nullptr) hLayout = GetKeyboardLayout(0);
+    return win32::ToNumber(hLayout);
+}
+
+int16_t KeyOnLayout(LayoutHandle hLayout, wchar_t nCharacter) {
+    return VkKeyScanExW(nCharacter, ToHkl(hLayout));
+}
+
+uint32_t VkAtScan(LayoutHandle hLayout, uint32_t nScan) {
+    return MapVirtualKeyExW(nScan, MAPVK_VSC_TO_VK, ToHkl(hLayout));
+}
+
+uint32_t ScanOnLayout(LayoutHandle hLayout, uint32_t nVk) {
+    return MapVirtualKeyExW(nVk, MAPVK_VK_TO_VSC, ToHkl(hLayout));
+}
+
+bool IsCapsLockOn() {
+    constexpr int TOGGLED = 1;
+    return (GetKeyState(VK_CAPITAL) & TOGGLED) != 0;
 }
 
 }  // namespace taviro::platform

@@ -41,6 +41,10 @@ OWNERS = [
 ]
 COMMENT = re.compile(r"//.*")
 
+# Asking the system what a key types uses up a dead key that waits for its letter, in whatever program
+# the person writes. The keyboard of the maps knows (platform/map_keyboard.h).
+DISTURBING = re.compile(r"\bTo(?:Ascii|Unicode)(?:Ex)?\s*\(")
+
 
 def _lines(root, path):
     for number, line in enumerate((read(root, path) or "").splitlines(), 1):
@@ -68,3 +72,9 @@ def second_writers(root):
                          for state, pattern, owners in OWNERS
                          if str(path) not in owners and pattern.search(line)]
     return problems
+
+
+def disturbed_dead_keys(root):
+    return [f"{path}:{number}: disturbs a dead key that waits: {line.strip()}"
+            for path in cpp_files(root) if not str(path).startswith("tests/")
+            for number, line in _lines(root, path) if DISTURBING.search(line)]

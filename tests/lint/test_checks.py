@@ -47,6 +47,8 @@ BAD = [
     (meaning.second_writers, {"core/a.cpp": "    Modes.bListMode = false;\n"}, "the list"),
     (meaning.second_writers, {"actions/a.cpp": "    Modes.bAutoRepeatMode = false;\n"}, "repeats"),
     (meaning.second_writers, {"input/a.cpp": "    Comfort.bWatch = true;\n"}, "comfort.ini"),
+    (meaning.disturbed_dead_keys,
+     {"platform/win32/a.cpp": "    return ToAsciiEx(nVk, 0, State, &n, 0, hLayout);\n"}, "dead key"),
     (floors.foreign_headers, {"core/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),
     (floors.foreign_headers, {"core/a.cpp": "#  include <filesystem>\n"}, "<filesystem>"),
     (floors.foreign_headers, {"platform/headless/a.cpp": "#include <windows.h>\n"}, "<windows.h>"),

@@ -12,6 +12,7 @@ import words
 from tree import ROOT
 
 CHECKS = (facts.facts_without_test, meaning.meaning_elsewhere, meaning.second_writers,
+          meaning.disturbed_dead_keys,
           floors.upward_includes, floors.include_cycles, floors.foreign_headers,
           floors.missing_folders, sizes.long_files, sizes.long_procedures,
           style.unformatted_files, style.shell_faults, words.unfinished_work,

@@ -14,7 +14,6 @@
 
 #include "platform/keyboard_hook.h"
 #include "platform/messages.h"
-#include "platform/text.h"
 #include "tests/win32/test_support.h"
 
 namespace taviro::platform {
@@ -201,35 +200,6 @@ TEST(PostedWork_RunsInOrderOnTheProgramsThread, WhicheverThreadPosts) {
     RunPendingMessages();
     EXPECT_TRUE(std::ranges::is_sorted(Done));
     EXPECT_EQ(Done.size(), 101U);
-}
-
-TEST(Layout_AgreesWithItself, WhenLettersAreLookedUp) {
-    for (const uint8_t c : {uint8_t{'a'}, uint8_t{'q'}, uint8_t{'m'}}) {
-        const int16_t nScan = VkKeyScanAnsi(c);
-        ASSERT_NE(nScan, -1) << c;
-        EXPECT_EQ(nScan & 0x700, 0);
-        const uint32_t nVk = static_cast<uint32_t>(nScan & 0xFF);
-        EXPECT_NE(MapVirtualKeyCode(nVk, 0), 0U);
-        uint16_t nCharacter = 0;
-        EXPECT_EQ(KeyToAnsi(nVk, 0, {}, nCharacter), 1);
-        EXPECT_EQ(nCharacter & 0xFF, c);
-    }
-    EXPECT_EQ(VkKeyScanAnsi('A') & 0x700, 0x100) << "a capital needs Shift";
-    EXPECT_EQ(CharToOemAnsi('a'), 'a');
-    EXPECT_NE(OemKeyScanCode('a'), 0xFFFFFFFFU);
-}
-
-TEST(Layout_HasKeysOfCzechLetters, WhenItIsCzech) {
-    if (!tests::HasDrawing()) GTEST_SKIP() << "no keyboard layout either";
-    for (const char cLetter : ToAnsi(L"ěščřžýáíéúů")) {
-        const auto c = static_cast<uint8_t>(cLetter);
-        const int16_t nVk = VkKeyScanAnsi(c);
-        uint16_t nCharacter = 0;
-        EXPECT_EQ(KeyToAnsi(static_cast<uint32_t>(nVk), 0, {}, nCharacter), 1) << int{c};
-        EXPECT_EQ(nCharacter & 0xFF, c);
-    }
-    for (const char cLetter : ToAnsi(L"ČŘÁ"))
-        EXPECT_EQ(VkKeyScanAnsi(static_cast<uint8_t>(cLetter)), -1) << int{cLetter};
 }
 
 }  // namespace

@@ -15,10 +15,12 @@ using taviro::simulator::RunOptions;
 enum ExitCode { ExitPassed = 0, ExitFailed = 1, ExitBroken = 2 };
 
 constexpr std::string_view USAGE =
-    "taviro_simulator [--map] [--quiet] [--test] SCENARIO...\n"
+    "taviro_simulator [--map] [--quiet] [--test] [--us | --russian] [--numlock] SCENARIO...\n"
     "  --map        print the map after each step\n"
     "  --quiet      print only what went wrong\n"
     "  --test       quiet, and a scenario that expects nothing fails\n"
+    "  --us, --russian  the keyboard layout of the programs in front; Czech unless said\n"
+    "  --numlock    NumLock is on\n"
     "  --sentences  list the sentences that a scenario may hold\n"
     "Exit code: 0 all passed, 1 an expectation was not met, 2 a scenario is broken or missing.\n";
 
@@ -40,6 +42,12 @@ bool TakeOption(std::string_view strWord, RunOptions& Options) {
         Options.bQuiet = true;
     } else if (strWord == "--test") {
         Options.bQuiet = Options.bMustExpect = true;
+    } else if (strWord == "--us") {
+        Options.hLayout = taviro::platform::headless::US_LAYOUT;
+    } else if (strWord == "--russian") {
+        Options.hLayout = taviro::platform::headless::RUSSIAN_LAYOUT;
+    } else if (strWord == "--numlock") {
+        Options.bNumLock = true;
     } else {
         return false;
     }

@@ -21,6 +21,8 @@ using platform::headless::Effect;
 ScenarioRun::ScenarioRun(std::filesystem::path Path, const RunOptions& Options, Printer Print)
     : m_Path(std::move(Path)), m_Options(Options), m_Print(std::move(Print)) {
     Desktop = DesktopState{};
+    Desktop.Keyboard.hLayout = m_Options.hLayout;
+    Desktop.Keyboard.bNumLock = m_Options.bNumLock;
     ResetProgram();
     m_nBeginning = Desktop.nNow;
     InstallSpeechEngine(pStandIns);

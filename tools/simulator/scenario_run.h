@@ -23,6 +23,9 @@ struct RunOptions {
     bool bMap = false;         ///< the map after each step
     bool bQuiet = false;       ///< only what went wrong
     bool bMustExpect = false;  ///< a scenario without an expectation has failed
+    /// The keyboard layout of the programs in front.
+    platform::LayoutHandle hLayout = platform::headless::CZECH_LAYOUT;
+    bool bNumLock = false;
 };
 
 using Printer = std::function<void(std::string_view)>;

@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "platform/headless/keyboard_layout.h"
+#include "platform/map_keyboard.h"
 #include "platform/text.h"
 
 namespace taviro {
@@ -26,7 +26,7 @@ class TextField {
         }
         m_Down.insert(nVk);
         if (Move(nVk)) return;
-        const auto* pKey = platform::headless::KeyOfVk(nVk);
+        const auto* pKey = platform::KeyOfVk(platform::MapKeys(), nVk);
         if (pKey == nullptr) return;
         const bool bCtrl = IsDown({17, 162, 163});
         const bool bAlt = IsDown({18, 164, 165});
@@ -58,7 +58,7 @@ class TextField {
     }
 
     void Take(wchar_t nTyped) {
-        using namespace platform::headless;
+        using namespace platform;
         if (nTyped == 0) return;
         if (nTyped == DEAD_ACUTE || nTyped == DEAD_CARON) {
             m_nDead = nTyped;

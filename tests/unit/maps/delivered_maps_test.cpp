@@ -141,6 +141,58 @@ TEST_F(DeliveredMaps, EveryMap_HasNoFault) {
     }
 }
 
+// What a cell does to the program in front: text, and keys that are no text.
+struct Arrived {
+    std::wstring strTyped;
+    std::vector<platform::headless::ReceivedKey> Keys;
+    bool operator==(const Arrived&) const = default;
+};
+
+Arrived ArrivesFrom(int32_t nCode, platform::LayoutHandle hLayout) {
+    Desktop.Keyboard = {};
+    Desktop.Keyboard.hLayout = hLayout;
+    PressActionCode(nCode);
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{}) << nCode;
+    Arrived Result{.strTyped = Desktop.Keyboard.strTyped, .Keys = {}};
+    if (Result.strTyped.empty()) Result.Keys = Desktop.Keyboard.Received;
+    return Result;
+}
+
+// The operations of the calculators are written as one learns them at school.
+std::wstring MeantBy(const std::wstring& strCaption, int32_t nCode) {
+    constexpr int32_t PAD_TIMES = 106, PAD_DIVIDED = 111;
+    if (strCaption == L"×" && nCode == PAD_TIMES) return L"*";
+    if (strCaption == L":" && nCode == PAD_DIVIDED) return L"/";
+    if (strCaption == L"=" && nCode == KeyCode::Enter) return L"\n";
+    return strCaption;
+}
+
+TEST_F(DeliveredMaps, EveryCell_TypesItsCaption_OnEveryLayout) {
+    using namespace platform::headless;
+    std::vector<std::filesystem::path> Paths;
+    ASSERT_TRUE(simulator::ListHostFiles(SourceTree() / "data", Paths));
+    size_t nLetters = 0;
+    for (const auto& Path : Paths) {
+        for (const MapCell& Cell : ShownCells(GridOf(simulator::FileNameOf(Path)))) {
+            if (Cell.Code < 1) continue;
+            const std::string strWhere = Path.string() + ", " + platform::ToUtf8(Cell.Caption);
+            const Arrived Czech = ArrivesFrom(Cell.Code, CZECH_LAYOUT);
+            if (Cell.Caption.size() == 1 && !Czech.strTyped.empty()) {
+                EXPECT_EQ(Czech.strTyped, MeantBy(Cell.Caption, Cell.Code)) << strWhere;
+                ++nLetters;
+            }
+            const bool bWaits = Desktop.Keyboard.nPendingDeadKey != 0;
+            for (const auto hLayout : {US_LAYOUT, RUSSIAN_LAYOUT}) {
+                const Arrived Here = ArrivesFrom(Cell.Code, hLayout);
+                EXPECT_EQ(Here.strTyped, Czech.strTyped) << strWhere << ", " << hLayout;
+                // A dead key is kept back where the layout in front has none.
+                if (!bWaits) EXPECT_EQ(Here, Czech) << strWhere << ", " << hLayout;
+            }
+        }
+    }
+    EXPECT_GT(nLetters, 3 * SMALL.size()) << "the captions of three maps at least";
+}
+
 TEST_F(DeliveredMaps, EveryApplicationMap_LeadsBackToSelectionOneTiltFromItsStart) {
     for (const std::wstring& strName : APPLICATIONS) {
         const MapGrid Grid = GridOf(L"data_" + strName + L".ini");

@@ -9,7 +9,7 @@
 #include "maps/key_names.h"
 #include "maps/map_file.h"
 #include "platform/headless/desktop.h"
-#include "platform/headless/keyboard_layout.h"
+#include "platform/map_keyboard.h"
 #include "platform/text.h"
 #include "state/program_state.h"
 #include "tests/unit/maps/caption_width.h"
@@ -27,9 +27,9 @@ constexpr int32_t HIGHEST_MAP = 330;
 constexpr size_t LONGEST_ENTRY = 40;  // characters of a list's entry
 
 // On every Windows, and such as a user may have.
-constexpr std::wstring_view STANDARD_PROGRAMS[] = {
-    L"notepad", L"calc", L"explorer", L"mspaint",  L"control",
-    L"taskmgr", L"osk",  L"magnify",  L"shutdown", L"ms-settings:"};
+constexpr std::wstring_view STANDARD_PROGRAMS[] = {L"notepad", L"calc",     L"explorer",
+                                                   L"mspaint", L"control",  L"osk",
+                                                   L"magnify", L"shutdown", L"ms-settings:"};
 constexpr std::wstring_view OPTIONAL_PROGRAMS[] = {L"msedge", L"winword", L"excel", L"outlook"};
 constexpr std::wstring_view DELIVERED_FILES[] = {L"\\help\\taviro.htm"};
 
@@ -66,9 +66,9 @@ bool IsCharacterKey(int32_t nKey) {
 }
 
 bool IsScanKey(int32_t nKind, int32_t nKey) {
-    using namespace platform::headless;
+    using namespace platform;
     constexpr int32_t KIND_ACUTE = 2, KIND_CARON = 3, KIND_ALTGR = 5;
-    const LayoutKey* pKey = KeyOfScan(static_cast<uint32_t>(nKey));
+    const LayoutKey* pKey = KeyOfScan(MapKeys(), static_cast<uint32_t>(nKey));
     if (pKey == nullptr) return false;
     if (nKind == KIND_ACUTE) return Compose(DEAD_ACUTE, pKey->nPlain) != 0;
     if (nKind == KIND_CARON) return Compose(DEAD_CARON, pKey->nPlain) != 0;

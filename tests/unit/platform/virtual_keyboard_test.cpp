@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/headless/desktop.h"
-#include "platform/headless/keyboard_layout.h"
 #include "platform/keys.h"
+#include "platform/map_keyboard.h"
 #include "platform/text.h"
 #include "platform/unneeded.h"
 
