@@ -101,9 +101,10 @@ bool LayoutTranslation::TypesTheSame(const LayoutKey& Key, const KeyRecord& Reco
 // Ctrl and Alt are lifted first: with them a program would take the character for a shortcut. Their
 // own release, which follows, then changes nothing.
 void LayoutTranslation::AppendCharacter(std::vector<KeyRecord>& Sent, wchar_t nCharacter) const {
-    for (auto Key = m_Held.rbegin(); Key != m_Held.rend(); ++Key) {
-        if (ModifierOf(Key->nVk) == KeyCode::Shift) continue;
-        Sent.push_back(Key->Down);
+    for (size_t n = m_Held.size(); n-- > 0;) {
+        const Held& Key = m_Held[n];
+        if (ModifierOf(Key.nVk) == KeyCode::Shift) continue;
+        Sent.push_back(Key.Down);
         Sent.back().dwFlags |= KEY_FLAG_UP;
     }
     for (const uint32_t nFlag : {KEY_FLAG_DOWN, KEY_FLAG_UP}) {

@@ -23,6 +23,11 @@ uint32_t NumberAt(std::string_view strBytes, size_t nOffset) {
     return nNumber;
 }
 
+// How much of a size there is.
+size_t HeldOf(uint64_t nSize, std::string_view strRest) {
+    return static_cast<size_t>(std::min<uint64_t>(nSize, strRest.size()));
+}
+
 }  // namespace
 
 uint32_t WaveLengthMs(std::string_view strBytes) {
@@ -36,14 +41,15 @@ uint32_t WaveLengthMs(std::string_view strBytes) {
         const std::string_view strName = strRest.substr(0, 4);
         const uint64_t nSize = NumberAt(strRest, 4);
         strRest.remove_prefix(CHUNK_HEADER);
-        const uint64_t nHeld = std::min<uint64_t>(nSize, strRest.size());
+        const size_t nHeld = HeldOf(nSize, strRest);
         if (strName == "fmt " && nHeld >= LEAST_FORMAT) {
             nBytesASecond = NumberAt(strRest, BYTES_A_SECOND);
         } else if (strName == "data") {
-            return nBytesASecond == 0 ? 0 : static_cast<uint32_t>(nHeld * 1000 / nBytesASecond);
+            if (nBytesASecond == 0) return 0;
+            return static_cast<uint32_t>(uint64_t{nHeld} * 1000 / nBytesASecond);
         }
         // Each begins at an even place.
-        strRest.remove_prefix(std::min<uint64_t>(nSize + nSize % 2, strRest.size()));
+        strRest.remove_prefix(HeldOf(nSize + nSize % 2, strRest));
     }
     return 0;
 }

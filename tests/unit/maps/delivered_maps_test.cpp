@@ -141,6 +141,8 @@ TEST_F(DeliveredMaps, EveryMap_HasNoFault) {
     }
 }
 
+namespace {
+
 // What a cell does to the program in front: text, and keys that are no text.
 struct Arrived {
     std::wstring strTyped;
@@ -167,6 +169,8 @@ std::wstring MeantBy(const std::wstring& strCaption, int32_t nCode) {
     return strCaption;
 }
 
+}  // namespace
+
 TEST_F(DeliveredMaps, EveryCell_TypesItsCaption_OnEveryLayout) {
     using namespace platform::headless;
     std::vector<std::filesystem::path> Paths;
@@ -186,7 +190,8 @@ TEST_F(DeliveredMaps, EveryCell_TypesItsCaption_OnEveryLayout) {
                 const Arrived Here = ArrivesFrom(Cell.Code, hLayout);
                 EXPECT_EQ(Here.strTyped, Czech.strTyped) << strWhere << ", " << hLayout;
                 // A dead key is kept back where the layout in front has none.
-                if (!bWaits) EXPECT_EQ(Here, Czech) << strWhere << ", " << hLayout;
+                if (bWaits) continue;
+                EXPECT_EQ(Here, Czech) << strWhere << ", " << hLayout;
             }
         }
     }
