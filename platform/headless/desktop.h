@@ -90,8 +90,8 @@ struct VirtualKeyboard {
 /// A window of another program.
 struct VirtualWindow {
     WindowHandle hWindow = 0;
-    std::wstring strTitle;
-    std::wstring strClass;
+    std::wstring strTitle{};
+    std::wstring strClass{};
     uint32_t nProcess = 0;
     uint32_t nThread = 0;
     ScreenRect Rect{};
