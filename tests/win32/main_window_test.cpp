@@ -145,7 +145,8 @@ TEST_F(MainWindowTest, Styles_AreOnTopAndMinimisable_WhenShown) {
 }
 
 TEST_F(MainWindowTest, Size_FollowsTheMap_WhenItChangedWhileMinimised) {
-    RemoveUnmeasurableMenu();
+    // Without a display Wine does not bring every minimised window back.
+    if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
     ShowMap(3, 2);
     ShowWindow(Window(), SW_SHOWMINNOACTIVE);
     LayOut(5, 4);
