@@ -92,6 +92,6 @@ def test_log_names_what_is_wrong_with_both_comfort_files(desktop):
     told = [line for line in lines_of(program.data_folder / "log.txt") if "comfort.ini" in line]
     assert [line.rpartition("\\")[2] for line in told] == [
         "comfort.ini, line 2: [Stick] Watch=5 is out of range, 1 counts (0 or 1)",
-        f"comfort.ini, line {last_line}: [Stick] Wach is no key"]
+        f"comfort.ini, line {last_line}: [Windows] Wach is no key"]
     assert "v2.2\\taviro\\" in told[0] and "v2.2" not in told[1]
     assert users.read_bytes() == b"[Stick]\r\nWatch=5\r\n"
