@@ -52,7 +52,10 @@ uint32_t DeviceQuestions::Ask(const DeviceLine& Line, DeviceQuestion& Question, 
         m_nAskedAt = nNow;
         m_bUnderWay = true;
         Line.Begin(m_Asked);
-        if (!Line.Ended(JOY_DEADLINE_MS)) return JOY_NO_ANSWER;
+        bool& bAsked = m_Devices[Question.nId].bAsked[Question.bPosition ? 1 : 0];
+        const uint32_t nDeadline = bAsked ? JOY_DEADLINE_MS : JOY_FIRST_DEADLINE_MS;
+        bAsked = true;
+        if (!Line.Ended(nDeadline)) return JOY_NO_ANSWER;
     }
     m_bUnderWay = false;
     Question = m_Asked;

@@ -14,7 +14,10 @@
 namespace taviro::platform {
 
 inline constexpr uint32_t JOY_DEADLINE_MS = 80;  ///< how long a caller waits for an answer
-inline constexpr uint32_t JOY_PAUSE_MS = 1000;   ///< between questions to one that keeps failing
+/// The same for the first question of a kind to a device: the system may have to look for it first,
+/// and who starts without it stays without it.
+inline constexpr uint32_t JOY_FIRST_DEADLINE_MS = 2000;
+inline constexpr uint32_t JOY_PAUSE_MS = 1000;  ///< between questions to one that keeps failing
 inline constexpr uint32_t JOY_FAILURES_TO_PAUSE = 3;  ///< in a row
 
 /// A question and, when it has ended, its answer.
@@ -47,6 +50,7 @@ class DeviceQuestions {
     struct Device {
         uint32_t nFailures = 0;  ///< of its position, in a row
         uint32_t nFailedAt = 0;
+        std::array<bool, 2> bAsked{};  ///< for its capabilities, for its position
     };
     bool IsPaused(uint32_t nId, uint32_t nNow) const;
     uint32_t AskPosition(const DeviceLine& Line, uint32_t nId, JoyInfoRecord& Info, uint32_t nNow);

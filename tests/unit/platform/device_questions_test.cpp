@@ -4,6 +4,7 @@
 #include "platform/device_questions.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/headless/desktop.h"
@@ -18,11 +19,6 @@ class DeviceQuestionsTest : public ::testing::Test {
     DeviceQuestionsTest() { Desktop = headless::DesktopState{}; }
     ~DeviceQuestionsTest() override { Desktop = headless::DesktopState{}; }
 
-    /// The devices were there and have been pulled out.
-    static void PullOut(headless::VirtualJoystick& Device) {
-        Device.bPresent = false;
-        Device.bKnown = true;
-    }
     static uint32_t Position(uint32_t nId = 0) {
         JoyInfoRecord Info{};
         return JoyGetPosEx(nId, Info);
@@ -30,6 +26,17 @@ class DeviceQuestionsTest : public ::testing::Test {
     static uint32_t Capabilities(uint32_t nId = 0) {
         JoyCapsRecord Caps{};
         return JoyGetDevCaps(nId, Caps, sizeof Caps);
+    }
+    /// The device was there, has answered, and has been pulled out.
+    static void PullOut(uint32_t nId) {
+        headless::VirtualJoystick& Device =
+            nId == 0 ? Desktop.Joystick : Desktop.OtherJoysticks[nId];
+        Device.bPresent = true;
+        Capabilities(nId);
+        Position(nId);
+        Device.bPresent = false;
+        Device.bKnown = true;
+        Device.nReads = 0;
     }
     /// How long the question keeps its caller.
     static uint32_t Wait(uint32_t (*pAsk)(uint32_t)) {
@@ -39,15 +46,35 @@ class DeviceQuestionsTest : public ::testing::Test {
     }
 };
 
+// A program that starts while the system still looks for the joystick would go without it.
+TEST_F(DeviceQuestionsTest, FirstQuestionOfAKind_GetsMoreTime) {
+    std::vector<uint32_t> Waits;
+    const DeviceLine Line{.Begin = [](DeviceQuestion& Asked) { Asked.nResult = 0; },
+                          .Ended =
+                              [&](uint32_t nMilliseconds) {
+                                  Waits.push_back(nMilliseconds);
+                                  return true;
+                              }};
+    DeviceQuestions Questions;
+    JoyCapsRecord Caps{};
+    JoyInfoRecord Info{};
+    for (int n = 0; n < 2; ++n) {
+        EXPECT_EQ(Questions.Capabilities(Line, 0, Caps, sizeof Caps, 0), 0U);
+        EXPECT_EQ(Questions.Position(Line, 0, Info, 0), 0U);
+    }
+    EXPECT_EQ(Waits, (std::vector<uint32_t>{JOY_FIRST_DEADLINE_MS, JOY_FIRST_DEADLINE_MS,
+                                            JOY_DEADLINE_MS, JOY_DEADLINE_MS}));
+}
+
 TEST_F(DeviceQuestionsTest, Caller_WaitsAMomentOnly_WhenAnUnpluggedDeviceTakesItsTime) {
-    PullOut(Desktop.Joystick);
+    PullOut(0);
     EXPECT_EQ(Wait(Position), JOY_DEADLINE_MS);
     SleepMs(JOY_PAUSE_MS);
     EXPECT_LE(Wait(Capabilities), JOY_DEADLINE_MS);
 }
 
 TEST_F(DeviceQuestionsTest, Capabilities_FailAlone_WhenThePositionFailed) {
-    PullOut(Desktop.Joystick);
+    PullOut(0);
     EXPECT_EQ(Capabilities(), 0U) << "Windows tells them though the device is gone";
     EXPECT_EQ(Position(), JOY_NO_ANSWER);
     EXPECT_NE(Capabilities(), 0U) << "it is known to be gone now";
@@ -59,11 +86,11 @@ TEST_F(DeviceQuestionsTest, Capabilities_FailAlone_WhenThePositionFailed) {
 
 TEST_F(DeviceQuestionsTest, LateAnswer_CountsForTheNextQuestion_WhenItIsTheSame) {
     Desktop.nUnpluggedTakes = 150;
-    PullOut(Desktop.Joystick);
+    PullOut(0);
     EXPECT_EQ(Position(), JOY_NO_ANSWER);
     EXPECT_EQ(Wait(Position), 70U) << "the rest of the first question";
     EXPECT_EQ(Desktop.Joystick.nReads, 2U);
-    PullOut(Desktop.OtherJoysticks[1]);
+    PullOut(1);
     Desktop.nUnpluggedTakes = 300;
     EXPECT_EQ(Position(1), JOY_NO_ANSWER);
     SleepMs(300);
@@ -72,7 +99,7 @@ TEST_F(DeviceQuestionsTest, LateAnswer_CountsForTheNextQuestion_WhenItIsTheSame)
 
 TEST_F(DeviceQuestionsTest, OtherDevices_AreNotAskedAndNotBlamed_WhileAQuestionIsUnderWay) {
     Desktop.OtherJoysticks[1].bPresent = true;
-    PullOut(Desktop.Joystick);
+    PullOut(0);
     EXPECT_EQ(Position(0), JOY_NO_ANSWER);
     for (uint32_t n = 0; n < 2 * JOY_FAILURES_TO_PAUSE; ++n)
         EXPECT_EQ(Position(1), JOY_BUSY);
@@ -83,7 +110,7 @@ TEST_F(DeviceQuestionsTest, OtherDevices_AreNotAskedAndNotBlamed_WhileAQuestionI
 
 TEST_F(DeviceQuestionsTest, FailingDevice_IsAskedEverySecond_AfterThreeFailuresInARow) {
     Desktop.nUnpluggedTakes = 0;
-    PullOut(Desktop.Joystick);
+    PullOut(0);
     for (uint32_t n = 0; n < JOY_FAILURES_TO_PAUSE; ++n)
         EXPECT_EQ(Position(), JOY_UNPLUGGED);
     Desktop.nUnpluggedTakes = 300;
@@ -103,7 +130,7 @@ TEST_F(DeviceQuestionsTest, FailingDevice_IsAskedEverySecond_AfterThreeFailuresI
 TEST_F(DeviceQuestionsTest, Success_EndsARowOfFailures) {
     Desktop.nUnpluggedTakes = 0;
     for (int n = 0; n < 5; ++n) {
-        PullOut(Desktop.Joystick);
+        PullOut(0);
         EXPECT_NE(Position(), 0U);
         EXPECT_NE(Position(), 0U);
         Desktop.Joystick.bPresent = true;
