@@ -145,14 +145,16 @@ TEST_F(MainWindowTest, Styles_AreOnTopAndMinimisable_WhenShown) {
 }
 
 TEST_F(MainWindowTest, Size_FollowsTheMap_WhenItChangedWhileMinimised) {
-    // Without a display Wine does not bring every minimised window back.
-    if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
+    RemoveUnmeasurableMenu();
     ShowMap(3, 2);
     ShowWindow(Window(), SW_SHOWMINNOACTIVE);
     LayOut(5, 4);
     EXPECT_EQ(FrmMain->nScaleWidth, 4 * (CELL_WIDTH + 1) + CELL_WIDTH);
-    ShowWindow(Window(), SW_SHOWNOACTIVATE);
-    EXPECT_TRUE(tests::RunMessagesUntil([] { return Inner().right == FrmMain->nScaleWidth; }));
+    EXPECT_TRUE(tests::RunMessagesUntil([] {
+        // A window manager may answer the minimising late, and minimise once more.
+        if (IsIconic(Window()) != FALSE) ShowWindow(Window(), SW_SHOWNOACTIVATE);
+        return Inner().right == FrmMain->nScaleWidth;
+    }));
     EXPECT_EQ(FrmMain->nScaleWidth, 4 * (CELL_WIDTH + 1) + CELL_WIDTH);
     EXPECT_EQ(Inner().bottom, FrmMain->Label1.Top + FrmMain->Label1.Height);
 }
