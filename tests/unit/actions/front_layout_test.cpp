@@ -2,6 +2,9 @@
 // What cells and texts type while the program in front has another keyboard layout than the maps.
 #include "platform/front_layout.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "actions/key_sequence.h"
 #include "actions/key_synthesis.h"
 #include "platform/layout_translation.h"
@@ -156,6 +159,25 @@ TEST_F(FrontLayout, Key_CarriesTheScanCodeOfTheLayoutInFront_WhenItStaysAKey) {
         EXPECT_EQ(Record.vkCode, uint32_t{'Z'});
         EXPECT_EQ(Record.scanCode, US_SCAN_OF_Z);
     }
+}
+
+// Shift does not make a shortcut of a character, and what is held with it next still needs it.
+TEST_F(FrontLayout, Shift_StaysDownAroundACharacter_ForTheKeysThatFollow) {
+    Front(US_LAYOUT);
+    using platform::KEY_FLAG_UP, platform::KeyRecord;
+    constexpr uint16_t SHIFT = 16, END = 35, LETTER_WITH_HOOK = 53;
+    const platform::InputRecord Records[] = {
+        KeyRecord{.wVk = SHIFT},
+        KeyRecord{.wVk = LETTER_WITH_HOOK},
+        KeyRecord{.wVk = LETTER_WITH_HOOK, .dwFlags = KEY_FLAG_UP},
+        KeyRecord{.wVk = END},
+        KeyRecord{.wVk = END, .dwFlags = KEY_FLAG_UP},
+        KeyRecord{.wVk = SHIFT, .dwFlags = KEY_FLAG_UP}};
+    EXPECT_EQ(platform::SendInputRecords(Records), std::size(Records));
+    const platform::headless::ReceivedKey Selecting{.nVk = END, .bShift = true};
+    const auto& Received = Desktop.Keyboard.Received;
+    EXPECT_EQ(std::count(Received.begin(), Received.end(), Selecting), 1);
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
 }
 
 TEST(LayoutTranslation_CountsRecordsOfTheRules, WhenTheSystemTookSomeOfWhatWasSent) {
