@@ -56,15 +56,16 @@ int32_t ToNumber(WindowHandle hWindow) {
     return static_cast<int32_t>(hWindow);
 }
 
-// The first child whose class has this name, in whatever case; 0 when none. Both kinds of search
-// for a child follow this rule.
-WindowHandle FindChild(WindowHandle hParent, const std::wstring& strName) {
+// The first child whose class has this name, in whatever case, and that IsWanted accepts; 0 when
+// none. Both kinds of search for a child follow this rule.
+WindowHandle FindChild(WindowHandle hParent, const std::wstring& strName,
+                       const std::function<bool(WindowHandle)>& IsWanted) {
     const std::wstring strWanted = platform::ToUpper(strName);
     WindowHandle hFound = 0;
     platform::VisitChildWindows(hParent, [&](WindowHandle hChild) {
         const std::wstring strClass = platform::ToUpper(platform::WindowClassName(hChild));
         // A child that has gone meanwhile has no class: it is no match for an empty name.
-        if (!strClass.empty() && strClass == strWanted) hFound = hChild;
+        if (!strClass.empty() && strClass == strWanted && IsWanted(hChild)) hFound = hChild;
         return hFound == 0;
     });
     return hFound;
@@ -136,11 +137,17 @@ CallOutcome GUI::ClickOnWindow(const std::wstring& strTitle, const std::wstring&
     if (platform::WindowRect(hTop, Rect)) {
         Unneeded(platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop}));
     }
-    const WindowHandle hChild = FindChild(hTop, strChildName);
-    // A child that has gone meanwhile has no place to click on.
-    if (hChild == 0 || !platform::WindowRect(hChild, Rect)) return nOutcome;
+    // A child that is hidden, covered or gone meanwhile has no place to click on: the click would
+    // reach whatever else lies there.
+    ScreenPoint Place;
+    const WindowHandle hChild = FindChild(hTop, strChildName, [&](WindowHandle hFound) {
+        if (!platform::WindowRect(hFound, Rect)) return false;
+        Place = {.nX = Rect.nLeft + CLICK_OFFSET, .nY = Rect.nTop + CLICK_OFFSET};
+        return platform::IsReachedAt(hFound, Place);
+    });
+    if (hChild == 0) return nOutcome;
     Unneeded(platform::SetPointer({.nX = Rect.nLeft, .nY = Rect.nTop}));
-    MouseClickAt(Rect.nLeft + CLICK_OFFSET, Rect.nTop + CLICK_OFFSET, false);
+    MouseClickAt(Place.nX, Place.nY, false);
     nResult = 1;
     return nOutcome;
 }
@@ -201,7 +208,9 @@ CallOutcome GUI::VBS_GetChild(int32_t hWindow, const std::wstring& strName,
                               int32_t& hResult) const {
     hResult = 0;
     const CallOutcome nOutcome = Admit();
-    if (nOutcome == CallOutcome::Done) hResult = ToNumber(FindChild(ToHandle(hWindow), strName));
+    if (nOutcome != CallOutcome::Done) return nOutcome;
+    const auto IsAny = [](WindowHandle) { return true; };
+    hResult = ToNumber(FindChild(ToHandle(hWindow), strName, IsAny));
     return nOutcome;
 }
 

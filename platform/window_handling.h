@@ -55,6 +55,10 @@ inline constexpr uint32_t REDRAW_FRAME = 1024;
 [[nodiscard]] bool RedrawWindowPart(WindowHandle hWindow, const ScreenRect& Rect,
                                     RegionHandle hRegion, uint32_t nFlags);
 
+/// Whether a click at a place of the screen, in pixels, reaches the window: it is shown, and
+/// nothing covers it there but what lies in it.
+[[nodiscard]] bool IsReachedAt(WindowHandle hWindow, ScreenPoint Place);
+
 /// How many children the window's accessible object has, that of its content (the object of its
 /// frame has the same few parts in every window). Returns false, and leaves nCount alone, when the
 /// window does not say.

@@ -37,6 +37,9 @@ struct ScreenRect {
 /// Whether the handle names an existing window.
 [[nodiscard]] bool IsWindowHandle(WindowHandle hWindow);
 
+/// Whether a window belongs to this program. False for one that does not exist.
+[[nodiscard]] bool IsOwnWindow(WindowHandle hWindow);
+
 /// Class name of a window, empty on failure.
 [[nodiscard]] std::wstring WindowClassName(WindowHandle hWindow);
 

@@ -16,6 +16,7 @@
 #include "forms/main_form.h"
 #include "platform/automation.h"
 #include "platform/device_questions.h"
+#include "platform/driven_window.h"
 #include "platform/headless/failure_orders.h"
 #include "platform/headless/keyboard_layouts.h"
 #include "platform/headless/memory_files.h"
@@ -98,8 +99,13 @@ struct VirtualWindow {
     WindowHandle hParent = 0;          ///< 0 for a top-level window
     int32_t nAccessibleChildren = -1;  ///< -1: its accessible object cannot be had
     bool bGreaterRights = false;       ///< it takes nothing that is sent, and nobody is told
+    bool bHidden = false;              ///< not shown, nor what lies in it
+    bool bCovered = false;             ///< by a window of another program
     bool bGone = false;  ///< closed since its parent listed it: every call but the listing fails
 };
+
+/// The program's own windows, but for the main one, have handles from here.
+inline constexpr WindowHandle FIRST_OWN_WINDOW = 0x10000;
 
 /// Members of a late-bound object: how the member is used, its name, arguments, result.
 enum class MemberUse { Method, Get, Put };
@@ -213,10 +219,15 @@ struct DesktopState {
     // Dialogs.
     std::vector<forms::Form*> Dialogs;
     forms::Form* pActiveDialog = nullptr;  ///< the one that the user works in; none: another window
+    DrivenWindow Driven;
     /// Another program writes into the external-control box, by a message that it sends.
     void WriteIntoBox(const std::wstring& strText);
     /// The user goes to a dialog, or to another window when there is none given.
     void ActivateDialog(forms::Form* pForm);
+    /// The user opens the menu of the main window, which takes the focus, and chooses an entry, or
+    /// closes it when there is none given. What was in front before comes to the front only when
+    /// the program sees to it.
+    void OpenMenu(forms::MenuEntry* pChosen);
     /// What the user does while a message is shown, before he confirms it.
     std::function<void()> WhileMessage;
     /// What the user does while a form is shown modal; the form stays open when it does not end it.

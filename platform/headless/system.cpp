@@ -133,6 +133,10 @@ bool IsWindowHandle(WindowHandle hWindow) {
     return headless::FindWindowEntry(hWindow) != nullptr;
 }
 
+bool IsOwnWindow(WindowHandle hWindow) {
+    return hWindow >= headless::FIRST_OWN_WINDOW || (hWindow != 0 && hWindow == MainWindowHandle());
+}
+
 std::wstring WindowClassName(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
     if (Desktop.Refuses(__func__)) return L"";

@@ -35,6 +35,11 @@ std::string TextOf(const ScreenRect& Rect) {
            std::to_string(Rect.nRight) + ", " + std::to_string(Rect.nBottom) + ")";
 }
 
+bool Contains(const ScreenRect& Rect, ScreenPoint Place) {
+    return Place.nX >= Rect.nLeft && Place.nX < Rect.nRight && Place.nY >= Rect.nTop &&
+           Place.nY < Rect.nBottom;
+}
+
 using ChildLists = std::map<WindowHandle, std::vector<WindowHandle>>;
 
 // Returns false when the visitor wants no more.
@@ -88,6 +93,13 @@ bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     if (hWindow == MainWindowHandle()) Corner = Desktop.MainInnerCorner();
     Point = {.nX = Point.nX - Corner.nX, .nY = Point.nY - Corner.nY};
     return true;
+}
+
+bool IsReachedAt(WindowHandle hWindow, ScreenPoint Place) {
+    const VirtualWindow* pWindow = FindLiving(hWindow);
+    if (pWindow == nullptr || !Contains(pWindow->Rect, Place)) return false;
+    if (pWindow->bHidden || pWindow->bCovered) return false;
+    return pWindow->hParent == 0 || IsReachedAt(pWindow->hParent, Place);
 }
 
 RegionHandle CreateRectRegion(const ScreenRect& Rect) {

@@ -127,6 +127,13 @@ void ForWindows(HWND hDialog, const forms::Control& Model, Act Run) {
     }
 }
 
+/// An option that gets the focus when its dialog opens or comes to the front again would choose
+/// itself. Chosen by arrow or mouse it is all the same: those click.
+void LetFocusChooseNothing(HWND hDialog, const forms::Control& Group) {
+    ForWindows(hDialog, Group,
+               [](HWND hOption) { SendMessageW(hOption, BM_SETDONTCLICK, TRUE, 0); });
+}
+
 /// A control that is disabled while it has the focus would leave the keyboard without one.
 void MoveFocusAway(HWND hDialog, HWND hControl) {
     if (GetFocus() == hControl) SendMessageW(hDialog, WM_NEXTDLGCTL, 0, FALSE);
@@ -196,6 +203,7 @@ void OnListNotification(HWND hList, forms::ListBox& List, WORD nCode) {
 }  // namespace
 
 void PushControl(HWND hDialog, const forms::Control& Shown) {
+    if (Shown.Kind() == ControlKind::OptionGroup) LetFocusChooseNothing(hDialog, Shown);
     PushContent(hDialog, Shown, true);
     if (!Shown.Enabled) PushEnabled(hDialog, Shown);
     if (!Shown.Visible) PushVisible(hDialog, Shown);

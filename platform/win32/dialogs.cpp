@@ -10,6 +10,7 @@
 #include "platform/main_window.h"
 #include "platform/unneeded.h"
 #include "platform/win32/dialog_view.h"
+#include "platform/win32/driven_window.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/numbers.h"
@@ -30,17 +31,11 @@ struct ModalDialog {
 struct DialogState {
     std::vector<std::unique_ptr<DialogView>> Views;
     std::vector<ModalDialog> Modal;  ///< the innermost last
-    HWND hDriven = nullptr;          ///< the other program's window that had the focus before
 };
 DialogState Dialogs;
 
 HWND MainWindow() {
     return win32::ToHwnd(MainWindowHandle());
-}
-
-bool IsOurs(HWND hWindow) {
-    DWORD nProcess = 0;
-    return GetWindowThreadProcessId(hWindow, &nProcess) != 0 && nProcess == GetCurrentProcessId();
 }
 
 /// A dialog stands above the innermost modal one, else above the main window.
@@ -71,22 +66,15 @@ void FreeOthers(const DialogView& View) {
     Dialogs.Modal.erase(it);
 }
 
-/// The program that was being driven gets the focus back when the last dialog has gone.
-void ReturnFocus() {
-    const bool bAnyShown = std::any_of(Dialogs.Views.begin(), Dialogs.Views.end(), [](auto& pView) {
-        return pView->Window() != nullptr && pView->Model().Visible;
+/// Whether a dialog other than this one is shown: it goes on with the focus.
+bool IsAnotherShown(const DialogView& View) {
+    return std::ranges::any_of(Dialogs.Views, [&](const auto& pOther) {
+        return pOther.get() != &View && pOther->Window() != nullptr && pOther->Model().Visible;
     });
-    if (bAnyShown || Dialogs.hDriven == nullptr) return;
-    const HWND hFront = GetForegroundWindow();
-    if (hFront == nullptr || IsOurs(hFront)) {
-        Unneeded(SetForegroundWindow(Dialogs.hDriven));  // it may have closed meanwhile
-    }
-    Dialogs.hDriven = nullptr;
 }
 
 void Show(DialogView& View) {
-    const HWND hFront = GetForegroundWindow();
-    if (hFront != nullptr && !IsOurs(hFront)) Dialogs.hDriven = hFront;
+    win32::Driven.Note();
     if (View.Window() == nullptr && !View.Create(OwnerOfNext())) {
         View.Model().Unload();  // nothing can be shown, so nothing may wait for it
         return;
@@ -98,13 +86,14 @@ void Show(DialogView& View) {
 
 void Hide(DialogView& View) {
     FreeOthers(View);
-    const bool bHadFocus = View.Window() != nullptr && GetForegroundWindow() == View.Window();
+    if (View.Window() != nullptr && !IsAnotherShown(View)) {
+        win32::Driven.ReturnFrom(win32::ToNumber(View.Window()));
+    }
     if (View.Model().IsLoaded()) {
         Unneeded(ShowWindow(View.Window(), SW_HIDE));
     } else {
         View.Destroy();
     }
-    if (bHadFocus) ReturnFocus();
 }
 
 void OnShowChange(DialogView& View, forms::Control& Changed, forms::Aspect nAspect) {
@@ -136,11 +125,13 @@ void DetachDialogs() {
 }
 
 void ShowInformation(const std::wstring& strText, const std::wstring& strTitle) {
+    win32::Driven.Note();
     const win32::VisualStyles Look;
     // The answer can only be OK.
     win32::OrReport(MessageBoxW(OwnerOfNext(), strText.c_str(), strTitle.c_str(),
                                 MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND) != 0,
                     "MessageBox");
+    win32::Driven.ReturnFrom(MainWindowHandle());
 }
 
 }  // namespace taviro::platform

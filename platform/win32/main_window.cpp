@@ -10,7 +10,9 @@
 #include "platform/messages.h"
 #include "platform/unneeded.h"
 #include "platform/win32/child_controls.h"
+#include "platform/win32/driven_window.h"
 #include "platform/win32/failure.h"
+#include "platform/win32/frame_focus.h"
 #include "platform/win32/map_painter.h"
 #include "platform/win32/menu_view.h"
 #include "platform/win32/numbers.h"
@@ -47,6 +49,7 @@ struct MainView {
     HWND hWindow = nullptr;
     win32::MapPainter Painter;
     win32::MenuView Menu;
+    win32::FrameFocus Focus;
     win32::ChildControls Children;
     std::array<win32::TimerView, 2> Timers{win32::TimerView{Form.Timer1, POLL_TIMER_ID},
                                            win32::TimerView{Form.ScanTimer, SCAN_TIMER_ID}};
@@ -207,16 +210,6 @@ void OnSize(WPARAM nKind, LPARAM nSize) {
     View->bFitting = false;
 }
 
-/// Whether a mouse press is one on the map. The pointer is asked too, because a window manager may
-/// announce any click as one on the menu.
-bool IsPressOnMap(LPARAM nWhere) {
-    if (LOWORD(nWhere) == HTCLIENT) return true;
-    POINT Pointer{};
-    RECT Client{};
-    return GetCursorPos(&Pointer) != FALSE && ScreenToClient(View->hWindow, &Pointer) != FALSE &&
-           GetClientRect(View->hWindow, &Client) != FALSE && PtInRect(&Client, Pointer) != FALSE;
-}
-
 void OnCommand(WPARAM wParam, LPARAM lParam) {
     if (lParam != 0) {
         View->Children.OnNotification(win32::ToHwnd(static_cast<uintptr_t>(lParam)),
@@ -227,6 +220,7 @@ void OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 void OnTimer(WPARAM nId) {
+    win32::Driven.Note();
     for (win32::TimerView& Timer : View->Timers) {
         if (Timer.Id() == nId) Timer.OnTimer(View->hWindow);
     }
@@ -250,13 +244,11 @@ void OnSizeLimits(LPARAM lParam) {
 }
 
 /// Returns whether the message was one of ours; nResult is its result then.
-bool HandleMouse(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult) {
+bool HandleMouse(UINT nMessage, WPARAM wParam, LRESULT& nResult) {
     forms::Label& Surface = View->Form.Label2;
     switch (nMessage) {
         case WM_MOUSEACTIVATE:
             nResult = MA_NOACTIVATE;  // the application being driven keeps the focus
-            // Menu and title bar take it as in any window. Refused, they work with the mouse.
-            if (!IsPressOnMap(lParam)) Unneeded(SetForegroundWindow(View->hWindow));
             return true;
         case WM_LBUTTONDOWN:
             Surface.Press(forms::MouseButton::Left);
@@ -279,6 +271,7 @@ bool HandleMouse(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult) 
 }
 
 bool HandleMessage(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult) {
+    View->Focus.Handle(View->hWindow, nMessage, wParam, lParam);
     switch (nMessage) {
         case WM_PAINT:
             OnPaint();
@@ -320,7 +313,7 @@ bool HandleMessage(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult
             OnDestroy();
             return true;
         default:
-            return HandleMouse(nMessage, wParam, lParam, nResult);
+            return HandleMouse(nMessage, wParam, nResult);
     }
 }
 

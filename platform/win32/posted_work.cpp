@@ -14,7 +14,7 @@ namespace taviro::platform {
 
 namespace {
 
-constexpr const wchar_t* CLASS_NAME = L"TaviroPosted";
+constexpr const wchar_t* POST_CLASS_NAME = L"TaviroPosted";
 constexpr UINT MESSAGE_WORK = WM_APP + 1;
 
 using Work = std::function<void()>;
@@ -69,12 +69,12 @@ HWND win32::PostWindow() {
     WNDCLASSW Class{};
     Class.lpfnWndProc = OnPostMessage;
     Class.hInstance = GetModuleHandleW(nullptr);
-    Class.lpszClassName = CLASS_NAME;
+    Class.lpszClassName = POST_CLASS_NAME;
     if (RegisterClassW(&Class) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
         OrReport(FALSE, "RegisterClass(posted work)");
         return nullptr;
     }
-    Posted.hWindow = OrReport(CreateWindowExW(0, CLASS_NAME, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
+    Posted.hWindow = OrReport(CreateWindowExW(0, POST_CLASS_NAME, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
                                               nullptr, Class.hInstance, nullptr),
                               "CreateWindowEx(posted work)");
     return Posted.hWindow;

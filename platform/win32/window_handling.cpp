@@ -68,6 +68,15 @@ bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     return true;
 }
 
+bool IsReachedAt(WindowHandle hWindow, ScreenPoint Place) {
+    const HWND hWanted = ToHwnd(hWindow);
+    const HWND hThere = WindowFromPoint({.x = Place.nX, .y = Place.nY});
+    if (hThere == nullptr || IsWindowVisible(hWanted) == FALSE) return false;
+    // For one that is disabled, or only text, the system tells what it lies in.
+    return hThere == hWanted || IsChild(hWanted, hThere) != FALSE ||
+           IsChild(hThere, hWanted) != FALSE;
+}
+
 RegionHandle CreateRectRegion(const ScreenRect& Rect) {
     return ToNumber(win32::OrReport(CreateRectRgn(Rect.nLeft, Rect.nTop, Rect.nRight, Rect.nBottom),
                                     "CreateRectRgn"));

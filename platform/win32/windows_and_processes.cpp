@@ -54,6 +54,10 @@ bool IsWindowHandle(WindowHandle hWindow) {
     return IsWindow(ToHwnd(hWindow)) != FALSE;
 }
 
+bool IsOwnWindow(WindowHandle hWindow) {
+    return WindowProcess(hWindow) == GetCurrentProcessId();
+}
+
 std::wstring WindowClassName(WindowHandle hWindow) {
     wchar_t strName[257] = {};  // a class name has at most 256 characters
     const int nLength =

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""A virtual screen with a window manager and a keyboard layout, Czech unless another is asked for."""
+"""A virtual screen with a window manager, unless it is to be without, and a keyboard layout, Czech
+unless another is asked for."""
 
 import os
 import re
@@ -15,12 +16,13 @@ CONFIGURATION = "/etc/xdg/openbox/rc.xml"  # as delivered: a new window and a cl
 
 
 class Display:
-    def __init__(self, screen=SCREEN, layout="cz"):
+    def __init__(self, screen=SCREEN, layout="cz", managed=True):
         self._programs = []
         try:
             self.name = self._start_server(screen)
             self.env = dict(os.environ, DISPLAY=self.name, LC_ALL="C.UTF-8")
-            self._start_window_manager()
+            if managed:
+                self._start_window_manager()
             subprocess.run(["setxkbmap", layout], env=self.env, check=True, timeout=START_SECONDS)
         except BaseException:
             self.close()

@@ -60,8 +60,8 @@ class Desktop:
 
 
 @contextlib.contextmanager
-def new_desktop(screen=SCREEN):
+def new_desktop(screen=SCREEN, **options):
     """A desktop on a display of its own."""
-    with contextlib.closing(Display(screen)) as display, \
+    with contextlib.closing(Display(screen, **options)) as display, \
             contextlib.closing(Desktop(display)) as desktop:
         yield desktop

@@ -50,8 +50,24 @@ TEST_F(GuiWindows, ClickOnWindow_PassesOverChildrenThatHaveGone) {
     EXPECT_EQ(Click(L"Otázka", L""), 0);
 }
 
+TEST_F(GuiWindows, ClickOnWindow_PassesOverChildrenThatCannotBeSeen) {
+    Window(62).bHidden = true;
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 1);
+    EXPECT_EQ(Desktop.TakeEffects()[1], "pointer (190, 220)");
+    Window(63).bCovered = true;
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 0);
+    EXPECT_EQ(Desktop.TakeEffects(), Effects{"pointer (100, 200)"});
+    Window(63).bCovered = false;
+    Window(DIALOG).bHidden = true;  // what lies in it is still marked as shown
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 0);
+    Window(DIALOG).bHidden = false;
+    Window(63).Rect = {600, 220, 660, 240};  // scrolled out of the dialog
+    EXPECT_EQ(Click(L"Otázka", L"Button"), 0);
+}
+
 TEST_F(GuiWindows, ClickOnWindow_ClicksNowhere_WhenTheChildGoesBeforeItsPlaceIsKnown) {
-    Desktop.Failures.Add({.strCall = "WindowRect", .nFrom = 2});  // the first is the window's own
+    // The first is the window's own; the others are of its two children.
+    Desktop.Failures.Add({.strCall = "WindowRect", .nFrom = 2, .nCount = 2});
     EXPECT_EQ(Click(L"Otázka", L"Button"), 0);
     EXPECT_EQ(Desktop.TakeEffects(), Effects{"pointer (100, 200)"});
 }
