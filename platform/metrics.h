@@ -17,10 +17,10 @@ enum class Metric : int32_t {
     MouseButtons = 43,
 };
 
-/// The system's GetSystemMetrics; 0 when it has no value.
+/// The system's GetSystemMetrics in pixels of a layout (platform/scale.h); 0 when it has no value.
 [[nodiscard]] int32_t SystemMetric(Metric nMetric);
 
-/// Dots per logical inch of the screen; 96 at normal scaling.
+/// Dots per logical inch that layouts count with: 96 on Windows, whatever the monitor's scale.
 [[nodiscard]] int32_t ScreenDpiX();
 [[nodiscard]] int32_t ScreenDpiY();
 

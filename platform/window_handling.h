@@ -23,7 +23,8 @@ namespace taviro::platform {
 inline constexpr WindowHandle INSERT_TOPMOST = UINTPTR_MAX;  ///< above all windows, and stays there
 inline constexpr uint32_t POSITION_FLAG_NOACTIVATE = 16;
 
-/// The arguments of SetWindowPos. Pixels on the screen.
+/// The arguments of SetWindowPos. Pixels on the screen; the size of the main window, in pixels of
+/// its layout (platform/scale.h).
 struct WindowPosition {
     WindowHandle hInsertAfter = 0;
     int32_t nLeft = 0;
@@ -35,8 +36,8 @@ struct WindowPosition {
 /// Returns false when the system refuses.
 [[nodiscard]] bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position);
 
-/// Turns a point of the screen into one of the window's inner area. Returns false, and leaves the
-/// point alone, on failure.
+/// Turns a point of the screen into one of the window's inner area, for the main window in pixels
+/// of its layout. Returns false, and leaves the point alone, on failure.
 [[nodiscard]] bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point);
 
 /// A rectangular region; 0 on failure. Whoever made it deletes it.

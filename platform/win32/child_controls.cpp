@@ -53,12 +53,19 @@ bool ChildControls::Create(HWND hParent) {
     m_pTaker = std::make_shared<const HWND>(m_hEdit);
     pSystemListProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(m_hList, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OnListMessage)));
-    // As easy to read as the status line, whose place the list takes.
-    m_hFont = MakeScreenFont(m_Form.Label1.TextFont);
-    SendMessageW(m_hList, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont.get()), FALSE);
+    SetScale(MainWindowScale);
+    return true;
+}
+
+void ChildControls::SetScale(Scale Monitor) {
+    m_Scale = Monitor;
+    // As easy to read as the status line, whose place the list takes. The list has its new font
+    // before the earlier one goes.
+    UniqueFont hFont = MakeScreenFont(m_Form.Label1.TextFont, m_Scale);
+    SendMessageW(m_hList, WM_SETFONT, reinterpret_cast<WPARAM>(hFont.get()), TRUE);
+    m_hFont = std::move(hFont);
     Push(m_Form.List1);
     Push(m_Form.txtCmd);
-    return true;
 }
 
 void ChildControls::Push(const forms::Control& Changed) {
@@ -74,8 +81,12 @@ void ChildControls::Push(const forms::Control& Changed) {
 void ChildControls::PushFrame(HWND hChild, const forms::Control& Changed) const {
     const UINT nShow = Changed.Visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
     // A refused move leaves the control where it was; its content is still right.
-    OrReport(SetWindowPos(hChild, HWND_TOP, Changed.Left, Changed.Top, Changed.Width,
-                          Changed.Height, SWP_NOACTIVATE | nShow),
+    const int nLeft = m_Scale.ToMonitor(Changed.Left);
+    const int nTop = m_Scale.ToMonitor(Changed.Top);
+    OrReport(SetWindowPos(hChild, HWND_TOP, nLeft, nTop,
+                          m_Scale.ToMonitor(Changed.Left + Changed.Width) - nLeft,
+                          m_Scale.ToMonitor(Changed.Top + Changed.Height) - nTop,
+                          SWP_NOACTIVATE | nShow),
              "SetWindowPos(child)");
     const BOOL bEnabled = Changed.Enabled ? TRUE : FALSE;
     Unneeded(EnableWindow(hChild, bEnabled));  // returns the earlier state

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/main_form.h"
+#include "platform/scale.h"
 #include "platform/win32/handles.h"
 
 namespace taviro::platform::win32 {
@@ -20,6 +21,9 @@ class ChildControls {
 
     /// Makes both controls in the window. Returns false when the system refuses.
     bool Create(HWND hParent);
+
+    /// The monitor that the controls are shown on from now on.
+    void SetScale(Scale Monitor);
 
     /// Shows the control as it is now, if it is one of the two.
     void Push(const forms::Control& Changed);
@@ -39,6 +43,7 @@ class ChildControls {
     HWND m_hList = nullptr;  // both owned by the main window
     HWND m_hEdit = nullptr;
     UniqueFont m_hFont;
+    Scale m_Scale;
     std::vector<std::wstring> m_ShownItems;
     bool m_bPushing = false;               // the model's text is being written into the box
     std::shared_ptr<const HWND> m_pTaker;  // shared with posted texts: gone with these controls

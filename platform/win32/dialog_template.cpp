@@ -35,8 +35,7 @@ size_t OnDwordBorder(size_t nWords) {
 }
 
 Words FontRecord(const LOGFONTW& Font) {
-    const int nPoints = MulDiv(std::abs(Font.lfHeight), POINTS_PER_INCH,
-                               static_cast<int>(ScreenCapability(LOGPIXELSY)));
+    const int nPoints = MulDiv(std::abs(Font.lfHeight), POINTS_PER_INCH, SystemDpi());
     Words Record{static_cast<WORD>(nPoints), static_cast<WORD>(Font.lfWeight),
                  static_cast<WORD>(Font.lfItalic | (Font.lfCharSet << 8))};
     const std::wstring strFace = static_cast<const wchar_t*>(Font.lfFaceName);

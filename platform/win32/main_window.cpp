@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -13,10 +14,11 @@
 #include "platform/win32/driven_window.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/frame_focus.h"
+#include "platform/win32/main_window_class.h"
 #include "platform/win32/map_painter.h"
 #include "platform/win32/menu_view.h"
 #include "platform/win32/numbers.h"
-#include "platform/win32/resource_ids.h"
+#include "platform/win32/screen.h"
 #include "platform/win32/timer_view.h"
 #include "platform/win32/window_placement.h"
 
@@ -27,7 +29,6 @@ namespace {
 using forms::Aspect;
 using win32::OrReport;
 
-constexpr const wchar_t* CLASS_NAME = L"TaviroMain";
 constexpr DWORD STYLE =
     WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 // Never the active window by itself, whatever a window manager does with new windows; on the
@@ -238,9 +239,21 @@ void OnDestroy() {
     if (bQuit) QuitMessageLoop(0);
 }
 
-/// Lets the window become as narrow as a map of one column.
-void OnSizeLimits(LPARAM lParam) {
-    reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {.x = 1, .y = 1};
+void SetScale(Scale Monitor) {
+    win32::MainWindowScale = Monitor;
+    View->Painter.SetScale(Monitor);
+}
+
+/// Another scale, or another monitor. The window comes where the system proposes, at its own size.
+void OnScale(WORD nDpi, LPARAM lParam) {
+    SetScale({.nDpi = std::max<int32_t>(nDpi, LAYOUT_DPI)});
+    View->Children.SetScale(win32::MainWindowScale);
+    const RECT& Proposed = *reinterpret_cast<const RECT*>(lParam);
+    OrReport(SetWindowPos(View->hWindow, nullptr, Proposed.left, Proposed.top, 0, 0,
+                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE),
+             "SetWindowPos(scale)");
+    FitNow();
+    OrReport(InvalidateRect(View->hWindow, nullptr, FALSE), "InvalidateRect");
 }
 
 /// Returns whether the message was one of ours; nResult is its result then.
@@ -289,8 +302,13 @@ bool HandleMessage(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT& nResult
             OnSize(wParam, lParam);
             return true;
         case WM_GETMINMAXINFO:
-            OnSizeLimits(lParam);
+            // The window may become as narrow as a map of one column.
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {.x = 1, .y = 1};
             return true;
+        case WM_DPICHANGED:
+            OnScale(LOWORD(wParam), lParam);
+            return true;
+        case WM_SETTINGCHANGE:  // among others, a taskbar was moved
         case WM_DISPLAYCHANGE:
             win32::KeepOnScreen(View->hWindow);
             return false;
@@ -329,31 +347,18 @@ LRESULT CALLBACK OnMessage(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lP
     return DefWindowProcW(hWindow, nMessage, wParam, lParam);
 }
 
-bool RegisterMainClass() {
-    WNDCLASSEXW Class{};
-    Class.cbSize = sizeof(Class);
-    Class.lpfnWndProc = OnMessage;
-    Class.hInstance = GetModuleHandleW(nullptr);
-    // A test program has no icon of its own; then the system's stands in.
-    Class.hIcon = LoadIconW(Class.hInstance, MAKEINTRESOURCEW(ICON_PROGRAM));
-    if (Class.hIcon == nullptr) Class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    Class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    Class.lpszClassName = CLASS_NAME;
-    if (RegisterClassExW(&Class) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS) return true;
-    return OrReport(false, "RegisterClassEx");
-}
-
 bool MakeWindow() {
     const HMENU hMenu = View->Menu.Build(View->Form.MenuBar);
     if (hMenu == nullptr) return false;
     View->hWindow = OrReport(
-        CreateWindowExW(EXTENDED_STYLE, CLASS_NAME, View->Form.Caption.Get().c_str(), STYLE, 0, 0,
-                        0, 0, nullptr, hMenu, GetModuleHandleW(nullptr), nullptr),
+        CreateWindowExW(EXTENDED_STYLE, win32::MAIN_CLASS_NAME, View->Form.Caption.Get().c_str(),
+                        STYLE, 0, 0, 0, 0, nullptr, hMenu, GetModuleHandleW(nullptr), nullptr),
         "CreateWindowEx");
     if (View->hWindow == nullptr) {
         Unneeded(DestroyMenu(hMenu));  // no window took it
         return false;
     }
+    SetScale(win32::ScaleOf(View->hWindow));
     return View->Children.Create(View->hWindow);
 }
 
@@ -361,7 +366,7 @@ bool MakeWindow() {
 
 bool OpenMainWindow(forms::MainForm& Form) {
     CloseMainWindow();
-    if (!RegisterMainClass()) return false;
+    if (!win32::RegisterMainClass(OnMessage)) return false;
     View = std::make_unique<MainView>(Form);
     if (!MakeWindow()) {
         CloseMainWindow();

@@ -9,15 +9,7 @@ namespace taviro::platform::win32 {
 
 namespace {
 
-constexpr LONG LEFT_INSET = 2;  // pixels between a left-aligned text and the label's edge
-
-RECT RectangleOf(const forms::Label& Shown) {
-    if (!Shown.Visible) return {};
-    return {.left = Shown.Left,
-            .top = Shown.Top,
-            .right = Shown.Left + Shown.Width,
-            .bottom = Shown.Top + Shown.Height};
-}
+constexpr int32_t LEFT_INSET = 2;  // pixels between a left-aligned text and the label's edge
 
 COLORREF ColourOr(uint32_t nColour, int nSystemColour) {
     return nColour == forms::COLOUR_SYSTEM ? GetSysColor(nSystemColour) : nColour;
@@ -30,6 +22,19 @@ void Fill(HDC hTarget, const RECT& Area, COLORREF nColour) {
 }
 
 }  // namespace
+
+void MapPainter::SetScale(Scale Monitor) {
+    m_Scale = Monitor;
+    m_Fonts.clear();
+}
+
+RECT MapPainter::RectangleOf(const forms::Label& Shown) const {
+    if (!Shown.Visible) return {};
+    return {.left = m_Scale.ToMonitor(Shown.Left),
+            .top = m_Scale.ToMonitor(Shown.Top),
+            .right = m_Scale.ToMonitor(Shown.Left + Shown.Width),
+            .bottom = m_Scale.ToMonitor(Shown.Top + Shown.Height)};
+}
 
 bool MapPainter::Note(const forms::Label& Changed) {
     const bool bFirst = m_Changed.empty();
@@ -101,7 +106,7 @@ void MapPainter::PaintLabel(HDC hTarget, const forms::Label& Shown) {
     if (Shown.TextAlignment == forms::Alignment::Centre) {
         nFormat |= DT_CENTER;
     } else {
-        Area.left += LEFT_INSET;
+        Area.left += m_Scale.ToMonitor(LEFT_INSET);
     }
     OrReport(DrawTextW(hTarget, strCaption.c_str(), static_cast<int>(strCaption.size()), &Area,
                        nFormat) != 0,
@@ -113,7 +118,7 @@ HFONT MapPainter::FontOf(const forms::Label& Shown) {
     for (const auto& [Known, hFont] : m_Fonts) {
         if (Known == Wanted) return hFont.get();
     }
-    UniqueFont hMade = MakeScreenFont(Wanted);
+    UniqueFont hMade = MakeScreenFont(Wanted, m_Scale);
     if (!hMade) return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     m_Fonts.emplace_back(Wanted, std::move(hMade));
     return m_Fonts.back().second.get();

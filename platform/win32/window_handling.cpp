@@ -6,9 +6,11 @@
 #include <memory>
 
 #include "platform/failure.h"
+#include "platform/main_window.h"
 #include "platform/unneeded.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/numbers.h"
+#include "platform/win32/screen.h"
 
 namespace taviro::platform {
 
@@ -24,6 +26,11 @@ static_assert(RDW_INVALIDATE == REDRAW_INVALIDATE && RDW_INTERNALPAINT == REDRAW
 
 HRGN ToRegion(RegionHandle hRegion) {
     return reinterpret_cast<HRGN>(hRegion);  // NOLINT(performance-no-int-to-ptr)
+}
+
+/// Only the main window is laid out in pixels of a layout; all others are as they are.
+Scale LayoutScaleOf(WindowHandle hWindow) {
+    return hWindow == MainWindowHandle() ? win32::MainWindowScale : Scale{};
 }
 
 RECT ToRect(const ScreenRect& Rect) {
@@ -55,16 +62,19 @@ std::wstring WindowTitle(WindowHandle hWindow, int32_t nBufferLength) {
 }
 
 bool SetWindowPosition(WindowHandle hWindow, const WindowPosition& Position) {
+    const Scale Monitor = LayoutScaleOf(hWindow);
     return win32::OrReport(
         SetWindowPos(ToHwnd(hWindow), ToHwnd(Position.hInsertAfter), Position.nLeft, Position.nTop,
-                     Position.nWidth, Position.nHeight, Position.nFlags),
+                     Monitor.ToMonitor(Position.nWidth), Monitor.ToMonitor(Position.nHeight),
+                     Position.nFlags),
         "SetWindowPos");
 }
 
 bool ScreenToClientPoint(WindowHandle hWindow, ScreenPoint& Point) {
     POINT System{.x = Point.nX, .y = Point.nY};
     if (!win32::OrReport(ScreenToClient(ToHwnd(hWindow), &System), "ScreenToClient")) return false;
-    Point = {.nX = System.x, .nY = System.y};
+    const Scale Monitor = LayoutScaleOf(hWindow);
+    Point = {.nX = Monitor.PlaceInLayout(System.x), .nY = Monitor.PlaceInLayout(System.y)};
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/metrics.h"
 #include "platform/win32/failure.h"
+#include "platform/win32/screen.h"
 
 namespace taviro::platform::win32 {
 
@@ -75,6 +76,10 @@ void SetPlace(HWND hWindow, const RECT& Outer, SIZE Size) {
              "SetWindowPos(size)");
 }
 
+SIZE OnMonitor(Scale Monitor, SIZE Layout) {
+    return {.cx = Monitor.ToMonitor(Layout.cx), .cy = Monitor.ToMonitor(Layout.cy)};
+}
+
 }  // namespace
 
 SIZE WantedInnerSize(const forms::Form& Form, SIZE Present) {
@@ -85,9 +90,12 @@ SIZE WantedInnerSize(const forms::Form& Form, SIZE Present) {
 }
 
 void TellInnerSize(forms::Form& Form, SIZE Inner) {
-    Form.Width = Inner.cx * TwipsPerPixelX();
-    Form.Height = (Inner.cy + HeightAround()) * TwipsPerPixelY();
-    Form.SetScale(Inner.cx, Inner.cy);
+    const Scale Monitor = MainWindowScale;
+    const int32_t nWidth = Monitor.ToLayout(Inner.cx);
+    const int32_t nHeight = Monitor.ToLayout(Inner.cy);
+    Form.Width = nWidth * TwipsPerPixelX();
+    Form.Height = (nHeight + HeightAround()) * TwipsPerPixelY();
+    Form.SetScale(nWidth, nHeight);
 }
 
 void FitWindowToForm(HWND hWindow, const forms::Form& Form) {
@@ -97,7 +105,9 @@ void FitWindowToForm(HWND hWindow, const forms::Form& Form) {
         if (GetWindowRect(hWindow, &Outer) == FALSE || GetClientRect(hWindow, &Inner) == FALSE) {
             return;
         }
-        const SIZE Wanted = WantedInnerSize(Form, {.cx = Inner.right, .cy = Inner.bottom});
+        const SIZE Wanted =
+            OnMonitor(MainWindowScale,
+                      WantedInnerSize(Form, {.cx = Form.nScaleWidth, .cy = Form.nScaleHeight}));
         if (Inner.right == Wanted.cx && Inner.bottom == Wanted.cy) return;
         SIZE Size = OuterSize(hWindow, Wanted);
         if (nPass > 0) {  // it did otherwise than it said: correct what is seen

@@ -23,12 +23,13 @@ void CentreOnWorkArea(HWND hWindow);
 /// Shifts the window back into the work area of its monitor.
 void KeepOnScreen(HWND hWindow);
 
-/// The inner size in pixels that the form asks for; in a direction that it has not laid out yet,
-/// the present one.
+/// The inner size in pixels of the layout that the form asks for; in a direction that it has not
+/// laid out yet, the present one.
 SIZE WantedInnerSize(const forms::Form& Form, SIZE Present);
 
-/// Tells the form the inner size that its window really has, after the user's or the system's act.
-/// A later layout then finds that its own size is another one and asks for it again.
+/// Tells the form the inner size that its window really has, in the monitor's pixels, after the
+/// user's or the system's act. A later layout then finds that its own size is another one and asks
+/// for it again.
 void TellInnerSize(forms::Form& Form, SIZE Inner);
 
 }  // namespace taviro::platform::win32

@@ -3,6 +3,7 @@
 editor. Everything ends with it."""
 
 import contextlib
+import subprocess
 
 from automation import Automation
 from display import SCREEN, Display
@@ -50,6 +51,16 @@ class Desktop:
 
         wait_until(is_in_front, lambda: f"{window.caption!r} in front; the manager has "
                    f"{self.display.active_title()!r}", interval=0.2)
+
+    def set_registry(self, key, name, value, kind="REG_SZ"):
+        """A value of the user's registry, for programs that start from now on."""
+        subprocess.run(["wine", "reg", "add", rf"HKCU\{key}", "/v", name, "/t", kind, "/d", str(value),
+                        "/f"], env=self.env, check=True, timeout=60, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL)
+
+    def set_dpi(self, dpi):
+        """The scale of the screen, for programs that start from now on."""
+        self.set_registry(r"Control Panel\Desktop", "LogPixels", dpi, "REG_DWORD")
 
     def automation(self, **options):
         """The stand-in speech engine, reader and relay."""

@@ -87,7 +87,10 @@ class Probe:
 
     def client_origin(self, handle):
         """Where the inner area of a window begins on the screen."""
-        return tuple(map(int, self.ask("client", handle)[0]))
+        return tuple(map(int, self.ask("client", handle)[0][:2]))
+
+    def client_size(self, handle):
+        return tuple(map(int, self.ask("client", handle)[0][2:]))
 
     def foreground(self):
         return int(self.ask("foreground")[0][0])

@@ -7,7 +7,6 @@ import contextlib
 import os
 import pathlib
 import re
-import subprocess
 
 from dialogs import DIALOGS, Dialog, open_dialog, wait_for_dialog
 from harness import new_desktop
@@ -112,9 +111,7 @@ def test_every_stop_of_the_keyboard_is_told_and_every_text_fits(desktop):
 
 def test_twice_the_scaling_cuts_no_text_off():
     with new_desktop(TWICE_THE_SCREEN) as desktop:
-        subprocess.run(["wine", "reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t",
-                        "REG_DWORD", "/d", str(2 * DOTS_PER_INCH), "/f"], env=desktop.env,
-                       check=True, timeout=60, stdout=subprocess.DEVNULL)
+        desktop.set_dpi(2 * DOTS_PER_INCH)
         # A program keeps the scaling that it started with.
         with contextlib.closing(Probe(PROBE, desktop.env)) as desktop.probe:
             program = desktop.program()

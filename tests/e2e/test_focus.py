@@ -2,8 +2,6 @@
 """The editor has the focus again after a menu, a dialog or a click on the frame, with no window manager
 to hand it back."""
 
-import subprocess
-
 import pytest
 
 from dialogs import DIALOGS, Dialog, wait_for_dialog
@@ -20,9 +18,7 @@ ROWS = [(letter, ord(letter.upper())) for letter in "abuvwx"],
 def desktop():
     """Without a window manager; the windows' frames are Wine's own, as they are Windows' own."""
     with new_desktop(managed=False) as opened:
-        subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d",
-                        "N", "/f"], env=opened.env, check=True, timeout=60,
-                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+        opened.set_registry(r"Software\Wine\X11 Driver", "Managed", "N")
         yield opened
 
 

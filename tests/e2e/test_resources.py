@@ -55,8 +55,8 @@ def test_program_asks_for_the_systems_look_and_no_rights(program):
     assert "assemblyIdentity" not in found, "the map is on the screen sooner without it"
     look = {element.tag.split("}")[1]: element for element in xml.fromstring(manifests[2]).iter()}
     assert look["assemblyIdentity"].get("name") == "Microsoft.Windows.Common-Controls"
-    assert found["gdiScaling"].text == "true"
-    assert "dpiAware" not in found  # the system scales the map as a whole
+    assert found["dpiAware"].text == "true"
+    assert found["dpiAwareness"].text == "PerMonitorV2, System"
     supported = [element.get("Id") for element in manifest.iter()
                  if element.tag.endswith("supportedOS")]
     assert [SUPPORTED[name] for name in supported] == ["7", "8", "8.1", "10"]

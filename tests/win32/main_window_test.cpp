@@ -170,6 +170,46 @@ TEST_F(MainWindowTest, Paint_ShowsTheCellsColours_WhenTheHighlightMoves) {
     EXPECT_EQ(Pixel(5, 5), forms::COLOUR_BLACK);
 }
 
+TEST_F(MainWindowTest, Map_IsShownAnew_WhenTheScaleOfItsMonitorChanges) {
+    RemoveUnmeasurableMenu();
+    ShowMap(3, 2);
+    const int32_t nWidth = FrmMain->nScaleWidth;
+    const int32_t nHeight = FrmMain->nScaleHeight;
+    for (const int nDpi : {144, 192, 96}) {
+        RECT Proposed{};
+        ASSERT_NE(GetWindowRect(Window(), &Proposed), FALSE);
+        SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi),
+                     reinterpret_cast<LPARAM>(&Proposed));
+        EXPECT_TRUE(tests::RunMessagesUntil([&] {
+            return Inner().right == MulDiv(nWidth, nDpi, 96) &&
+                   Inner().bottom == MulDiv(nHeight, nDpi, 96);
+        })) << Inner().right
+            << " x " << Inner().bottom;
+        EXPECT_EQ(FrmMain->nScaleWidth, nWidth) << "layouts count as before";
+        EXPECT_EQ(FrmMain->nScaleHeight, nHeight);
+        if (!tests::HasDrawing()) continue;
+        UpdateWindow(Window());
+        EXPECT_EQ(Pixel(MulDiv(CELL_WIDTH, nDpi, 96) - 1, 5), forms::COLOUR_BLACK);
+        EXPECT_EQ(Pixel(MulDiv(CELL_WIDTH, nDpi, 96), 5), GetSysColor(COLOR_BTNFACE));
+    }
+}
+
+TEST_F(MainWindowTest, Window_ComesBackIntoTheWorkArea_WhenItChanges) {
+    ShowMap(3, 2);
+    RECT Work{};
+    ASSERT_NE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &Work, 0), FALSE);
+    for (const UINT nMessage : {UINT{WM_SETTINGCHANGE}, UINT{WM_DISPLAYCHANGE}}) {
+        SetWindowPos(Window(), nullptr, Work.right - 20, Work.bottom - 20, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        EXPECT_TRUE(tests::RunMessagesUntil([&] {
+            RECT Outer{};
+            SendMessageW(Window(), nMessage, SPI_SETWORKAREA, 0);
+            return GetWindowRect(Window(), &Outer) != FALSE && Outer.right <= Work.right &&
+                   Outer.bottom <= Work.bottom;
+        })) << nMessage;
+    }
+}
+
 TEST_F(MainWindowTest, Repaint_IsOfTheChangedCellsOnly_WhenColoursChange) {
     if (!tests::HasDrawing()) GTEST_SKIP() << "no device context on this desktop";
     ShowMap(3, 2);

@@ -27,7 +27,8 @@ std::wstring RunCommand(const Fields& Request) {
 }  // namespace
 
 int main() {
-    SetProcessDPIAware();  // sizes as the system has them, not as it shows them to old programs
+    // Sizes as the screen has them, whatever its scale.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     AnswerCommands(RunCommand);
     return 0;
 }

@@ -78,10 +78,13 @@ std::wstring ListChildren(const Fields& Request) {
     return {};
 }
 
-std::wstring AnswerClientOrigin(const Fields& Request) {
+std::wstring AnswerClientArea(const Fields& Request) {
     POINT Origin = {};
+    RECT Inner = {};
     if (!ClientToScreen(ToWindow(Request[1]), &Origin)) return L"no such window";
-    Answer({std::to_wstring(Origin.x), std::to_wstring(Origin.y)});
+    if (!GetClientRect(ToWindow(Request[1]), &Inner)) return L"no such window";
+    Answer({std::to_wstring(Origin.x), std::to_wstring(Origin.y), std::to_wstring(Inner.right),
+            std::to_wstring(Inner.bottom)});
     return {};
 }
 
@@ -165,7 +168,7 @@ std::wstring WatchCaption(const Fields& Request) {
 const std::vector<Command> WindowCommands = {
     {L"windows", 0, ListWindows},
     {L"children", 1, ListChildren},
-    {L"client", 1, AnswerClientOrigin},
+    {L"client", 1, AnswerClientArea},
     {L"foreground", 0, AnswerForeground},
     {L"activate", 1, Activate},
     {L"place", 5, Place},
