@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files and folders. Paths are Windows paths with backslashes, names are matched without regard to
-// case. No call waits: a locked file fails at once.
+// case. A file that another program holds is waited for half a second, asleep; then the call fails,
+// and at once for any other reason.
 #pragma once
 
 #include <string>

@@ -5,6 +5,10 @@
 
 namespace taviro::predictor {
 
+bool MappedFile::Open(const std::filesystem::path& Path, std::string& strError) {
+    return DoneInSpiteOfHolders([&] { return Map(Path, strError); }, Pause);
+}
+
 bool SaveLearned(const Learned& Own, const std::filesystem::path& Path, std::string& strError,
                  const SaveSteps& Steps) {
     return SaveLearnedText(Own.Write(), Path, strError, Steps);
@@ -16,23 +20,26 @@ bool SaveLearnedText(std::string_view Written, const std::filesystem::path& Path
     std::filesystem::create_directories(Path.parent_path(), Ignored);
     std::filesystem::path Beside = Path;
     Beside += ".new";
-    if (!Steps.pWrite(Beside, Written)) {
+    if (!DoneInSpiteOfHolders([&] { return Steps.pWrite(Beside, Written); }, Steps.pPause)) {
         std::filesystem::remove(Beside, Ignored);
         strError = "The learned words cannot be written.";
         return false;
     }
-    if (Steps.pReplace(Beside, Path)) return true;
+    if (DoneInSpiteOfHolders([&] { return Steps.pReplace(Beside, Path); }, Steps.pPause)) {
+        return true;
+    }
     std::filesystem::remove(Beside, Ignored);
     strError = "The file of learned words cannot be replaced.";
     return false;
 }
 
-bool LoadLearned(const std::filesystem::path& Path, Learned& Own, std::string& strError) {
+LearnedFile LoadLearned(const std::filesystem::path& Path, Learned& Own, std::string& strError) {
     Own.Forget();
     std::error_code Error;
-    if (!std::filesystem::exists(Path, Error) && !Error) return true;
+    if (!std::filesystem::exists(Path, Error) && !Error) return LearnedFile::Read;
     MappedFile File;
-    return File.Open(Path, strError) && Own.Read(File.Bytes(), strError);
+    if (!File.Open(Path, strError)) return LearnedFile::Unreadable;
+    return Own.Read(File.Bytes(), strError) ? LearnedFile::Read : LearnedFile::Damaged;
 }
 
 }  // namespace taviro::predictor

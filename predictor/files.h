@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The two ways in which the predictor touches files: the dictionary is mapped and read where it
 // lies, the learned words are replaced whole, so that a crash at any moment leaves either the old
-// file or the new one.
+// file or the new one. A file that another program holds, a virus scanner or a backup, is waited
+// for half a second.
 #pragma once
 
 #include <filesystem>
@@ -12,6 +13,27 @@
 #include "predictor/learned.h"
 
 namespace taviro::predictor {
+
+/// What a step with a file came to.
+enum class FileStep { Done, Failed, Held };
+
+using PauseStep = void (*)(unsigned nMilliseconds);
+/// Sleeps.
+void Pause(unsigned nMilliseconds);
+
+/// Tries a step until it is done, fails for another reason than that the file is held, or half a
+/// second is over.
+template <class Step>
+[[nodiscard]] bool DoneInSpiteOfHolders(Step Try, PauseStep pPause) {
+    constexpr int TRIES = 11;
+    constexpr unsigned PAUSE_MS = 50;
+    FileStep nResult = Try();
+    for (int nTry = 1; nResult == FileStep::Held && nTry < TRIES; ++nTry) {
+        pPause(PAUSE_MS);
+        nResult = Try();
+    }
+    return nResult == FileStep::Done;
+}
 
 /// A file's bytes in memory for as long as the object lives.
 class MappedFile {
@@ -26,17 +48,20 @@ class MappedFile {
     [[nodiscard]] std::string_view Bytes() const { return m_Bytes; }
 
   private:
+    [[nodiscard]] FileStep Map(const std::filesystem::path& Path, std::string& strError);
+
     struct Mapping;
     std::unique_ptr<Mapping> m_pMapping;
     std::string_view m_Bytes;
 };
 
-/// The steps of a save, so that a test can let each of them fail. Each returns false on failure.
+/// The steps of a save, so that a test can let each of them fail.
 struct SaveSteps {
     /// Writes a new file that only the user may read, and waits until it is on the disk.
-    bool (*pWrite)(const std::filesystem::path& Path, std::string_view Bytes);
+    FileStep (*pWrite)(const std::filesystem::path& Path, std::string_view Bytes);
     /// Puts the first file in the place of the second in one step.
-    bool (*pReplace)(const std::filesystem::path& From, const std::filesystem::path& To);
+    FileStep (*pReplace)(const std::filesystem::path& From, const std::filesystem::path& To);
+    PauseStep pPause = Pause;
 };
 /// The real ones.
 [[nodiscard]] const SaveSteps& SystemSteps();
@@ -48,9 +73,12 @@ struct SaveSteps {
 [[nodiscard]] bool SaveLearnedText(std::string_view Written, const std::filesystem::path& Path,
                                    std::string& strError, const SaveSteps& Steps = SystemSteps());
 
-/// Loads the learned words. A file that is not there yet is an empty one. Returns false with a
-/// sentence when it is there and unreadable or none: then nothing is learned yet.
-[[nodiscard]] bool LoadLearned(const std::filesystem::path& Path, Learned& Own,
-                               std::string& strError);
+/// How the learned words were found.
+enum class LearnedFile { Read, Unreadable, Damaged };
+
+/// Loads the learned words. A file that is not there yet is an empty one. When it cannot be read,
+/// or is no file of learned words, it says so with a sentence; then nothing is learned yet.
+[[nodiscard]] LearnedFile LoadLearned(const std::filesystem::path& Path, Learned& Own,
+                                      std::string& strError);
 
 }  // namespace taviro::predictor

@@ -79,16 +79,16 @@ std::vector<std::string> Service::Open(const ServiceFiles& Files, std::wstring s
     return Complaints;
 }
 
-// A damaged file is set aside, where its owner may find it; one that cannot even be moved is not
-// written over.
+// A damaged file is set aside, where its owner may find it. One that cannot be moved, or that
+// somebody holds and that may be whole, is not written over.
 void Service::LoadWords(std::vector<std::string>& Complaints) {
     std::string strError;
-    if (!LoadLearned(m_Files.Learned, m_Own, strError)) {
-        Complaints.push_back(About(m_Files.Learned, strError));
+    const LearnedFile nFound = LoadLearned(m_Files.Learned, m_Own, strError);
+    if (nFound != LearnedFile::Read) Complaints.push_back(About(m_Files.Learned, strError));
+    if (nFound == LearnedFile::Unreadable) m_bSaves = false;
+    if (nFound == LearnedFile::Damaged && m_bSaves) {
         std::error_code Error;
-        if (m_bSaves) {
-            std::filesystem::rename(m_Files.Learned, Beside(m_Files.Learned, ASIDE), Error);
-        }
+        std::filesystem::rename(m_Files.Learned, Beside(m_Files.Learned, ASIDE), Error);
         if (Error) m_bSaves = false;
     }
     m_Own.Link(m_Words);

@@ -18,6 +18,7 @@
 #include "platform/device_questions.h"
 #include "platform/driven_window.h"
 #include "platform/headless/failure_orders.h"
+#include "platform/headless/file_holders.h"
 #include "platform/headless/keyboard_layouts.h"
 #include "platform/headless/memory_files.h"
 #include "platform/joystick.h"
@@ -193,6 +194,7 @@ struct DesktopState {
 
     // Files, shell, processes, windows.
     MemoryFiles Files;
+    FileHolders Holders;
     std::wstring strProgramFolder = L"C:\\Program Files\\Taviro";
     std::map<int32_t, std::wstring> SpecialFolders;
     std::vector<uintptr_t> FolderOwners;  ///< owner windows handed to the folder query

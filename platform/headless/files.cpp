@@ -27,10 +27,18 @@ const std::wstring& PathOf(FileHandle hFile) {
     return Desktop.WrittenFiles.at(hFile - 1);
 }
 
-bool CopyFile(const std::wstring& strFrom, const std::wstring& strTo) {
-    std::string strBytes;
-    return !Fails("CopyFolderFiles", strFrom) && Desktop.Files.Read(strFrom, strBytes) &&
-           Desktop.Files.Write(strTo, strBytes);
+bool IsHeld(const std::wstring& strPath) {
+    if (!Desktop.Files.FileExists(strPath)) return false;
+    return Desktop.Files.IsLocked(strPath) || Desktop.Holders.Holds(strPath, Desktop.nNow);
+}
+
+FileError ErrorUnless(bool bDone) {
+    return bDone ? 0 : CODE_FAILED;
+}
+
+FileHandle HandleOf(const std::wstring& strPath) {
+    Desktop.WrittenFiles.push_back(strPath);
+    return Desktop.WrittenFiles.size();
 }
 
 }  // namespace
@@ -52,22 +60,44 @@ bool CopyFolderFiles(const std::wstring& strFromFolder, const std::wstring& strT
     Desktop.Record("copy " + ToUtf8(strFromFolder) + "\\*.* to " + ToUtf8(strToFolder));
     const std::wstring strFrom = strFromFolder + L"\\";
     const std::wstring strTo = strToFolder + L"\\";
-    bool bDone = Desktop.Files.FolderExists(strFromFolder);
+    bool bDone = Reported(Desktop.Files.FolderExists(strFromFolder), __func__);
     for (const std::wstring& strName : Desktop.Files.List(strFrom + L"*"))
-        bDone = bDone && CopyFile(strFrom + strName, strTo + strName);
-    return Reported(bDone, __func__);
+        bDone = bDone && CopyInSpiteOfHolders(strFrom + strName, strTo + strName);
+    return bDone;
 }
 
 bool ReadFileBytes(const std::wstring& strPath, std::string& strBytes) {
-    if (!Desktop.Files.FileExists(strPath)) return false;  // an answer, no failure
-    return Reported(!Fails(__func__, strPath) && Desktop.Files.Read(strPath, strBytes), __func__);
+    return ReadInSpiteOfHolders(strPath, strBytes);
 }
 
-FileHandle CreateNewFile(const std::wstring& strPath) {
-    const bool bDone = !Fails(__func__, strPath) && Desktop.Files.Write(strPath, "");
-    if (!Reported(bDone, __func__)) return 0;
-    Desktop.WrittenFiles.push_back(strPath);
-    return Desktop.WrittenFiles.size();
+FileError ReadWholeFile(const std::wstring& strPath, std::string& strBytes) {
+    if (!Desktop.Files.FileExists(strPath)) return FILE_NOT_FOUND;
+    if (IsHeld(strPath)) return FILE_SHARING_VIOLATION;
+    return ErrorUnless(!Fails("ReadFileBytes", strPath) && Desktop.Files.Read(strPath, strBytes));
+}
+
+FileError CopyOneFile(const std::wstring& strFrom, const std::wstring& strTo) {
+    if (IsHeld(strFrom) || IsHeld(strTo)) return FILE_SHARING_VIOLATION;
+    std::string strBytes;
+    const bool bDone = !Fails("CopyFolderFiles", strFrom) &&
+                       Desktop.Files.Read(strFrom, strBytes) &&
+                       Desktop.Files.Write(strTo, strBytes);
+    if (bDone) Desktop.Holders.Take(strTo, Desktop.nNow);
+    return ErrorUnless(bDone);
+}
+
+FileError CreateNewFile(const std::wstring& strPath, FileHandle& hFile) {
+    if (IsHeld(strPath)) return FILE_SHARING_VIOLATION;
+    if (Fails(__func__, strPath) || !Desktop.Files.Write(strPath, "")) return CODE_FAILED;
+    hFile = HandleOf(strPath);
+    return 0;
+}
+
+FileError OpenToAppend(const std::wstring& strPath, FileHandle& hFile) {
+    if (IsHeld(strPath)) return FILE_SHARING_VIOLATION;
+    if (Fails("AppendFileBytes", strPath) || !Desktop.Files.Append(strPath, "")) return CODE_FAILED;
+    hFile = HandleOf(strPath);
+    return 0;
 }
 
 bool WriteToFile(FileHandle hFile, std::string_view strBytes) {
@@ -80,15 +110,22 @@ bool FlushFile(FileHandle hFile) {
                     __func__);
 }
 
-void CloseFile(FileHandle /*hFile*/) {}
-
-bool RenameFile(const std::wstring& strFrom, const std::wstring& strTo) {
-    return Reported(!Fails(__func__, strTo) && Desktop.Files.Move(strFrom, strTo), __func__);
+void CloseFile(FileHandle hFile) {
+    Desktop.Holders.Take(PathOf(hFile), Desktop.nNow);
 }
 
-bool RemoveFile(const std::wstring& strPath) {
-    if (!Desktop.Files.FileExists(strPath)) return false;  // an answer, no failure
-    return Reported(!Fails(__func__, strPath) && Desktop.Files.Remove(strPath), __func__);
+FileError RenameFile(const std::wstring& strFrom, const std::wstring& strTo) {
+    if (IsHeld(strFrom)) return FILE_SHARING_VIOLATION;
+    if (IsHeld(strTo)) return FILE_ACCESS_DENIED;
+    if (Fails(__func__, strTo) || !Desktop.Files.Move(strFrom, strTo)) return CODE_FAILED;
+    Desktop.Holders.Take(strTo, Desktop.nNow);
+    return 0;
+}
+
+FileError RemoveFile(const std::wstring& strPath) {
+    if (!Desktop.Files.FileExists(strPath)) return FILE_NOT_FOUND;
+    if (IsHeld(strPath)) return FILE_SHARING_VIOLATION;
+    return ErrorUnless(!Fails(__func__, strPath) && Desktop.Files.Remove(strPath));
 }
 
 bool IsReadOnly(const std::wstring& strPath) {
@@ -106,15 +143,15 @@ bool ReplaceFileBytes(const std::wstring& strPath, std::string_view strBytes) {
 }
 
 bool AppendFileBytes(const std::wstring& strPath, std::string_view strBytes) {
-    const bool bDone = !Fails(__func__, strPath) && Desktop.Files.Append(strPath, strBytes);
+    const bool bDone = AppendInSteps(strPath, strBytes);
     Desktop.Record((bDone ? "append to " : "cannot append to ") + ToUtf8(strPath));
-    return Reported(bDone, __func__);
+    return bDone;
 }
 
 bool MoveFileTo(const std::wstring& strFrom, const std::wstring& strTo) {
-    const bool bDone = !Fails(__func__, strFrom) && Desktop.Files.Move(strFrom, strTo);
+    const bool bDone = !Desktop.Refuses(__func__, strFrom) && MoveInSpiteOfHolders(strFrom, strTo);
     Desktop.Record((bDone ? "move " : "cannot move ") + ToUtf8(strFrom) + " to " + ToUtf8(strTo));
-    return Reported(bDone, __func__);
+    return bDone;
 }
 
 std::vector<std::wstring> ListFiles(const std::wstring& strPattern) {

@@ -172,6 +172,11 @@ void MemoryFiles::Lock(std::wstring_view strPath, bool bLocked) {
     if (Node* pNode = Find(strPath)) pNode->bLocked = bLocked;
 }
 
+bool MemoryFiles::IsLocked(std::wstring_view strPath) const {
+    const Node* pNode = Find(strPath);
+    return pNode != nullptr && pNode->bLocked;
+}
+
 void MemoryFiles::SetReadOnly(std::wstring_view strPath, bool bReadOnly) {
     if (Node* pNode = Find(strPath)) pNode->bReadOnly = bReadOnly;
 }

@@ -37,6 +37,7 @@ class MemoryFiles {
     /// While locked, a file cannot be read, written, moved or removed, as if another program held
     /// it.
     void Lock(std::wstring_view strPath, bool bLocked = true);
+    bool IsLocked(std::wstring_view strPath) const;
     void SetReadOnly(std::wstring_view strPath, bool bReadOnly = true);
     bool IsReadOnly(std::wstring_view strPath) const;
     /// The power goes: of what was not flushed, half is lost, or all where that is one byte.

@@ -28,24 +28,15 @@ constexpr DWORD MAX_CHUNK = 16U << 20U;  // bytes a call; some network drives re
 constexpr DWORD NOT_NORMAL =
     FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
-/// That nothing has this name, or could have it, is an answer.
-void ReportUnlessAbsent(DWORD nError, const char* szCall) {
-    const bool bAbsent = nError == ERROR_FILE_NOT_FOUND || nError == ERROR_PATH_NOT_FOUND ||
-                         nError == ERROR_INVALID_NAME || nError == ERROR_BAD_PATHNAME;
-    if (!bAbsent) ReportFailure(szCall, nError);
+FileError ErrorUnless(BOOL bDone) {
+    return bDone != FALSE ? 0 : GetLastError();
 }
 
-win32::UniqueHandle OpenFile(const std::wstring& strPath, DWORD nAccess, DWORD nShare,
-                             DWORD nDisposition) {
-    const HANDLE hFile = CreateFileW(strPath.c_str(), nAccess, nShare, nullptr, nDisposition,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (hFile != INVALID_HANDLE_VALUE) return win32::UniqueHandle(hFile);
-    if (nDisposition == OPEN_EXISTING) {
-        ReportUnlessAbsent(GetLastError(), "CreateFile(reading)");
-    } else {
-        win32::OrReport(false, "CreateFile(writing)");
-    }
-    return {};
+FileError OpenFile(const std::wstring& strPath, DWORD nAccess, DWORD nShare, DWORD nDisposition,
+                   win32::UniqueHandle& hFile) {
+    hFile = win32::OwnUnlessInvalid(CreateFileW(strPath.c_str(), nAccess, nShare, nullptr,
+                                                nDisposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return ErrorUnless(hFile != nullptr);
 }
 
 bool WriteAll(HANDLE hFile, std::string_view strBytes) {
@@ -66,7 +57,7 @@ bool Search(const std::wstring& strPattern, TTake Take) {
     const HANDLE hFirst = FindFirstFileW(strPattern.c_str(), &Entry);
     if (hFirst == INVALID_HANDLE_VALUE) {
         const DWORD nError = GetLastError();
-        ReportUnlessAbsent(nError, "FindFirstFile");
+        if (!IsAbsent(nError)) ReportFailure("FindFirstFile", nError);
         return nError == ERROR_FILE_NOT_FOUND;
     }
     const win32::UniqueFind hFind(hFirst);
@@ -109,6 +100,10 @@ bool CreateFolder(const std::wstring& strPath) {
     return win32::OrReport(CreateDirectoryW(strPath.c_str(), nullptr), "CreateDirectory");
 }
 
+FileError CopyOneFile(const std::wstring& strFrom, const std::wstring& strTo) {
+    return ErrorUnless(CopyFileW(strFrom.c_str(), strTo.c_str(), FALSE));
+}
+
 bool CopyFolderFiles(const std::wstring& strFromFolder, const std::wstring& strToFolder) {
     bool bAllCopied = true;
     const auto CopyOne = [&](const WIN32_FIND_DATAW& Entry) {
@@ -116,38 +111,53 @@ bool CopyFolderFiles(const std::wstring& strFromFolder, const std::wstring& strT
         const std::wstring strName = Entry.cFileName;
         const std::wstring strTarget = strToFolder + L"\\" + strName;
         const std::wstring strSource = strFromFolder + L"\\" + strName;
-        bAllCopied =
-            win32::OrReport(CopyFileW(strSource.c_str(), strTarget.c_str(), FALSE), "CopyFile") &&
-            MakeWritable(strTarget);
+        bAllCopied = CopyInSpiteOfHolders(strSource, strTarget) && MakeWritable(strTarget);
         return bAllCopied;
     };
     return Search(strFromFolder + L"\\*", CopyOne) && bAllCopied;
 }
 
-bool ReadFileBytes(const std::wstring& strPath, std::string& strBytes) {
-    const win32::UniqueHandle hFile = OpenFile(strPath, GENERIC_READ, SHARE_ALL, OPEN_EXISTING);
+FileError ReadWholeFile(const std::wstring& strPath, std::string& strBytes) {
+    win32::UniqueHandle hFile;
+    const FileError nError = OpenFile(strPath, GENERIC_READ, SHARE_ALL, OPEN_EXISTING, hFile);
+    if (nError != 0) return nError;
     LARGE_INTEGER nSize{};
-    if (!hFile || !win32::OrReport(GetFileSizeEx(hFile.get(), &nSize), "GetFileSizeEx")) {
-        return false;
+    if (GetFileSizeEx(hFile.get(), &nSize) == FALSE) return GetLastError();
+    if (static_cast<uint64_t>(nSize.QuadPart) > std::numeric_limits<int32_t>::max()) {
+        return ERROR_FILE_TOO_LARGE;
     }
-    if (static_cast<uint64_t>(nSize.QuadPart) > std::numeric_limits<int32_t>::max()) return false;
     std::string strRead(static_cast<size_t>(nSize.QuadPart), '\0');
     size_t nDone = 0;
     while (nDone < strRead.size()) {
         const auto nChunk = static_cast<DWORD>(std::min<size_t>(strRead.size() - nDone, MAX_CHUNK));
         DWORD nRead = 0;
         const BOOL bDone = ::ReadFile(hFile.get(), strRead.data() + nDone, nChunk, &nRead, nullptr);
-        if (!win32::OrReport(bDone, "ReadFile")) return false;
+        if (bDone == FALSE) return GetLastError();
         if (nRead == 0) break;  // became shorter meanwhile
         nDone += nRead;
     }
     strRead.resize(nDone);
     strBytes = std::move(strRead);
-    return true;
+    return 0;
 }
 
-FileHandle CreateNewFile(const std::wstring& strPath) {
-    return win32::ToNumber(OpenFile(strPath, GENERIC_WRITE, 0, CREATE_ALWAYS).release());
+bool ReadFileBytes(const std::wstring& strPath, std::string& strBytes) {
+    return ReadInSpiteOfHolders(strPath, strBytes);
+}
+
+FileError CreateNewFile(const std::wstring& strPath, FileHandle& hFile) {
+    win32::UniqueHandle hOpened;
+    const FileError nError = OpenFile(strPath, GENERIC_WRITE, 0, CREATE_ALWAYS, hOpened);
+    hFile = win32::ToNumber(hOpened.release());
+    return nError;
+}
+
+FileError OpenToAppend(const std::wstring& strPath, FileHandle& hFile) {
+    win32::UniqueHandle hOpened;
+    const FileError nError =
+        OpenFile(strPath, FILE_APPEND_DATA, FILE_SHARE_READ, OPEN_ALWAYS, hOpened);
+    hFile = win32::ToNumber(hOpened.release());
+    return nError;
 }
 
 bool WriteToFile(FileHandle hFile, std::string_view strBytes) {
@@ -162,16 +172,13 @@ void CloseFile(FileHandle hFile) {
     const win32::UniqueHandle Closed(ToHandle(hFile));
 }
 
-bool RenameFile(const std::wstring& strFrom, const std::wstring& strTo) {
-    return win32::OrReport(MoveFileExW(strFrom.c_str(), strTo.c_str(),
-                                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH),
-                           "MoveFileEx");
+FileError RenameFile(const std::wstring& strFrom, const std::wstring& strTo) {
+    return ErrorUnless(MoveFileExW(strFrom.c_str(), strTo.c_str(),
+                                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
-bool RemoveFile(const std::wstring& strPath) {
-    if (DeleteFileW(strPath.c_str()) != FALSE) return true;
-    ReportUnlessAbsent(GetLastError(), "DeleteFile");
-    return false;
+FileError RemoveFile(const std::wstring& strPath) {
+    return ErrorUnless(DeleteFileW(strPath.c_str()));
 }
 
 bool IsReadOnly(const std::wstring& strPath) {
@@ -189,13 +196,11 @@ bool ReplaceFileBytes(const std::wstring& strPath, std::string_view strBytes) {
 }
 
 bool AppendFileBytes(const std::wstring& strPath, std::string_view strBytes) {
-    const win32::UniqueHandle hFile =
-        OpenFile(strPath, FILE_APPEND_DATA, FILE_SHARE_READ, OPEN_ALWAYS);
-    return hFile && WriteAll(hFile.get(), strBytes);
+    return AppendInSteps(strPath, strBytes);
 }
 
 bool MoveFileTo(const std::wstring& strFrom, const std::wstring& strTo) {
-    return RenameFile(strFrom, strTo);
+    return MoveInSpiteOfHolders(strFrom, strTo);
 }
 
 std::vector<std::wstring> ListFiles(const std::wstring& strPattern) {

@@ -18,11 +18,20 @@ using platform::headless::Desktop;
 using platform::headless::DesktopState;
 using platform::headless::Effect;
 
+namespace {
+
+// Nearly half a second: a save and the start after it wait, and the clock of the log stays in its
+// second.
+constexpr uint32_t HELD_FOR_MS = 450;
+
+}  // namespace
+
 ScenarioRun::ScenarioRun(std::filesystem::path Path, const RunOptions& Options, Printer Print)
     : m_Path(std::move(Path)), m_Options(Options), m_Print(std::move(Print)) {
     Desktop = DesktopState{};
     Desktop.Keyboard.hLayout = m_Options.hLayout;
     Desktop.Keyboard.bNumLock = m_Options.bNumLock;
+    if (m_Options.bHeld) Desktop.Holders.nHeldForMs = HELD_FOR_MS;
     ResetProgram();
     m_nBeginning = Desktop.nNow;
     InstallSpeechEngine(pStandIns);
@@ -60,6 +69,12 @@ void ScenarioRun::RunStep(const Step& Next) {
     }
     const bool bExpectation = nExpectations != nExpectedBefore;
     if (m_Options.bMap && bProgramRuns && !bExpectation && !m_bMapPrinted) PrintMap();
+}
+
+void ScenarioRun::LeaveOut(uint32_t nWaitedMs) {
+    m_nBeginning += nWaitedMs;
+    for (Effect& Done : Desktop.Transcript)
+        Done.nTime = Desktop.nNow;
 }
 
 void ScenarioRun::PrintMap() {

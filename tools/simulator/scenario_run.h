@@ -26,6 +26,7 @@ struct RunOptions {
     /// The keyboard layout of the programs in front.
     platform::LayoutHandle hLayout = platform::headless::CZECH_LAYOUT;
     bool bNumLock = false;
+    bool bHeld = false;  ///< a virus scanner holds each file that was written
 };
 
 using Printer = std::function<void(std::string_view)>;
@@ -49,6 +50,9 @@ class ScenarioRun {
     void Break(const Step& At, const std::string& strText);
     /// Milliseconds since the scenario's beginning.
     uint32_t Elapsed(uint32_t nTime) const { return nTime - m_nBeginning; }
+    /// The program has started, after a wait for held files: a scenario's times count as if there
+    /// had been none.
+    void LeaveOut(uint32_t nWaitedMs);
     std::filesystem::path Folder() const { return m_Path.parent_path(); }
     /// Unless the run is quiet.
     void PrintMap();

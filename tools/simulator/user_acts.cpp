@@ -76,7 +76,9 @@ void StartProgram(ScenarioRun& Run, const Step& Given) {
     if (Run.bStartedBefore) ResetProgram();
     Unneeded(platform::OpenMainWindow(*FrmMain));  // the virtual desktop never refuses
     BindMainForm();
+    const uint32_t nBefore = Desktop.nNow;
     Main();
+    Run.LeaveOut(Desktop.nNow - nBefore);
     Run.bProgramRuns = FrmMain->IsLoaded();  // not when another instance runs
     Run.bStartedBefore = true;
 }

@@ -174,9 +174,11 @@ const Probe PROBES[] = {
          return !ReplaceFileBytes(PROBED_FILE, "new") && NothingIsLeftBeside();
      }},
     {"AppendFileBytes",
-     [] { return AppendFileBytes(PROBED_FILE, "+") && Reads(PROBED_FILE, "old+"); }},
+     [] { return AppendFileBytes(PROBED_FILE, "+") && Reads(PROBED_FILE, "old+"); },
+     {"WriteToFile"}},
     {"MoveFileTo",
-     [] { return MoveFileTo(PROBED_FILE, L"C:\\d\\to") && Reads(L"C:\\d\\to", "old"); }},
+     [] { return MoveFileTo(PROBED_FILE, L"C:\\d\\to") && Reads(L"C:\\d\\to", "old"); },
+     {"RenameFile"}},
     {"ListFiles", [] { return ListFiles(L"C:\\d\\f*").size() == 1; }},
     {"GetPointer",
      [] {

@@ -45,12 +45,12 @@ TEST_F(PredictorFile, Save_MakesFolderAndFileAndNothingElse) {
     EXPECT_EQ(Stored(), Own.Write());
     EXPECT_EQ(FilesInFolder(), 1U);
     Learned Back;
-    EXPECT_TRUE(LoadLearned(Path(), Back, strError));
+    EXPECT_EQ(LoadLearned(Path(), Back, strError), LearnedFile::Read);
     EXPECT_EQ(Back.Write(), Own.Write());
 }
 
 TEST_F(PredictorFile, MissingFile_IsNothingLearned) {
-    EXPECT_TRUE(LoadLearned(Path(), Own, strError));
+    EXPECT_EQ(LoadLearned(Path(), Own, strError), LearnedFile::Read);
     EXPECT_TRUE(Own.IsEmpty());
 }
 
@@ -69,11 +69,11 @@ TEST_F(PredictorFile, FailingSave_LeavesTheOldFile) {
     const SaveSteps WriteFails{[](const fs::path& Target, std::string_view Bytes) {
                                    std::ofstream(Target, std::ios::binary)
                                        << Bytes.substr(0, Bytes.size() / 2);
-                                   return false;
+                                   return FileStep::Failed;
                                },
                                SystemSteps().pReplace};
     const SaveSteps ReplaceFails{SystemSteps().pWrite,
-                                 [](const fs::path&, const fs::path&) { return false; }};
+                                 [](const fs::path&, const fs::path&) { return FileStep::Failed; }};
     for (const SaveSteps& Steps : {WriteFails, ReplaceFails}) {
         strError.clear();
         EXPECT_FALSE(SaveLearned(Own, Path(), strError, Steps));
@@ -85,13 +85,60 @@ TEST_F(PredictorFile, FailingSave_LeavesTheOldFile) {
     EXPECT_EQ(Stored(), Own.Write());
 }
 
+class PredictorHeldFile : public PredictorFile {
+  protected:
+    PredictorHeldFile() { nHeldMs = nPausedMs = 0; }
+    /// Steps with a file that is held until so much time was slept.
+    static FileStep Write(const fs::path& Target, std::string_view Bytes) {
+        return nPausedMs < nHeldMs ? FileStep::Held : SystemSteps().pWrite(Target, Bytes);
+    }
+    static FileStep Replace(const fs::path& From, const fs::path& To) {
+        return nPausedMs < nHeldMs ? FileStep::Held : SystemSteps().pReplace(From, To);
+    }
+    static void Sleep(unsigned nMilliseconds) { nPausedMs += nMilliseconds; }
+    inline static unsigned nHeldMs;
+    inline static unsigned nPausedMs;
+};
+
+TEST_F(PredictorHeldFile, IsWaitedFor_InEachStep) {
+    const SaveSteps WriteIsHeld{Write, SystemSteps().pReplace, Sleep};
+    const SaveSteps ReplaceIsHeld{SystemSteps().pWrite, Replace, Sleep};
+    for (const SaveSteps& Steps : {WriteIsHeld, ReplaceIsHeld}) {
+        nPausedMs = 0;
+        nHeldMs = 500;
+        EXPECT_TRUE(SaveLearned(Own, Path(), strError, Steps));
+        EXPECT_EQ(nPausedMs, nHeldMs);
+        EXPECT_EQ(Stored(), Own.Write());
+        nHeldMs = 100000;
+        EXPECT_FALSE(SaveLearned(Own, Path(), strError, Steps));
+        EXPECT_EQ(Stored(), Own.Write());
+        EXPECT_EQ(FilesInFolder(), 1U);
+    }
+}
+
+TEST_F(PredictorHeldFile, OtherFailure_IsNotWaitedFor) {
+    const SaveSteps Fails{[](const fs::path&, std::string_view) { return FileStep::Failed; },
+                          SystemSteps().pReplace, Sleep};
+    EXPECT_FALSE(SaveLearned(Own, Path(), strError, Fails));
+    EXPECT_EQ(nPausedMs, 0U);
+}
+
+// A folder of its name cannot be opened either, like a file that somebody holds.
+TEST_F(PredictorHeldFile, IsNotTakenForDamaged) {
+    fs::create_directories(Path());
+    EXPECT_EQ(LoadLearned(Path(), Own, strError), LearnedFile::Unreadable);
+    fs::remove(Path());
+    std::ofstream(Path(), std::ios::binary) << "nothing that was learned";
+    EXPECT_EQ(LoadLearned(Path(), Own, strError), LearnedFile::Damaged);
+}
+
 TEST_F(PredictorFile, HalfFileOfACrash_IsPassedOver) {
     ASSERT_TRUE(SaveLearned(Own, Path(), strError));
     fs::path Beside = Path();
     Beside += ".new";
     std::ofstream(Beside, std::ios::binary) << "Taviro lear";
     Learned Back;
-    EXPECT_TRUE(LoadLearned(Path(), Back, strError));
+    EXPECT_EQ(LoadLearned(Path(), Back, strError), LearnedFile::Read);
     EXPECT_EQ(Back.Write(), Own.Write());
     EXPECT_TRUE(SaveLearned(Own, Path(), strError));
     EXPECT_EQ(FilesInFolder(), 1U);
@@ -101,7 +148,7 @@ TEST_F(PredictorFile, TargetThatCannotBeReplaced_IsReported) {
     fs::create_directories(Path() / "taken");
     EXPECT_FALSE(SaveLearned(Own, Path(), strError));
     EXPECT_EQ(strError, "The file of learned words cannot be replaced.");
-    EXPECT_FALSE(LoadLearned(Path(), Own, strError));
+    EXPECT_EQ(LoadLearned(Path(), Own, strError), LearnedFile::Unreadable);
     EXPECT_TRUE(Own.IsEmpty());
 }
 
