@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/entered_text.h"
 
-#include "platform/text.h"
-
 namespace taviro {
 
 namespace {
@@ -24,7 +22,7 @@ std::wstring OneLine(const std::wstring& strEntered) {
         if (bPair) continue;  // the two make one line break
         strLine += IsControl(strEntered[i]) ? L' ' : strEntered[i];
     }
-    return platform::FromAnsi(platform::ToAnsi(strLine));
+    return strLine;
 }
 
 void AdmitAs(forms::TextBox& Box, std::wstring (*Storable)(const std::wstring&)) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a user may enter where the text goes into a line of a Windows-1250 file. What the file
-// cannot hold does not get into the box, or is seen to turn into something that it can.
+// What a user may enter where the text goes into one line of a file. What the line cannot hold does
+// not get into the box, or is seen to turn into something that it can.
 #pragma once
 
 #include <string>
@@ -9,8 +9,7 @@
 
 namespace taviro {
 
-/// The text as one line of the code page: a line break, or another control character, becomes a
-/// blank; a letter that the code page lacks becomes "?".
+/// The text as one line: a line break, or another control character, becomes a blank.
 std::wstring OneLine(const std::wstring& strEntered);
 
 /// Lets every text that a user enters pass through Storable on its way into the box. A text that

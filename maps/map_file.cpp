@@ -125,6 +125,19 @@ bool HasCellsBehindItsEnd(const MapGrid& Grid) {
     return false;
 }
 
+// Whether the code page lacks a character of a cell, of a person's name in a path for one.
+bool NeedsUnicode(const MapGrid& Grid) {
+    for (int32_t nRow = 1; nRow <= MAP_ROWS; ++nRow) {
+        for (int32_t nColumn = 1; nColumn <= MAP_COLUMNS; ++nColumn) {
+            const MapCell& Cell = *Grid.Cell(nColumn, nRow);
+            if (!platform::IsInCodePage(Cell.Caption) || !platform::IsInCodePage(Cell.Command)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 // Moves a file that holds more than the map out of the way, so that a save does not destroy it.
 bool KeepAside(const std::wstring& strPath) {
     std::wstring strKept = strPath + L".bak";
@@ -207,6 +220,7 @@ void SaveCell(int32_t nColumn, int32_t nRow, const MapCell& Cell) {
         strPath = MapPath(L"");
     }
     if (Grid.bFileHoldsMore && !KeepAside(strPath)) return;
+    Grid.bUnicodeFile = Grid.bUnicodeFile || NeedsUnicode(Grid);
     if (platform::ReplaceFileBytes(strPath, WriteMapText(Grid))) Grid.bFileHoldsMore = false;
 }
 

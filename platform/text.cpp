@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -9,7 +10,8 @@ namespace taviro::platform {
 namespace {
 
 constexpr unsigned FIRST_HIGH_BYTE = 0x80;
-constexpr wchar_t REPLACEMENT = 0xFFFD;
+constexpr uint32_t REPLACEMENT = 0xFFFD;
+constexpr uint32_t LAST_CHARACTER = 0x10FFFF;
 
 /// Windows-1250: the characters of the bytes 80 to FF hex. The undefined bytes stand for
 /// themselves.
@@ -116,9 +118,9 @@ bool IsLowSurrogate(uint32_t nCode) {
 
 /// Reads one UTF-8 character at nPos and moves nPos behind it; a malformed one gives U+FFFD and
 /// moves behind the bytes that could have begun a character.
-wchar_t NextUtf8(std::string_view strBytes, size_t& nPos) {
+uint32_t NextUtf8(std::string_view strBytes, size_t& nPos) {
     const auto nLead = static_cast<uint8_t>(strBytes[nPos++]);
-    if (nLead < 0x80) return wchar_t{nLead};
+    if (nLead < 0x80) return nLead;
     unsigned nMore = 0;
     if (nLead >= 0xC2 && nLead <= 0xDF) nMore = 1;
     if (nLead >= 0xE0 && nLead <= 0xEF) nMore = 2;
@@ -132,10 +134,20 @@ wchar_t NextUtf8(std::string_view strBytes, size_t& nPos) {
         nCode = (nCode << 6U) | (nByte & 0x3FU);
         ++nPos;
     }
-    const bool bOverlong = nMore == 2 && nCode < 0x800;
+    const bool bOverlong = (nMore == 2 && nCode < 0x800) || (nMore == 3 && nCode < 0x10000);
     const bool bSurrogate = IsHighSurrogate(nCode) || IsLowSurrogate(nCode);
-    if (bOverlong || bSurrogate || nCode > 0xFFFF || nMore == 3) return REPLACEMENT;
-    return static_cast<wchar_t>(nCode);
+    return bOverlong || bSurrogate || nCode > LAST_CHARACTER ? REPLACEMENT : nCode;
+}
+
+/// One element, or the two of a surrogate pair.
+void AppendCharacter(uint32_t nCode, std::wstring& strText) {
+    if (nCode < 0x10000) {
+        strText += static_cast<wchar_t>(nCode);
+        return;
+    }
+    nCode -= 0x10000;
+    strText += static_cast<wchar_t>(0xD800 + (nCode >> 10U));
+    strText += static_cast<wchar_t>(0xDC00 + (nCode & 0x3FFU));
 }
 
 void AppendUtf8(uint32_t nCode, std::string& strBytes) {
@@ -176,17 +188,22 @@ std::string ToAnsi(std::wstring_view strText) {
     return strBytes;
 }
 
+bool IsInCodePage(std::wstring_view strText) {
+    uint8_t nByte = 0;
+    return std::all_of(strText.begin(), strText.end(),
+                       [&](wchar_t nCharacter) { return ByteOf(nCharacter, nByte); });
+}
+
 std::wstring FromUtf8(std::string_view strBytes) {
     std::wstring strText;
     strText.reserve(strBytes.size());
     for (size_t nPos = 0; nPos < strBytes.size();) {
-        strText += NextUtf8(strBytes, nPos);
+        AppendCharacter(NextUtf8(strBytes, nPos), strText);
     }
     return strText;
 }
 
 std::string ToUtf8(std::wstring_view strText) {
-    constexpr uint32_t nLastCharacter = 0x10FFFF;
     std::string strBytes;
     strBytes.reserve(strText.size());
     for (size_t i = 0; i < strText.size(); ++i) {
@@ -195,8 +212,8 @@ std::string ToUtf8(std::wstring_view strText) {
         if (IsHighSurrogate(nCode) && IsLowSurrogate(nNext)) {
             nCode = 0x10000 + ((nCode - 0xD800) << 10U) + (nNext - 0xDC00);
             ++i;
-        } else if (IsHighSurrogate(nCode) || IsLowSurrogate(nCode) || nCode > nLastCharacter) {
-            nCode = CodeOf(REPLACEMENT);
+        } else if (IsHighSurrogate(nCode) || IsLowSurrogate(nCode) || nCode > LAST_CHARACTER) {
+            nCode = REPLACEMENT;
         }
         AppendUtf8(nCode, strBytes);
     }

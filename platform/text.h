@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Text conversion. In memory text is std::wstring, one element per character; 8-bit files (maps,
+// Text conversion. In memory text is std::wstring, one element per character, or the two of a
+// surrogate pair; 8-bit files (maps,
 // settings, log) are Windows-1250 on every system, so that Czech text survives wherever the
 // program runs. UTF-8 is for people's terminals and the simulator's files.
 #pragma once
@@ -17,7 +18,10 @@ namespace taviro::platform {
 /// FromAnsi for every byte string.
 [[nodiscard]] std::string ToAnsi(std::wstring_view strText);
 
-/// UTF-8 to text; a malformed sequence, or a character beyond 16 bits, becomes U+FFFD.
+/// Whether Windows-1250 has every character of the text.
+[[nodiscard]] bool IsInCodePage(std::wstring_view strText);
+
+/// UTF-8 to text; a malformed sequence becomes U+FFFD, a character beyond 16 bits a surrogate pair.
 [[nodiscard]] std::wstring FromUtf8(std::string_view strBytes);
 
 /// Text to UTF-8.

@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include "platform/byte_order_mark.h"
 #include "platform/text.h"
 
 namespace taviro {
@@ -23,13 +24,12 @@ std::string_view UpToNul(std::string_view strText) {
     return strText.substr(0, strText.find('\0'));
 }
 
-/// The value as it is handed out: ended by a NUL, freed from enclosing quotes, cut to the buffer.
+/// The value as it is handed out: ended by a NUL, freed from enclosing quotes.
 std::string_view Presented(std::string_view strValue) {
     strValue = UpToNul(TrimIniBlanks(strValue));
     const bool bQuoted = strValue.size() >= 2 && strValue.front() == strValue.back() &&
                          (strValue.front() == '"' || strValue.front() == '\'');
-    if (bQuoted) strValue = strValue.substr(1, strValue.size() - 2);
-    return strValue.substr(0, BUFFER_SIZE - 1);
+    return bQuoted ? strValue.substr(1, strValue.size() - 2) : strValue;
 }
 
 int32_t LeadingInteger(std::string_view strText) {
@@ -113,8 +113,8 @@ class NewSections {
 
     void AppendTo(std::string& strBytes) const {
         for (const auto& [strName, strLines] : Sections) {
-            const bool bInsideLine =
-                !strBytes.empty() && strBytes.back() != '\n' && strBytes.back() != '\r';
+            const bool bInsideLine = !strBytes.empty() && strBytes != platform::UTF8_MARK &&
+                                     strBytes.back() != '\n' && strBytes.back() != '\r';
             if (bInsideLine) strBytes += LINE_END;
             strBytes.append("[").append(strName).append("]").append(LINE_END).append(strLines);
         }
@@ -126,7 +126,32 @@ class NewSections {
 
 }  // namespace
 
-IniFile::IniFile(std::string strBytes) : objText(std::move(strBytes)) {}
+IniFile::IniFile(std::string strBytes)
+    : bUtf8(strBytes.starts_with(platform::UTF8_MARK)), objText(std::move(strBytes)) {}
+
+std::wstring IniFile::Decoded(std::string_view strBytes) const {
+    if (!bUtf8) return platform::FromAnsi(strBytes);
+    std::wstring strText = platform::FromUtf8(strBytes);
+    // The code page may stand behind the mark all the same: earlier versions wrote it there.
+    return platform::ToUtf8(strText) == strBytes ? strText : platform::FromAnsi(strBytes);
+}
+
+std::string IniFile::Encoded(std::wstring_view strText) const {
+    return bUtf8 ? platform::ToUtf8(strText) : platform::ToAnsi(strText);
+}
+
+void IniFile::TurnToUtf8() {
+    const auto Turned = [this](std::string_view strBytes) {
+        return platform::ToUtf8(Decoded(strBytes));
+    };
+    objText = IniText(std::string(platform::UTF8_MARK) + Turned(objText.Bytes()));
+    for (Pending& objOne : objPending) {
+        objOne.strSection = Turned(objOne.strSection);
+        objOne.strKey = Turned(objOne.strKey);
+        if (objOne.strValue) objOne.strValue = Turned(*objOne.strValue);
+    }
+    bUtf8 = true;
+}
 
 size_t IniFile::FindPending(std::string_view strSection, std::string_view strKey) const {
     size_t nFound = 0;
@@ -153,21 +178,22 @@ std::optional<std::string_view> IniFile::FindValue(std::string_view strSection,
 
 std::wstring IniFile::ReadString(std::wstring_view strSection, std::wstring_view strKey,
                                  std::wstring_view strDefault) const {
-    const auto strValue = FindValue(platform::ToAnsi(strSection), platform::ToAnsi(strKey));
+    const auto strValue = FindValue(Encoded(strSection), Encoded(strKey));
     if (!strValue) return std::wstring(strDefault.substr(0, BUFFER_SIZE - 1));
-    return platform::FromAnsi(Presented(*strValue));
+    return Decoded(Presented(*strValue)).substr(0, BUFFER_SIZE - 1);
 }
 
 int32_t IniFile::ReadInt(std::wstring_view strSection, std::wstring_view strKey,
                          int32_t nDefault) const {
-    const auto strValue = FindValue(platform::ToAnsi(strSection), platform::ToAnsi(strKey));
-    return strValue ? LeadingInteger(Presented(*strValue)) : nDefault;
+    const auto strValue = FindValue(Encoded(strSection), Encoded(strKey));
+    if (!strValue) return nDefault;
+    return LeadingInteger(Presented(*strValue).substr(0, BUFFER_SIZE - 1));
 }
 
 size_t IniFile::SectionTextCount(std::wstring_view strSection) const {
     if (!objPending.empty()) return IniFile(Bytes()).SectionTextCount(strSection);
     constexpr size_t nMost = BUFFER_SIZE - 2;  // the buffer's last two characters are end marks
-    const auto objSection = objText.FindSection(platform::ToAnsi(strSection));
+    const auto objSection = objText.FindSection(Encoded(strSection));
     if (!objSection) return 0;
     size_t nCount = 0;
     for (size_t i = objSection->nFirstEntry; i < objSection->nEndEntry && nCount < nMost; ++i) {
@@ -179,9 +205,10 @@ size_t IniFile::SectionTextCount(std::wstring_view strSection) const {
 }
 
 void IniFile::Write(const IniEntry& objEntry) {
-    Pending objNew{platform::ToAnsi(objEntry.strSection), platform::ToAnsi(objEntry.strKey), {}};
+    if (!bUtf8 && objEntry.strValue && !platform::IsInCodePage(*objEntry.strValue)) TurnToUtf8();
+    Pending objNew{Encoded(objEntry.strSection), Encoded(objEntry.strKey), {}};
     if (objEntry.strValue) {
-        objNew.strValue = platform::ToAnsi(*objEntry.strValue);
+        objNew.strValue = Encoded(*objEntry.strValue);
         objNew.strValue->resize(
             std::min(objNew.strValue->find_first_of(TEXT_ENDS), objNew.strValue->size()));
     }

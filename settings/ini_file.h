@@ -29,7 +29,8 @@ class IniFile {
   public:
     IniFile() : IniFile(std::string()) {}
 
-    /// Any bytes will do: what is not a section or an entry is ignored.
+    /// Any bytes will do: what is not a section or an entry is ignored. Text is Windows-1250, or
+    /// UTF-8 behind a byte order mark.
     explicit IniFile(std::string strBytes);
 
     /// The key's text without enclosing quotes, single or double, cut to 1023 characters; the
@@ -49,7 +50,8 @@ class IniFile {
 
     /// Stores or deletes a key's text. A key that exists keeps its place; a new one goes to the end
     /// of its section, before its trailing blank lines; a new section to the end of the file. A
-    /// text ends at its first line end or NUL: it could not be read back beyond it. Deleting
+    /// text ends at its first line end or NUL: it could not be read back beyond it. A text that the
+    /// code page lacks makes the file one of UTF-8. Deleting
     /// removes every line of that key in the section, so that no forgotten second line comes to
     /// life.
     void Write(const IniEntry& objEntry);
@@ -64,12 +66,16 @@ class IniFile {
         std::optional<std::string> strValue;
     };
 
+    [[nodiscard]] std::wstring Decoded(std::string_view strBytes) const;
+    [[nodiscard]] std::string Encoded(std::wstring_view strText) const;
+    void TurnToUtf8();
     /// Its number; the count of pending ones when there is none.
     [[nodiscard]] size_t FindPending(std::string_view strSection, std::string_view strKey) const;
     /// The value as it stands in the file.
     [[nodiscard]] std::optional<std::string_view> FindValue(std::string_view strSection,
                                                             std::string_view strKey) const;
 
+    bool bUtf8;  ///< else the code page
     IniText objText;
     std::vector<Pending> objPending;  ///< in the order of their first writing, each key once
 };

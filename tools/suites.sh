@@ -101,7 +101,7 @@ runs_x86() {
 suite_scenario() {
     local circumstance code=0
     tools/build.sh asan taviro_simulator || return
-    for circumstance in --test --us --numlock --held; do
+    for circumstance in --test --us --numlock --held --foreign; do
         echo "$circumstance"
         (cd tests/scenarios && ../../build/asan/tools/taviro_simulator --test "$circumstance" ./*.scenario) || code=1
     done

@@ -25,6 +25,11 @@ bool IsRoot(std::wstring_view strPath) {
     return strPath.empty() || strPath.back() == L':';
 }
 
+// A letter that a code page lacks becomes "?" in it, and no file of a real system is called so.
+bool IsName(std::wstring_view strName) {
+    return !strName.empty() && strName.find_first_of(L"?*\"<>|") == std::wstring_view::npos;
+}
+
 bool Matches(std::wstring_view strName, std::wstring_view strPattern) {
     if (strPattern.empty()) return strName.empty();
     if (strPattern.front() == L'*') {
@@ -77,6 +82,7 @@ bool MemoryFiles::FolderExists(std::wstring_view strPath) const {
 
 bool MemoryFiles::CreateFolder(std::wstring_view strPath) {
     if (Find(strPath) != nullptr || !FolderExists(ParentOf(strPath))) return false;
+    if (!IsName(NameOf(strPath))) return false;
     Node& Folder = m_Nodes[ToLower(strPath)];
     Folder.strName = NameOf(strPath);
     Folder.bFolder = true;
@@ -97,7 +103,7 @@ bool MemoryFiles::Read(std::wstring_view strPath, std::string& strBytes) const {
 }
 
 bool MemoryFiles::MayStand(std::wstring_view strPath) const {
-    if (!FolderExists(ParentOf(strPath)) || NameOf(strPath).empty()) return false;
+    if (!FolderExists(ParentOf(strPath)) || !IsName(NameOf(strPath))) return false;
     const Node* pNode = Find(strPath);
     return pNode == nullptr || (!pNode->bFolder && !pNode->bLocked && !pNode->bReadOnly);
 }

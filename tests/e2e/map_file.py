@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Map files as a user knows them: which cell is where, and how to get there with the stick."""
 
+import codecs
 import collections
 import dataclasses
 import re
@@ -35,7 +36,9 @@ class Map:
 
     def __init__(self, path):
         self._cells = {}
-        for line in path.read_bytes().decode("cp1250").split("\r\n"):
+        content = path.read_bytes()
+        encoding = "utf-8-sig" if content.startswith(codecs.BOM_UTF8) else "cp1250"
+        for line in content.decode(encoding).split("\r\n"):
             found = CELL_LINE.match(line)
             if found:
                 column, row = int(found[1]), int(found[2])

@@ -42,8 +42,8 @@ void RemoveFolder(const std::wstring& strPath) {
 }  // namespace
 
 TestFolder::TestFolder()
-    : m_strPath(TemporaryFolder() + L"Žluťoučký kůň " + std::to_wstring(GetCurrentProcessId()) +
-                L"-" + std::to_wstring(++nFolders)) {
+    : m_strPath(TemporaryFolder() + L"Žluťoučký kůň Жанна 日本 " +
+                std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++nFolders)) {
     CreateDirectoryW(m_strPath.c_str(), nullptr);
 }
 

@@ -13,7 +13,8 @@
 
 namespace taviro::tests {
 
-/// A new empty folder with Czech letters in its name; removed with all it holds at the end.
+/// A new empty folder with letters in its name that Windows-1250 has and lacks; removed with all it
+/// holds at the end.
 class TestFolder {
   public:
     TestFolder();

@@ -15,15 +15,16 @@ using taviro::simulator::RunOptions;
 enum ExitCode { ExitPassed = 0, ExitFailed = 1, ExitBroken = 2 };
 
 constexpr std::string_view USAGE =
-    "taviro_simulator [--map] [--quiet] [--test] [--us | --russian] [--numlock] [--held]\n"
+    "taviro_simulator [--map] [--quiet] [--test] [--us | --russian] [--numlock] [--held] "
+    "[--foreign]\n"
     "    SCENARIO...\n"
     "  --map        print the map after each step\n"
     "  --quiet      print only what went wrong\n"
     "  --test       quiet, and a scenario that expects nothing fails\n"
     "  --us, --russian  the keyboard layout of the programs in front; Czech unless said\n"
     "  --numlock    NumLock is on\n"
-    "  --held       each file is held for half a second after it was written, as virus scanners "
-    "do\n"
+    "  --held       each file is held for a moment after it was written, as virus scanners do\n"
+    "  --foreign    the folders of program and user have names that Windows-1250 lacks\n"
     "  --sentences  list the sentences that a scenario may hold\n"
     "Exit code: 0 all passed, 1 an expectation was not met, 2 a scenario is broken or missing.\n";
 
@@ -53,6 +54,8 @@ bool TakeOption(std::string_view strWord, RunOptions& Options) {
         Options.bNumLock = true;
     } else if (strWord == "--held") {
         Options.bHeld = true;
+    } else if (strWord == "--foreign") {
+        Options.bForeign = true;
     } else {
         return false;
     }

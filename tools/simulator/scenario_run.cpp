@@ -9,6 +9,7 @@
 #include "tools/simulator/host_files.h"
 #include "tools/simulator/map_text.h"
 #include "tools/simulator/scenario.h"
+#include "tools/simulator/scene.h"
 #include "tools/simulator/sentences.h"
 
 namespace taviro::simulator {
@@ -23,6 +24,9 @@ namespace {
 // Nearly half a second: a save and the start after it wait, and the clock of the log stays in its
 // second.
 constexpr uint32_t HELD_FOR_MS = 450;
+constexpr const wchar_t* FOREIGN_DATA = L"C:\\Users\\Жанна 日本\\AppData\\Roaming";
+constexpr const wchar_t* FOREIGN_PROGRAM =
+    L"C:\\Users\\Жанна 日本\\AppData\\Local\\Programs\\Taviro";
 
 }  // namespace
 
@@ -32,6 +36,7 @@ ScenarioRun::ScenarioRun(std::filesystem::path Path, const RunOptions& Options, 
     Desktop.Keyboard.hLayout = m_Options.hLayout;
     Desktop.Keyboard.bNumLock = m_Options.bNumLock;
     if (m_Options.bHeld) Desktop.Holders.nHeldForMs = HELD_FOR_MS;
+    if (m_Options.bForeign) MoveFoldersAbroad();
     ResetProgram();
     m_nBeginning = Desktop.nNow;
     InstallSpeechEngine(pStandIns);
@@ -55,13 +60,35 @@ Outcome ScenarioRun::Run(std::string_view strBytes) {
     return m_nFailures == 0 ? Outcome::Passed : Outcome::Failed;
 }
 
+// A program may be installed beside its user's files, so that its folder has his name as well.
+void ScenarioRun::MoveFoldersAbroad() {
+    const auto Move = [this](std::wstring& strFolder, const std::wstring& strForeign) {
+        m_ForeignNames.emplace_back(ToUtf8(strForeign), ToUtf8(strFolder));
+        strFolder = strForeign;
+        Desktop.Files.CreateFolders(strFolder);
+    };
+    Move(Desktop.SpecialFolders[ROAMING_DATA_FOLDER], FOREIGN_DATA);
+    Move(Desktop.strProgramFolder, FOREIGN_PROGRAM);
+}
+
+// The text with the folders' names as scenarios write them.
+std::string ScenarioRun::AtHome(std::string strText) const {
+    for (const auto& [strForeign, strUsual] : m_ForeignNames) {
+        for (size_t n = strText.find(strForeign); n != std::string::npos;
+             n = strText.find(strForeign)) {
+            strText.replace(n, strForeign.size(), strUsual);
+        }
+    }
+    return strText;
+}
+
 void ScenarioRun::RunStep(const Step& Next) {
     if (!m_Options.bQuiet) m_Print("> " + ToUtf8(Next.strLine) + "\n");
     const int nExpectedBefore = nExpectations;
     m_bMapPrinted = false;
     Next.pSentence->Do(*this, Next);
     for (Effect& Done : std::exchange(Desktop.Transcript, {})) {
-        Done.strText = OneLine(Done.strText);
+        Done.strText = AtHome(OneLine(Done.strText));
         if (!m_Options.bQuiet) {
             m_Print(TimedLine(Elapsed(Done.nTime), Done.strText) + "\n");
         }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/headless/desktop.h"
@@ -26,7 +27,8 @@ struct RunOptions {
     /// The keyboard layout of the programs in front.
     platform::LayoutHandle hLayout = platform::headless::CZECH_LAYOUT;
     bool bNumLock = false;
-    bool bHeld = false;  ///< a virus scanner holds each file that was written
+    bool bForeign = false;  ///< the user has a name that Windows-1250 lacks
+    bool bHeld = false;     ///< a virus scanner holds each file that was written
 };
 
 using Printer = std::function<void(std::string_view)>;
@@ -65,6 +67,8 @@ class ScenarioRun {
 
   private:
     void RunStep(const Step& Next);
+    void MoveFoldersAbroad();
+    [[nodiscard]] std::string AtHome(std::string strText) const;
     void Say(int nLine, const std::string& strText);
 
     std::filesystem::path m_Path;
@@ -74,6 +78,8 @@ class ScenarioRun {
     int m_nFailures = 0;
     bool m_bBroken = false;
     bool m_bMapPrinted = false;  ///< by the step that runs
+    /// What the folders are called where the user has a foreign name, and in scenarios.
+    std::vector<std::pair<std::string, std::string>> m_ForeignNames;
 };
 
 /// An effect's text on one line: ends of lines and tabs are shown as signs.

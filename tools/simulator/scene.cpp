@@ -12,7 +12,6 @@ namespace {
 
 using platform::headless::Desktop;
 
-constexpr int32_t ROAMING_DATA_FOLDER = 26;
 constexpr const wchar_t* DATA_FOLDER = L"\\Nordane\\Corvela\\v2.2\\taviro\\";
 constexpr uint32_t FIRST_PROCESS = 1000;
 constexpr uint32_t FIRST_THREAD = 2000;

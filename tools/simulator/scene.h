@@ -2,11 +2,15 @@
 // The steps that set the scene: files, sounds, windows and what is plugged in or installed.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "tools/simulator/sentence.h"
 
 namespace taviro::simulator {
+
+/// The system's number of the folder below which that of the user's data is.
+inline constexpr int32_t ROAMING_DATA_FOLDER = 26;
 
 /// Path of a file in the user's data folder of the virtual desktop.
 std::wstring DataPath(const std::wstring& strFile);

@@ -167,7 +167,7 @@ TEST_F(ButtonConfigTest, Command_ShowsWhatTheSettingsCanHold_WhenSomethingElseIs
     const std::pair<std::wstring, std::string> ENTRIES[] = {
         {L"a\r\nb", "a b"},
         {L"notepad\n[Info]\nLog=1", "notepad [Info] Log=1"},
-        {L"\u4E2Dx", "?x"},
+        {L"C:\\Жанна 日本", "C:\\Жанна 日本"},
         {L"  calc", "calc"},
         {L"$x$", "\"x\""},
         {L"a=b;c#d", "a=b;c#d"},

@@ -212,7 +212,6 @@ TEST_F(CellEditorTest, Caption_ShowsWhatTheFileCanHold_WhenSomethingElseIsEntere
         {"OnlyCommas", L",,", "", ""},
         {"LineBreak", L"a\r\nb", "a b", "a b,66,cmd"},
         {"LoneBreaks", L"a\nb\rc", "a b c", "a b c,66,cmd"},
-        {"ForeignLetters", L"a\u4E2D\u044Fb", "a??b", "a??b,66,cmd"},
         {"ControlsAtTheEndsOfTheirRanges",
          L"a\x1F"
          L"b\x7F"
@@ -247,7 +246,6 @@ TEST_F(CellEditorTest, Command_ShowsWhatTheFileCanHold_WhenSomethingElseIsEntere
         {"LineBreak", L"a\r\nb", "a b", "b,0,a b"},
         {"ContinuationMark", L"x\n_y", "x _y", "b,0,x _y"},
         {"LineOfAnotherCell", L"x\r\n[1,1]y,2", "x [1,1]y,2", "b,0,x [1,1]y,2"},
-        {"ForeignLetters", L"\u03B1\u03B2", "??", "b,0,??"},
         {"CzechLetters", L"C:\\ěšč", "C:\\ěšč", "b,0,C:\\ěšč"},
     };
     for (const EntryCase& Case : CASES) {
@@ -263,6 +261,19 @@ TEST_F(CellEditorTest, Command_ShowsWhatTheFileCanHold_WhenSomethingElseIsEntere
         EXPECT_EQ(Text(frmConfig->Text3), Case.szShown);
         frmConfig->cmdCancel.Click();
     }
+}
+
+TEST_F(CellEditorTest, ForeignLetters_StayAsTheyAre_AndMakeTheFileUtf8) {
+    ShowCommon(L"[1,1]ž,65\r\n[2,1]b,0\r\n");
+    OpenAt(2, 1);
+    frmConfig->Text4.Type(L"книга");
+    frmConfig->Text3.Type(L"C:\\Жанна 日本\\a.docx");
+    Ok();
+    std::string strBytes;
+    Desktop.Files.Read(DATA_PATH + L"\\data.ini", strBytes);
+    EXPECT_EQ(strBytes, "\xEF\xBB\xBF[1,1]ž,65\r\n[2,1]книга,0,C:\\Жанна 日本\\a.docx\r\n");
+    OpenAt(2, 1);
+    EXPECT_EQ(Text(frmConfig->Text3), "C:\\Жанна 日本\\a.docx");
 }
 
 TEST_F(CellEditorTest, TextOfTenThousandCharacters_ComesBackWhole) {

@@ -82,7 +82,8 @@ TEST(Utf8, MalformedSequences_BecomeReplacementCharacters) {
         {"overlong, two bytes", "\xC0\xAF", L"\uFFFD\uFFFD"},
         {"overlong, three bytes", "\xE0\x80\xAFz", L"\uFFFDz"},
         {"surrogate", "\xED\xA0\x80z", L"\uFFFDz"},
-        {"beyond 16 bits", "\xF0\x9F\x98\x80z", L"\uFFFDz"},
+        {"overlong, four bytes", "\xF0\x8F\xBF\xBFz", L"\uFFFDz"},
+        {"behind the last character", "\xF4\x90\x80\x80z", L"\uFFFDz"},
         {"beyond Unicode", "\xF5z", L"\uFFFDz"},
         {"no lead byte at all", "\xFF\xFE", L"\uFFFD\uFFFD"},
     };

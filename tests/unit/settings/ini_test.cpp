@@ -206,7 +206,7 @@ TEST(IniWrite, Table) {
          "[s]\na=1\r\nk=v\r\nl=w\r\n[t]\r\nx=y\r\nz=\r\n"},
         {"the last of two writes", "", {objSet, {L"S", L"K", L"w"}}, "[s]\r\nk=w\r\n"},
         {"byte order mark stays first", "\xEF\xBB\xBF[s]\n", {objSet}, "\xEF\xBB\xBF[s]\nk=v\r\n"},
-        {"foreign characters", "", {{L"s", L"k", L"čЖ"}}, "[s]\r\nk=\xE8?\r\n"},
+        {"foreign characters", "", {{L"s", L"k", L"čЖ"}}, "\xEF\xBB\xBF[s]\r\nk=čЖ\r\n"},
         {"text ends with its line", "", {{L"s", L"k", L"a\r\n[t]"}}, "[s]\r\nk=a\r\n"},
         {"text ends with NUL", "", {{L"s", L"k", std::wstring(L"a\0b", 3)}}, "[s]\r\nk=a\r\n"},
     };
