@@ -16,7 +16,7 @@ program_packages=(
 test_packages=(
     git g++-mingw-w64-i686-posix libbenchmark-dev
     clang clang-tidy clang-format libclang-rt-dev
-    python3-pytest python3-pytest-xdist python3-pil shellcheck
+    python3-pytest python3-pytest-xdist python3-pytest-timeout python3-pil shellcheck
     python3-clang # reads the sources for ./test mutants
     nsis      # the installer
     espeak-ng # the voice of the sounds

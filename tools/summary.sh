@@ -44,7 +44,7 @@ start_suite() { # NAME
 # could not run here.
 run_suite() { # NAME
     local name=$1 log=$log_folder/$1.log started=$SECONDS code=0 passed failed notrun remark=
-    printf '\n== %s\n' "$name"
+    printf '\n== %s (after %d min %d s)\n' "$name" $((SECONDS / 60)) $((SECONDS % 60))
     if [ -n "${started_suites[$name]:-}" ]; then
         wait "${started_suites[$name]}" || code=$?
     else

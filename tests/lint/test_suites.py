@@ -45,5 +45,5 @@ def test_unknown_argument_is_told_the_usage():
     assert all(suite in told.stderr for suite in suites_of("full")[0])
 
 
-def test_gate_holds_all_but_what_the_machine_decides():
-    assert set(suites_of("full")[0]) - set(suites_of("gate")[0]) == {"bench", "mutants"}
+def test_gate_holds_all_but_figures_and_what_another_suite_tells():
+    assert set(suites_of("full")[0]) - set(suites_of("gate")[0]) == {"bench", "mutants", "unit64"}
