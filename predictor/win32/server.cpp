@@ -8,10 +8,10 @@
 #include <objbase.h>
 
 #include "predictor/service.h"
+#include "predictor/typeable.h"
 #include "predictor/utf8.h"
 #include "predictor/win32/complaint.h"
 #include "predictor/win32/dictionary_object.h"
-#include "predictor/win32/keyboard.h"
 #include "predictor/win32/places.h"
 #include "predictor/win32/store_owner.h"
 #include "win32/com/access.h"

@@ -11,7 +11,6 @@
 #include <oleauto.h>
 
 #include "predictor/model_build.h"
-#include "predictor/win32/keyboard.h"
 #include "predictor/win32/prefix_argument.h"
 #include "tests/win32/test_support.h"
 #include "win32/com/owners.h"
@@ -271,15 +270,6 @@ TEST_F(DictionaryObjectTest, LearnedWord_IsToBeSaved) {
         }
     }
     EXPECT_EQ(WaitForSingleObject(m_Server.SaveWanted(), 0), WAIT_OBJECT_0);
-}
-
-TEST(DictionaryKeyboard, CzechLetters_AreTypeable_WhenTheyHaveKeys) {
-    if (!tests::HasDrawing()) GTEST_SKIP() << "no keyboard layout either";
-    const std::wstring strUntypeable = UntypeableLetters();
-    EXPECT_EQ(strUntypeable.find_first_of(L"aAzZěščřžýáíéúů"), std::wstring::npos);
-    for (const wchar_t nLetter : std::wstring(L"ČŘÁ"))
-        EXPECT_NE(strUntypeable.find(nLetter), std::wstring::npos)
-            << static_cast<unsigned>(nLetter);
 }
 
 }  // namespace

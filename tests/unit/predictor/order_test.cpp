@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "actions/entry_typing.h"
+#include "predictor/letters.h"
 #include "predictor/options.h"
 #include "predictor/registration.h"
 #include "predictor/typeable.h"
@@ -139,17 +141,20 @@ TEST(PredictorOptions, Complaint_NamesTheLine) {
               std::vector<std::string>{"The option \"Words = many\" has no sense."});
 }
 
-TEST(PredictorTypeable, Letters_AreThoseThatTheKeyboardDoesNotType) {
-    const std::wstring strLetters =
-        LettersWithoutKey([](wchar_t n) { return n < 0x80 || n == L'ě' || n == L'ů'; });
-    EXPECT_EQ(strLetters.find_first_of(L"aZzěů"), std::wstring::npos);
-    for (const wchar_t nLetter : std::wstring(L"óďňťČŽÁŁ"))
-        EXPECT_NE(strLetters.find(nLetter), std::wstring::npos) << static_cast<unsigned>(nLetter);
-    EXPECT_EQ(strLetters.find(L'×'), std::wstring::npos) << "no letter";
-    EXPECT_EQ(LettersWithoutKey([](wchar_t) { return true; }), L"");
-    const std::wstring strAll = LettersWithoutKey([](wchar_t) { return false; });
-    EXPECT_TRUE(strAll.starts_with(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyzÀ"));
-    EXPECT_TRUE(strAll.ends_with(L"Žžſ"));
+TEST(PredictorTypeable, Letters_AreThoseThatTheProgramTypesFromAList) {
+    const std::wstring strUntypeable = UntypeableLetters();
+    for (wchar_t nLetter = 1; nLetter < 0x200; ++nLetter) {
+        const bool bTypeable = strUntypeable.find(nLetter) == std::wstring::npos;
+        // Some have a key with AltGr, which typing from a list does not press.
+        const bool bWithAltGr =
+            std::wstring_view(L"ßĐđŁł").find(nLetter) != std::wstring_view::npos;
+        if (IsLetter(nLetter)) {
+            EXPECT_EQ(bTypeable, IsTypedFromList(nLetter) && !bWithAltGr)
+                << static_cast<unsigned>(nLetter);
+        } else {
+            EXPECT_TRUE(bTypeable) << "no letter: " << static_cast<unsigned>(nLetter);
+        }
+    }
 }
 
 }  // namespace
