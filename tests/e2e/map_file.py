@@ -30,15 +30,19 @@ class Cell:
         return (self.column, self.row)
 
 
+def lines(path):
+    content = path.read_bytes()
+    encoding = "utf-8-sig" if content.startswith(codecs.BOM_UTF8) else "cp1250"
+    return content.decode(encoding).split("\r\n")
+
+
 class Map:
     """The map of a file; moves follow the settings that a new user has: along a row the highlight
     wraps, along a column it stops."""
 
     def __init__(self, path):
         self._cells = {}
-        content = path.read_bytes()
-        encoding = "utf-8-sig" if content.startswith(codecs.BOM_UTF8) else "cp1250"
-        for line in content.decode(encoding).split("\r\n"):
+        for line in lines(path):
             found = CELL_LINE.match(line)
             if found:
                 column, row = int(found[1]), int(found[2])
