@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "feedback/speech.h"
 
+#include <algorithm>
 #include <array>
 
 #include "feedback/event_log.h"
@@ -17,6 +18,9 @@ using platform::AutomationObject;
 using platform::AutomationValue;
 
 constexpr size_t LONGEST_UTTERANCE = 70000;  // characters; the engine's own limit is near
+
+constexpr const wchar_t* NEWER_VOICES =
+    L"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Speech_OneCore\\Voices";
 
 // Flags of the engine's Speak.
 constexpr int32_t SPEAK_ASYNC = 1;
@@ -56,6 +60,19 @@ AutomationObject VoiceList() {
     return ObjectFrom(Speech.objVoice, L"GetVoices", Filters);
 }
 
+// Since Windows 10 the system installs voices into a store of its own, which the engine does not
+// list but can speak with. A system without it, or one that refuses, has no such voices.
+AutomationObject NewerVoiceList() {
+    AutomationObject Category;
+    Unneeded(platform::CreateAutomationObject(L"SAPI.SpObjectTokenCategory", Category));
+    AutomationArgument Store{.Value = std::wstring(NEWER_VOICES)};
+    AutomationValue Ignored;
+    if (!platform::CallMethod(Category, L"SetId", {&Store, 1}, Ignored)) return {};
+    std::array<AutomationArgument, 2> Filters{
+        {{.Value = std::wstring{}}, {.Value = std::wstring{}}}};
+    return ObjectFrom(Category, L"EnumerateTokens", Filters);
+}
+
 AutomationObject VoiceAt(const AutomationObject& Voices, int32_t nIndex) {
     AutomationArgument Index{.Value = nIndex};
     return ObjectFrom(Voices, L"Item", {&Index, 1});
@@ -92,12 +109,51 @@ void TellReader(const std::wstring& strMethod, AutomationArgument Argument) {
     if (Speech.bUseReader) Call(Speech.objSpeechReader, strMethod, {&Argument, 1});
 }
 
-// Takes the voice from a fresh list, as the one that was searched may have changed meanwhile.
-void UseVoice(int32_t nIndex) {
-    const AutomationObject Token = VoiceAt(VoiceList(), nIndex);
+void UseVoice(const AutomationObject& Token) {
     if (Token == nullptr) return;
     // Refused: the engine's current voice stays.
     Unneeded(platform::PutProperty(Speech.objVoice, L"Voice", Token));
+}
+
+enum class Search { Found, NotThere };
+
+// A voice that cannot be asked ends the search; the engine's current one stays. Takes the voice
+// from a fresh list, as the one that was searched may have changed meanwhile.
+Search UseOwnVoice(const std::wstring& strName) {
+    const AutomationObject Voices = VoiceList();
+    const int32_t nCount = CountOf(Voices);
+    for (int32_t n = 0; n < nCount; ++n) {
+        std::wstring strText;
+        if (!GetDescription(VoiceAt(Voices, n), strText)) break;
+        if (strText != strName) continue;
+        UseVoice(VoiceAt(VoiceList(), n));
+        return Search::Found;
+    }
+    return Search::NotThere;
+}
+
+// A voice that cannot be asked is passed over.
+void UseNewerVoice(const std::wstring& strName) {
+    const AutomationObject Voices = NewerVoiceList();
+    const int32_t nCount = CountOf(Voices);
+    for (int32_t n = 0; n < nCount; ++n) {
+        const AutomationObject Token = VoiceAt(Voices, n);
+        std::wstring strText;
+        if (GetDescription(Token, strText) && strText == strName) return UseVoice(Token);
+    }
+}
+
+void AddNewerVoices(std::vector<std::wstring>& Descriptions) {
+    const AutomationObject Voices = NewerVoiceList();
+    const int32_t nCount = CountOf(Voices);
+    for (int32_t n = 0; n < nCount; ++n) {
+        std::wstring strText;
+        if (!GetDescription(VoiceAt(Voices, n), strText)) continue;
+        // Of two voices with one name only the engine's own could be chosen.
+        const bool bKnown =
+            std::find(Descriptions.begin(), Descriptions.end(), strText) != Descriptions.end();
+        if (!bKnown) Descriptions.push_back(strText);
+    }
 }
 
 }  // namespace
@@ -118,6 +174,7 @@ std::vector<std::wstring> VoiceDescriptions() {
         // A voice without a name could not be chosen by it.
         if (GetDescription(Token, strText)) Descriptions.push_back(strText);
     }
+    AddNewerVoices(Descriptions);
     return Descriptions;
 }
 
@@ -132,14 +189,8 @@ void SpeakIt(const std::wstring& strMessage, bool bWait) {
 void CheckSAPI() {
     Speech.bUseReader = objSetting.VoiceName() == READER_VOICE;
     if (Speech.bUseReader) return;
-    const AutomationObject Voices = VoiceList();
-    const int32_t nCount = CountOf(Voices);
-    for (int32_t n = 0; n < nCount; ++n) {
-        std::wstring strText;
-        // A voice that cannot be asked ends the search; the engine's current one stays.
-        if (!GetDescription(VoiceAt(Voices, n), strText)) return;
-        if (strText == objSetting.VoiceName()) return UseVoice(n);
-    }
+    const std::wstring strName = objSetting.VoiceName();
+    if (UseOwnVoice(strName) == Search::NotThere) UseNewerVoice(strName);
 }
 
 void CreateVoice() {

@@ -33,11 +33,12 @@ void CreateSpeechReader();
 /// silences); with bWait returns when the text has been spoken. Loads the voice form if needed.
 void SpeakIt(const std::wstring& strMessage, bool bWait = false);
 
-/// Descriptions of the engine's voices in its order, without those that do not tell; empty without
-/// an engine.
+/// Descriptions of the engine's voices in its order, then of the system's newer ones that it can
+/// speak with, without those that do not tell.
 std::vector<std::wstring> VoiceDescriptions();
 
-/// Chooses reader or engine, and the engine's voice, by the setting VoiceName.
+/// Chooses reader or engine, and the engine's voice, by the setting VoiceName: one of its own, else
+/// one of the system's newer ones.
 void CheckSAPI();
 
 /// Creates the engine, without which every other call here fails quietly; part of loading the voice

@@ -13,6 +13,9 @@ CLASSES = {
     "Parlex.app": "{6B1F2A30-52C4-4D0E-9C37-2F8E105A7D02}",
     "Relayer.Voice": "{6B1F2A30-52C4-4D0E-9C37-2F8E105A7D03}",
 }
+# The system's newer store of voices, which not every system has.
+NEWER_CLASSES = {"SAPI.SpObjectTokenCategory": "{6B1F2A30-52C4-4D0E-9C37-2F8E105A7D04}"}
+NEWER_VOICE = "Nový hlas"
 VOICES = ("Hlas první", "Hlas druhý", "Hlas třetí")
 VIEWS = {"win64": "64", "win32": "32"}
 ESCAPES = {"\\\\": "\\", "\\n": "\n", "\\r": "\r"}
@@ -34,13 +37,14 @@ RELAY_QUIETED = "Relayer.Voice.Voice(bstr null, i2 0, i2 4)"
 class Automation:
     """Registered from the start; every Taviro that is started with it can create the objects."""
 
-    def __init__(self, prefix, probe, builds=("win64",)):
+    def __init__(self, prefix, probe, builds=("win64",), newer=False):
         self.folder = prefix.folder / "automation"
         self.folder.mkdir()
         self._taken = 0
         for build in builds:
             library = windows_path(BUILD / build / "e2e" / "automation_standin.dll")
-            for prog_id, class_id in CLASSES.items():
+            classes = CLASSES | NEWER_CLASSES if newer else CLASSES
+            for prog_id, class_id in classes.items():
                 self._register(probe, VIEWS[build], prog_id, class_id, library)
 
     @staticmethod

@@ -6,7 +6,7 @@ import itertools
 
 import pytest
 
-from automation import RELAY_QUIETED, VOICES, read_out, spoken
+from automation import NEWER_VOICE, RELAY_QUIETED, VOICES, read_out, spoken
 from builds import for_every_build
 from probe import WM_CLOSE
 
@@ -122,3 +122,19 @@ def test_cells_still_type_when_the_engine_breaks_or_blocks(desktop):
     automation.behave("gone")
     assert program.close() == 0
     assert b"\r\nRate=3\r\n" in program.setting_file().read_bytes()
+
+
+def test_voice_of_the_newer_store_speaks_when_the_settings_name_it(desktop):
+    automation = desktop.automation(newer=True)
+    program = desktop.program()
+    automation.serve(program)
+    program.use_map(COMMON)
+    program.use_settings(voice=NEWER_VOICE)
+    program.start()
+    program.standin.wait_for_poll()
+    prepared = automation.take()
+    store = r"HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Speech_OneCore\Voices"
+    assert f'SAPI.SpObjectTokenCategory.SetId(bstr "{store}")' in prepared
+    chosen = f"Voice{len(VOICES)}"  # the one behind the engine's own
+    assert f"SAPI.SpVoice.Voice = &object {chosen}" in prepared
+    assert program.close() == 0

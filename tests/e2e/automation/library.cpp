@@ -24,7 +24,8 @@ ClassFactory FactoryOf(const ServerClass& Made) {
 
 STDAPI DllGetClassObject(REFCLSID Wanted, REFIID Interface, void** ppFound) {
     static ClassFactory Factories[] = {FactoryOf(ServerClasses()[0]), FactoryOf(ServerClasses()[1]),
-                                       FactoryOf(ServerClasses()[2])};
+                                       FactoryOf(ServerClasses()[2]),
+                                       FactoryOf(ServerClasses()[3])};
     *ppFound = nullptr;
     for (size_t i = 0; i < ServerClasses().size(); ++i) {
         if (IsEqualCLSID(Wanted, ServerClasses()[i].Id)) {

@@ -148,7 +148,9 @@ class Object : public com::LateBoundObject<> {
     std::span<const Member> m_Members;
 };
 
-constexpr const wchar_t* VOICES[] = {L"Hlas první", L"Hlas druhý", L"Hlas třetí"};
+// The engine's own, then that of the system's newer store.
+constexpr const wchar_t* VOICES[] = {L"Hlas první", L"Hlas druhý", L"Hlas třetí", L"Nový hlas"};
+constexpr size_t OWN_VOICES = 3;
 
 constexpr Member TOKEN_MEMBERS[] = {{L"GetDescription", DISPATCH_METHOD, 0, 1, false}};
 class Token final : public Object {
@@ -169,17 +171,33 @@ constexpr Member VOICES_MEMBERS[] = {{L"Count", DISPATCH_PROPERTYGET, 0, 0, fals
                                      {L"Item", DISPATCH_METHOD, 1, 1, false}};
 class VoiceList final : public Object {
   public:
-    VoiceList() : Object(L"Voices", VOICES_MEMBERS) {}
+    VoiceList(size_t nFirst, size_t nEnd)
+        : Object(L"Voices", VOICES_MEMBERS), m_nFirst(nFirst), m_nCount(nEnd - nFirst) {}
 
   protected:
     HRESULT Do(size_t nMember, WORD, const DISPPARAMS& Parameters, VARIANT* pResult) override {
-        if (nMember == 0) return ReturnNumber(pResult, static_cast<LONG>(std::size(VOICES)));
+        if (nMember == 0) return ReturnNumber(pResult, static_cast<LONG>(m_nCount));
         const VARIANT& Index = Parameters.rgvarg[0];
         if (Index.vt != VT_I4) return DISP_E_TYPEMISMATCH;
-        if (Index.lVal < 0 || static_cast<size_t>(Index.lVal) >= std::size(VOICES)) {
-            return E_INVALIDARG;
-        }
-        return ReturnObject(pResult, new Token(static_cast<size_t>(Index.lVal)));
+        if (Index.lVal < 0 || static_cast<size_t>(Index.lVal) >= m_nCount) return E_INVALIDARG;
+        return ReturnObject(pResult, new Token(m_nFirst + static_cast<size_t>(Index.lVal)));
+    }
+
+  private:
+    size_t m_nFirst;
+    size_t m_nCount;
+};
+
+constexpr Member CATEGORY_MEMBERS[] = {{L"SetId", DISPATCH_METHOD, 1, 2, false},
+                                       {L"EnumerateTokens", DISPATCH_METHOD, 0, 2, false}};
+class Category final : public Object {
+  public:
+    Category() : Object(L"SAPI.SpObjectTokenCategory", CATEGORY_MEMBERS) {}
+
+  protected:
+    HRESULT Do(size_t nMember, WORD, const DISPPARAMS&, VARIANT* pResult) override {
+        if (nMember == 0) return S_OK;
+        return ReturnObject(pResult, new VoiceList(OWN_VOICES, std::size(VOICES)));
     }
 };
 
@@ -205,7 +223,7 @@ class Engine final : public Object {
             case 0:
                 return ReturnNumber(pResult, ++m_nStream);
             case 1:
-                return ReturnObject(pResult, new VoiceList);
+                return ReturnObject(pResult, new VoiceList(0, OWN_VOICES));
             case 2:
                 return nKind == DISPATCH_PROPERTYGET ? GetVoice(pResult) : PutVoice(Parameters);
             default:
@@ -264,6 +282,8 @@ constexpr ServerClass CLASSES[] = {
      []() -> IDispatch* { return new Silent(L"Parlex.app", READER_MEMBERS); }},
     {{0x6b1f2a30, 0x52c4, 0x4d0e, {0x9c, 0x37, 0x2f, 0x8e, 0x10, 0x5a, 0x7d, 0x03}},
      []() -> IDispatch* { return new Silent(L"Relayer.Voice", RELAY_MEMBERS); }},
+    {{0x6b1f2a30, 0x52c4, 0x4d0e, {0x9c, 0x37, 0x2f, 0x8e, 0x10, 0x5a, 0x7d, 0x04}},
+     []() -> IDispatch* { return new Category; }},
 };
 
 }  // namespace
