@@ -3,6 +3,7 @@
 
 #include "actions/choice_list.h"
 #include "actions/key_synthesis.h"
+#include "actions/launch_watch.h"
 #include "actions/mode_transitions.h"
 #include "actions/prediction.h"
 #include "feedback/speech.h"
@@ -75,6 +76,7 @@ void ResetCursor() {
 }  // namespace
 
 void CommandAction(int32_t nIndex) {
+    ForgetLaunch();
     SpeakIt(L"");
     const TriggeredAction Action = FetchAction(nIndex);
     const Command Wanted = ParseCommand(Action.strCommand);

@@ -9,8 +9,8 @@ namespace taviro {
 /// A leading backslash stands for the program's folder; other texts are returned unchanged.
 std::wstring ResolvePath(const std::wstring& strText);
 
-/// Opens a program or document, its path resolved, in a normal window. What cannot be opened is
-/// passed over in silence.
+/// Opens a program or document, its path resolved, in a normal window that may come to the front.
+/// What cannot be opened is passed over in silence.
 void Launch(const std::wstring& strProgram, const std::wstring& strArguments);
 
 }  // namespace taviro

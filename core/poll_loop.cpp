@@ -9,6 +9,7 @@
 #include "actions/command_action.h"
 #include "actions/foreground_watch.h"
 #include "actions/key_synthesis.h"
+#include "actions/launch_watch.h"
 #include "actions/mode_transitions.h"
 #include "actions/prediction.h"
 #include "actions/window_rights.h"
@@ -237,6 +238,7 @@ void Timer1_Timer() {
     Poll.nTilt = Tilt::None;
     Poll.nButtonDown = 0;
     CheckWindowRights();
+    CheckLaunch();
     if (!TickMode()) return;
     Poll.nTiltCount = Poll.nTilt == Tilt::None ? 0 : Poll.nTiltCount + 1;
     if (Modes.bAutoRepeatMode && Poll.nTiltCount == 0) AnnounceEndOfRepeat();

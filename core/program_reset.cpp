@@ -3,6 +3,7 @@
 
 #include "actions/choice_list.h"
 #include "actions/key_sequence.h"
+#include "actions/launch_watch.h"
 #include "actions/prediction.h"
 #include "actions/window_rights.h"
 #include "core/cursor_movement.h"
@@ -53,6 +54,7 @@ void ResetProgram() {
     ChoiceList = {};
     Prediction = {};
     WindowRights = {};
+    LaunchWatch = {};
     SequenceTables = {};
     CommonMap = {};
     AppMap = {};

@@ -60,6 +60,18 @@ struct ProcessEntry {
 /// greater ones.
 [[nodiscard]] bool MayDriveWindow(WindowHandle hWindow);
 
+/// The windows that the user can change to, top-level, seen and with a place in the task bar, the
+/// topmost first.
+[[nodiscard]] std::vector<WindowHandle> TaskWindows();
+
+/// Lets whatever comes next take the foreground. The system allows that only to who has the
+/// foreground, or shares its input: that is borrowed for the moment of the call. Lasts until the
+/// user's next input.
+void LetOthersComeToFront();
+
+/// When the last input of keyboard or mouse came, real or sent, in the system's milliseconds.
+[[nodiscard]] uint32_t LastInputTick();
+
 /// Asks for the foreground. Returns false when the system refuses.
 [[nodiscard]] bool SetForeground(WindowHandle hWindow);
 

@@ -21,6 +21,14 @@ constexpr ComfortKey COMFORT_KEYS[] = {
      .strDelivered = L"1",
      .strMeaning = L"Řekne a ve stavovém řádku ukáže, když je v popředí okno programu spuštěného "
                    L"jako správce: takové okno Taviro ovládat nesmí."},
+    {.strSection = L"Windows",
+     .strKey = L"Front",
+     .Target = &Comfort.bLaunchedInFront,
+     .strDefault = L"0",
+     .strDelivered = L"1",
+     .strMeaning =
+         L"Okno spuštěného programu přenese do popředí, když ho Windows otevřou za ostatními "
+         L"a mezitím se nic jiného nestalo."},
 };
 
 }  // namespace

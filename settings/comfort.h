@@ -11,8 +11,9 @@
 namespace taviro {
 
 struct ComfortValues {
-    bool bWatch = false;         ///< [Stick] Watch: a joystick may come and go
-    bool bWindowRights = false;  ///< [Windows] Rights: says which windows may not be driven
+    bool bWatch = false;            ///< [Stick] Watch: a joystick may come and go
+    bool bWindowRights = false;     ///< [Windows] Rights: says which windows may not be driven
+    bool bLaunchedInFront = false;  ///< [Windows] Front: launched programs come to the front
 };
 
 /// What is in force now; written by the store alone.

@@ -26,6 +26,7 @@
 #include "platform/keys.h"
 #include "platform/layout_translation.h"
 #include "platform/metrics.h"
+#include "platform/native_program.h"
 #include "platform/playing_sound.h"
 #include "platform/pointer.h"
 #include "platform/shell.h"
@@ -107,6 +108,14 @@ struct VirtualWindow {
 
 /// The program's own windows, but for the main one, have handles from here.
 inline constexpr WindowHandle FIRST_OWN_WINDOW = 0x10000;
+
+/// A program that can be launched, and the window that it opens: behind the others, unless who
+/// launched it has let it come to the front.
+struct VirtualProgram {
+    VirtualWindow Window{};
+    uint32_t nOpensAfterMs = 0;
+    bool bStaysBehind = false;  ///< whatever it was let
+};
 
 /// Members of a late-bound object: how the member is used, its name, arguments, result.
 enum class MemberUse { Method, Get, Put };
@@ -203,6 +212,12 @@ struct DesktopState {
     intptr_t nShellResult = 42;
     std::vector<VirtualWindow> Windows;
     WindowHandle hForeground = 0;
+    SystemFolders Folders;  ///< as the program sees them: of 32 bits on a system of 64, or the same
+    std::map<std::wstring, VirtualProgram> Programs;  ///< by what is launched
+    bool bFrontIsOpen = false;                        ///< others may come to the front
+    uint32_t nLastInput = 0;
+    /// Starts the program of that name, if there is one (used by ShellExecuteOnDesktop).
+    void StartProgram(const std::wstring& strFile);
     std::vector<ProcessEntry> Processes;
     std::vector<ScreenRect> Regions;  ///< all that were made; their handles count from 1
 

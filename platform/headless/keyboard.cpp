@@ -111,6 +111,8 @@ void DesktopState::DeliverKey(uint32_t nVk, uint32_t nScan, uint32_t dwFlags, bo
 }
 
 void DesktopState::PhysicalKey(uint8_t nVk, bool bDown) {
+    nLastInput = nNow;
+    bFrontIsOpen = false;
     const LayoutKey* pKey = KeyOfVk(KeysOfLayout(LayoutInFront()), nVk);
     DeliverKey(nVk, pKey == nullptr ? 0 : pKey->nScan,
                FlagsForSystem(nVk, bDown ? KEY_FLAG_DOWN : KEY_FLAG_UP), false);

@@ -52,6 +52,15 @@ bool UseMember(const AutomationObject& Object, MemberUse nUse, const std::wstrin
 
 }  // namespace
 
+void DesktopState::StartProgram(const std::wstring& strFile) {
+    const auto itStarted = Programs.find(strFile);
+    if (itStarted == Programs.end()) return;
+    Meanwhile(nNow + itStarted->second.nOpensAfterMs, [this, Started = itStarted->second] {
+        Windows.push_back(Started.Window);
+        if (bFrontIsOpen && !Started.bStaysBehind) hForeground = Started.Window.hWindow;
+    });
+}
+
 }  // namespace headless
 
 uint32_t SpecialFolderLocation(uintptr_t hOwner, int32_t nFolderId, ItemIdList*& pList) {
@@ -81,7 +90,9 @@ intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& 
     constexpr intptr_t NO_FILE = 2;
     if (!CanBeOpened(strFile)) return NO_FILE;
     constexpr intptr_t NO_MEMORY = 0;  // the least of the numbers that mean failure
-    return Desktop.Refuses(__func__, strFile) ? NO_MEMORY : Desktop.nShellResult;
+    if (Desktop.Refuses(__func__, strFile)) return NO_MEMORY;
+    Desktop.StartProgram(NativeProgram(strFile, Desktop.Folders));
+    return Desktop.nShellResult;
 }
 
 std::wstring ProgramFolder() {
@@ -158,6 +169,23 @@ bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
 bool MayDriveWindow(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
     return pWindow == nullptr || !pWindow->bGreaterRights;
+}
+
+std::vector<WindowHandle> TaskWindows() {
+    std::vector<WindowHandle> Found;
+    for (const auto& Window : Desktop.Windows) {
+        const bool bSeen = !Window.bGone && !Window.bHidden;
+        if (Window.hParent == 0 && bSeen) Found.push_back(Window.hWindow);
+    }
+    return Found;
+}
+
+void LetOthersComeToFront() {
+    Desktop.bFrontIsOpen = true;
+}
+
+uint32_t LastInputTick() {
+    return Desktop.nLastInput;
 }
 
 bool SetForeground(WindowHandle hWindow) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/failure.h"
+#include "platform/native_program.h"
 #include "platform/shell_names.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/handles.h"
@@ -21,6 +22,19 @@ namespace {
 win32::UniqueHandle hSingleInstance;  // the claim, held until the program ends
 
 constexpr intptr_t LAST_SHELL_FAILURE = 32;  // above it the shell's number means success
+
+SystemFolders FoldersOfSystem() {
+    wchar_t strFound[MAX_PATH + 1] = {};
+    SystemFolders Folders;
+    Folders.strShown.assign(strFound, GetSystemDirectoryW(strFound, MAX_PATH));
+    BOOL bNarrowOnWide = FALSE;
+    if (IsWow64Process(GetCurrentProcess(), &bNarrowOnWide) == FALSE || bNarrowOnWide == FALSE) {
+        return Folders;
+    }
+    Folders.strNative.assign(strFound, GetSystemWindowsDirectoryW(strFound, MAX_PATH));
+    Folders.strNative += L"\\Sysnative";
+    return Folders;
+}
 }  // namespace
 
 /// The shell's own record stands at the address; this type never exists by itself.
@@ -47,7 +61,8 @@ bool PathFromItemIdList(const ItemIdList* pList, std::span<wchar_t> Buffer) {
 intptr_t ShellExecuteOnDesktop(const std::wstring& strVerb, const std::wstring& strFile,
                                const std::wstring& strParameters, int32_t nShowCommand) {
     if (!CanBeOpened(strFile)) return SE_ERR_FNF;
-    const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strFile.c_str(),
+    const std::wstring strOpened = NativeProgram(strFile, FoldersOfSystem());
+    const HINSTANCE hResult = ShellExecuteW(GetDesktopWindow(), strVerb.c_str(), strOpened.c_str(),
                                             strParameters.c_str(), L"", nShowCommand);
     const auto nResult = reinterpret_cast<intptr_t>(hResult);
     if (nResult <= LAST_SHELL_FAILURE) {

@@ -20,6 +20,19 @@ static_assert(sizeof(tagPROCESSENTRY32) == 296);  // the entry of the ANSI walk
 using win32::ToHwnd;
 using win32::ToNumber;
 
+namespace {
+
+BOOL CALLBACK TakeTaskWindow(HWND hWindow, LPARAM pFound) {
+    const LONG_PTR nStyle = GetWindowLongPtrW(hWindow, GWL_EXSTYLE);
+    const bool bTask = IsWindowVisible(hWindow) != FALSE &&
+                       GetWindow(hWindow, GW_OWNER) == nullptr &&
+                       (nStyle & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE)) == 0;
+    if (bTask) reinterpret_cast<std::vector<WindowHandle>*>(pFound)->push_back(ToNumber(hWindow));
+    return TRUE;
+}
+
+}  // namespace
+
 WindowHandle ForegroundActiveWindow() {
     GUITHREADINFO Info{};
     Info.cbSize = sizeof(Info);
@@ -83,6 +96,28 @@ std::vector<ProcessEntry> SnapshotProcesses() {
 bool AttachInput(uint32_t nThread, uint32_t nToThread, bool bAttach) {
     return win32::OrReport(AttachThreadInput(nThread, nToThread, bAttach ? TRUE : FALSE),
                            "AttachThreadInput");
+}
+
+std::vector<WindowHandle> TaskWindows() {
+    std::vector<WindowHandle> Found;
+    win32::OrReport(EnumWindows(TakeTaskWindow, reinterpret_cast<LPARAM>(&Found)), "EnumWindows");
+    return Found;
+}
+
+void LetOthersComeToFront() {
+    const DWORD nOwn = GetCurrentThreadId();
+    const DWORD nInFront = GetWindowThreadProcessId(GetForegroundWindow(), nullptr);
+    const bool bShared =
+        nInFront != 0 && nInFront != nOwn && AttachThreadInput(nOwn, nInFront, TRUE) != FALSE;
+    win32::OrReport(AllowSetForegroundWindow(ASFW_ANY), "AllowSetForegroundWindow");
+    // At once: with the input of a program that hangs ours would hang.
+    if (bShared) win32::OrReport(AttachThreadInput(nOwn, nInFront, FALSE), "AttachThreadInput");
+}
+
+uint32_t LastInputTick() {
+    LASTINPUTINFO Last{};
+    Last.cbSize = sizeof(Last);
+    return GetLastInputInfo(&Last) == FALSE ? 0 : Last.dwTime;
 }
 
 bool SetForeground(WindowHandle hWindow) {

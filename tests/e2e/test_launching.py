@@ -4,6 +4,7 @@ how it was called."""
 
 import shutil
 
+from builds import for_every_build
 from standin import CENTRE, PRESSED, TILTS
 from waiting import wait_until
 from wine import BUILD, windows_path
@@ -24,8 +25,8 @@ class Recorder:
         shutil.copy2(BUILD / "win64" / "e2e" / "recorder.exe", path)
         return windows_path(path)
 
-    def install_in_system(self, name):
-        self.install(self._system / name)
+    def install_in_system(self, name, folder="system32"):
+        self.install(self._system / folder / name)
 
     def open_documents(self, extension, program):
         """Registers an installed copy as the program of a kind of document."""
@@ -38,11 +39,18 @@ class Recorder:
         text = self._file.read_bytes().decode("utf-8") if self._file.exists() else ""
         return text.split("\n")[self._taken:-1]
 
-    def take(self):
-        """The name of the next copy that was run, and its arguments as written."""
+    def _take(self):
         line = wait_until(self._lines, "a program that starts")[0]
         self._taken += 1
-        path, command_line = line.split("\t", 1)
+        return line.split("\t", 1)
+
+    def take_folder(self):
+        """The folder of the next copy that was run."""
+        return self._take()[0].rsplit("\\", 2)[-2].lower()
+
+    def take(self):
+        """The name of the next copy that was run, and its arguments as written."""
+        path, command_line = self._take()
         name = path.rsplit("\\", 1)[-1]
         quoted = command_line.startswith('"')
         end = command_line.index('"', 1) + 1 if quoted else (command_line + " ").index(" ")
@@ -50,6 +58,23 @@ class Recorder:
 
     def has_none(self):
         return not self._lines()
+
+
+@for_every_build
+def test_screen_keyboard_is_that_of_the_systems_own_folder(desktop, build):
+    """A program of 32 bits is shown another folder in its place."""
+    program = desktop.program(build=build)
+    recorder = Recorder(desktop, program)
+    recorder.install_in_system("osk.exe")
+    recorder.install_in_system("osk.exe", folder="syswow64")
+    program.use_map([("start", 27), ("k", 0, "osk"), ("K", 0, "osk.exe")])
+    desktop.editor()
+    program.start()
+    program.standin.wait_for_poll()
+    for _ in range(2):
+        program.press_next()
+        assert recorder.take_folder() in ("system32", "sysnative")
+    assert program.close() == 0
 
 
 def test_cells_and_list_entries_launch_what_they_say(desktop):

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/metrics.h"
@@ -181,6 +182,44 @@ TEST(Windows_AreFoundByTitleAndClass, WhenThere) {
     EXPECT_EQ(WindowThread(nWindow), GetCurrentThreadId());
     DestroyWindow(hWindow);
     EXPECT_FALSE(IsWindowHandle(nWindow));
+}
+
+TEST(TaskWindows_AreThoseTheUserCanChangeTo, WhenAsked) {
+    const auto Open = [](DWORD nExtended, DWORD nStyle) {
+        return CreateWindowExW(nExtended, L"STATIC", L"", WS_POPUP | nStyle, 0, 0, 9, 9, nullptr,
+                               nullptr, nullptr, nullptr);
+    };
+    const HWND hSeen = Open(0, WS_VISIBLE);
+    const HWND OTHERS[] = {Open(0, 0), Open(WS_EX_TOOLWINDOW, WS_VISIBLE),
+                           Open(WS_EX_NOACTIVATE, WS_VISIBLE),
+                           CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                           hSeen, nullptr, nullptr, nullptr)};
+    const std::vector<WindowHandle> Found = TaskWindows();
+    EXPECT_EQ(std::ranges::count(Found, reinterpret_cast<WindowHandle>(hSeen)), 1);
+    for (const HWND hOther : OTHERS) {
+        EXPECT_EQ(std::ranges::count(Found, reinterpret_cast<WindowHandle>(hOther)), 0);
+        DestroyWindow(hOther);
+    }
+    DestroyWindow(hSeen);
+}
+
+TEST(Foreground_IsLetToOthers, AndOurInputIsOursAgain) {
+    LetOthersComeToFront();
+    const DWORD nInFront = GetWindowThreadProcessId(GetForegroundWindow(), nullptr);
+    if (nInFront == 0 || nInFront == GetCurrentThreadId()) return;  // nothing was shared
+    EXPECT_EQ(AttachThreadInput(GetCurrentThreadId(), nInFront, FALSE), FALSE);
+}
+
+TEST(LastInput_IsThatOfASentKey, WhenOneWasSent) {
+    const uint32_t nBefore = LastInputTick();
+    EXPECT_TRUE(tests::RunMessagesUntil([nBefore] {
+        INPUT Key{};
+        Key.type = INPUT_KEYBOARD;
+        Key.ki.wVk = VK_F24;
+        Key.ki.dwFlags = KEYEVENTF_KEYUP;
+        SendInput(1, &Key, sizeof(Key));
+        return LastInputTick() != nBefore;
+    }));
 }
 
 TEST(Metrics_AreThoseOfTheScreen, WhenAsked) {
