@@ -189,7 +189,7 @@ void SpeakIt(const std::wstring& strMessage, bool bWait) {
 void CheckSAPI() {
     Speech.bUseReader = objSetting.VoiceName() == READER_VOICE;
     if (Speech.bUseReader) return;
-    const std::wstring strName = objSetting.VoiceName();
+    const std::wstring& strName = objSetting.VoiceName();
     if (UseOwnVoice(strName) == Search::NotThere) UseNewerVoice(strName);
 }
 

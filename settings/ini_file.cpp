@@ -127,17 +127,17 @@ class NewSections {
 }  // namespace
 
 IniFile::IniFile(std::string strBytes)
-    : bUtf8(strBytes.starts_with(platform::UTF8_MARK)), objText(std::move(strBytes)) {}
+    : bUnicode(strBytes.starts_with(platform::UTF8_MARK)), objText(std::move(strBytes)) {}
 
 std::wstring IniFile::Decoded(std::string_view strBytes) const {
-    if (!bUtf8) return platform::FromAnsi(strBytes);
+    if (!bUnicode) return platform::FromAnsi(strBytes);
     std::wstring strText = platform::FromUtf8(strBytes);
     // The code page may stand behind the mark all the same: earlier versions wrote it there.
     return platform::ToUtf8(strText) == strBytes ? strText : platform::FromAnsi(strBytes);
 }
 
 std::string IniFile::Encoded(std::wstring_view strText) const {
-    return bUtf8 ? platform::ToUtf8(strText) : platform::ToAnsi(strText);
+    return bUnicode ? platform::ToUtf8(strText) : platform::ToAnsi(strText);
 }
 
 void IniFile::TurnToUtf8() {
@@ -150,7 +150,7 @@ void IniFile::TurnToUtf8() {
         objOne.strKey = Turned(objOne.strKey);
         if (objOne.strValue) objOne.strValue = Turned(*objOne.strValue);
     }
-    bUtf8 = true;
+    bUnicode = true;
 }
 
 size_t IniFile::FindPending(std::string_view strSection, std::string_view strKey) const {
@@ -205,7 +205,7 @@ size_t IniFile::SectionTextCount(std::wstring_view strSection) const {
 }
 
 void IniFile::Write(const IniEntry& objEntry) {
-    if (!bUtf8 && objEntry.strValue && !platform::IsInCodePage(*objEntry.strValue)) TurnToUtf8();
+    if (!bUnicode && objEntry.strValue && !platform::IsInCodePage(*objEntry.strValue)) TurnToUtf8();
     Pending objNew{Encoded(objEntry.strSection), Encoded(objEntry.strKey), {}};
     if (objEntry.strValue) {
         objNew.strValue = Encoded(*objEntry.strValue);

@@ -75,7 +75,7 @@ class IniFile {
     [[nodiscard]] std::optional<std::string_view> FindValue(std::string_view strSection,
                                                             std::string_view strKey) const;
 
-    bool bUtf8;  ///< else the code page
+    bool bUnicode;  ///< UTF-8, else the code page
     IniText objText;
     std::vector<Pending> objPending;  ///< in the order of their first writing, each key once
 };
