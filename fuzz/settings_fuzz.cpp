@@ -37,7 +37,9 @@ constexpr Getter AbsoluteTexts[] = {&cSetting::ScanSizeX, &cSetting::ScanSizeY,
 
 /// A text as it comes back from the file: without the blanks and quotes around it.
 std::wstring ReadBack(const std::wstring& strText) {
-    return IniFile("[s]\nk=" + platform::ToAnsi(strText)).ReadString(L"s", L"k", L"");
+    IniFile objFile;
+    objFile.Write({L"s", L"k", strText});
+    return IniFile(objFile.Bytes()).ReadString(L"s", L"k", L"");
 }
 
 void RequireSameSettings(const cSetting& objFirst, const cSetting& objSecond) {

@@ -32,6 +32,15 @@ std::string_view Presented(std::string_view strValue) {
     return bQuoted ? strValue.substr(1, strValue.size() - 2) : strValue;
 }
 
+/// No half of a surrogate pair is left at the end.
+std::wstring CutToBuffer(std::wstring strText) {
+    constexpr size_t MOST = BUFFER_SIZE - 1;
+    if (strText.size() <= MOST) return strText;
+    const bool bFirstOfPair = strText[MOST - 1] >= 0xD800 && strText[MOST - 1] <= 0xDBFF;
+    strText.resize(bFirstOfPair ? MOST - 1 : MOST);
+    return strText;
+}
+
 int32_t LeadingInteger(std::string_view strText) {
     while (!strText.empty() && static_cast<unsigned char>(strText.front()) <= ' ')
         strText.remove_prefix(1);
@@ -180,7 +189,7 @@ std::wstring IniFile::ReadString(std::wstring_view strSection, std::wstring_view
                                  std::wstring_view strDefault) const {
     const auto strValue = FindValue(Encoded(strSection), Encoded(strKey));
     if (!strValue) return std::wstring(strDefault.substr(0, BUFFER_SIZE - 1));
-    return Decoded(Presented(*strValue)).substr(0, BUFFER_SIZE - 1);
+    return CutToBuffer(Decoded(Presented(*strValue)));
 }
 
 int32_t IniFile::ReadInt(std::wstring_view strSection, std::wstring_view strKey,

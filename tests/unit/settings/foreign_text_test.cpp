@@ -55,6 +55,13 @@ TEST(ForeignTextInIni, Text_IsCutByItsCharacters) {
     EXPECT_EQ(IniFile(objFile.Bytes()).ReadString(L"s", L"k", L""), std::wstring(1023, L'Ж'));
 }
 
+TEST(ForeignTextInIni, Text_IsNotCutWithinACharacter) {
+    const std::wstring strLetters(1022, L'Ж');
+    IniFile objFile;
+    objFile.Write({L"s", L"k", strLetters + platform::FromUtf8("\xF0\x9F\x98\x80")});
+    EXPECT_EQ(IniFile(objFile.Bytes()).ReadString(L"s", L"k", L""), strLetters);
+}
+
 TEST(ForeignTextInIni, CharacterBeyond16Bits_ComesBack) {
     const std::wstring strText = platform::FromUtf8("\xF0\x9F\x98\x80");
     IniFile objFile;
