@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "actions/key_sequence.h"
 
+#include "actions/key_action.h"
 #include "platform/keys.h"
 #include "platform/text.h"
 #include "vocabulary/key_code.h"
@@ -71,6 +72,7 @@ void SendStep(const SequenceStep& Wanted) {
 
 void vbSendKey(const std::wstring& strText) {
     if (strText.empty()) return;
+    const KeyAction Underway;
     BuildTables();
     const std::string strBytes = platform::ToAnsi(strText);
     SequenceReader Reader(strBytes);

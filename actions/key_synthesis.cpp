@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 
+#include "actions/key_action.h"
 #include "platform/clock.h"
 #include "platform/keys.h"
 #include "platform/messages.h"
@@ -140,6 +141,7 @@ void TypeCharacter(uint8_t nCharacter) {
 }
 
 void PressActionCode(int32_t nCode) {
+    const KeyAction Underway;
     const ActionCode Action = ParseActionCode(nCode);
     if (IsShiftDelete(Action)) return SendShiftDelete();
     const ActionKind& Kind = KindOf(Action);

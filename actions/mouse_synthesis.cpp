@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "actions/key_action.h"
 #include "platform/keys.h"
 #include "platform/metrics.h"
 #include "platform/pointer.h"
@@ -49,6 +50,7 @@ std::optional<int32_t> Distance(int32_t nFrom, int32_t nTo) {
 }  // namespace
 
 void MouseClickAt(int32_t nX, int32_t nY, bool bRightButton) {
+    const KeyAction Underway;
     const AccelerationPause Pause;
     // The system ignores this field for these flags; it is sent all the same.
     const auto nMouseData =

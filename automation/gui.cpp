@@ -2,6 +2,7 @@
 #include "automation/gui.h"
 
 #include "actions/foreground_watch.h"
+#include "actions/key_action.h"
 #include "actions/key_synthesis.h"
 #include "actions/mouse_synthesis.h"
 #include "core/main_menu.h"
@@ -217,6 +218,7 @@ CallOutcome GUI::VBS_GetChild(int32_t hWindow, const std::wstring& strName,
 CallOutcome GUI::KeyPress(int32_t nScanCode, int32_t nModifier) const {
     const CallOutcome nOutcome = AdmitAct();
     if (nOutcome != CallOutcome::Done) return nOutcome;
+    const KeyAction Underway;
     const auto nModifierVk = static_cast<uint16_t>(nModifier);
     if (nModifier > 0) KeyDownVk(nModifierVk);
     KeyTapScan(static_cast<uint16_t>(nScanCode));

@@ -24,6 +24,7 @@
 #include "input/stick_position.h"
 #include "maps/map_grid.h"
 #include "platform/clock.h"
+#include "platform/keys.h"
 #include "settings/button_table.h"
 #include "settings/comfort.h"
 #include "settings/setting.h"
@@ -226,6 +227,7 @@ void Wait(int16_t nMilliseconds) {
 }
 
 void Timer1_Timer() {
+    platform::ReleaseHeldInput();  // what the last action could not release
     if (Program.bPauseJoystick) return;
     Modes.bAutoRepeatMode = Poll.nTiltCount >= REPEAT_AFTER_TICKS;
     // A device that fails is not waited for: it is soon known to be absent.

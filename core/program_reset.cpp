@@ -2,6 +2,7 @@
 #include "core/program_reset.h"
 
 #include "actions/choice_list.h"
+#include "actions/key_action.h"
 #include "actions/key_sequence.h"
 #include "actions/launch_watch.h"
 #include "actions/prediction.h"
@@ -51,6 +52,7 @@ void ResetProgram() {
     EventLog = {};
     AppPosTable = {};
     KeyTable = {};
+    KeyActions = {};
     ChoiceList = {};
     Prediction = {};
     WindowRights = {};

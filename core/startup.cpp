@@ -28,6 +28,7 @@
 #include "maps/map_window.h"
 #include "maps/shown_map.h"
 #include "platform/failure.h"
+#include "platform/keys.h"
 #include "platform/messages.h"
 #include "platform/shell.h"
 #include "platform/unneeded.h"
@@ -137,6 +138,7 @@ void Form_Unload() {
     }
     Speech.LoadVoiceForm = nullptr;  // nothing that still runs may bring the engine back
     RemoveKeyboardHook();
+    platform::ReleaseHeldInput();
     objSetting.SaveSetting();
     Unneeded(objComfort.Save());  // what could not be saved when it was set
     Prediction.objDictionary.reset();

@@ -60,6 +60,11 @@ using InputRecord = std::variant<KeyRecord, MouseRecord>;
 /// was not taken stays down for the user.
 [[nodiscard]] uint32_t SendInputRecords(std::span<const InputRecord> Records);
 
+/// Releases every key and mouse button that was pressed by these calls and not released, because
+/// the system did not take the release: nothing where there is none. What it refuses again stays
+/// for the next call.
+void ReleaseHeldInput();
+
 /// The older single-event call: virtual key, scan code, flags, extra information.
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo);
 

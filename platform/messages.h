@@ -16,6 +16,16 @@ void RunPendingMessages();
 /// with what is posted next.
 void Post(std::function<void()> Work);
 
+/// While one exists nothing of the program's own begins: posted work and the ticks of forms wait
+/// until the last one has gone, and come in their order then. Messages of the system run.
+class OwnWorkPause {
+  public:
+    OwnWorkPause();
+    OwnWorkPause(const OwnWorkPause&) = delete;
+    OwnWorkPause& operator=(const OwnWorkPause&) = delete;
+    ~OwnWorkPause();
+};
+
 /// Whether the call that asks came straight out of RunMessageLoop. False while something of the
 /// program itself is under way beneath it: a handler, a wait, a dialog, a menu. What would pull the
 /// ground from under that must not be done then.

@@ -84,8 +84,8 @@ bool DesktopState::RunNextDue(uint32_t nUntil) {
             if (a.pTimer->IsRunning() != b.pTimer->IsRunning()) return b.pTimer->IsRunning();
             return a.nTime < b.nTime;
         });
-    const bool bTimer =
-        itTimer != m_Timers.end() && !itTimer->pTimer->IsRunning() && itTimer->nTime <= nUntil;
+    const bool bTimer = nPauses == 0 && itTimer != m_Timers.end() &&
+                        !itTimer->pTimer->IsRunning() && itTimer->nTime <= nUntil;
     const uint32_t nOursUntil = bTimer ? itTimer->nTime : nUntil;
     const uint32_t nEvent = m_Events.empty() ? nOursUntil : m_Events.front().nTime;
     if (RunNext(m_World, std::min(nOursUntil, nEvent)) || RunNext(m_Events, nOursUntil))

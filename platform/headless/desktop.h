@@ -21,6 +21,7 @@
 #include "platform/headless/file_holders.h"
 #include "platform/headless/keyboard_layouts.h"
 #include "platform/headless/memory_files.h"
+#include "platform/input_ledger.h"
 #include "platform/joystick.h"
 #include "platform/keyboard_hook.h"
 #include "platform/keys.h"
@@ -85,6 +86,7 @@ struct VirtualKeyboard {
     std::wstring strTyped;  ///< a text field with its caret at the end
     wchar_t nPendingDeadKey = 0;
     LayoutTranslation Translation;
+    InputLedger Ledger;
     KeyHookProcedure pHook = nullptr;
     uintptr_t hHook = 0;
     bool bPassedOn = false;  ///< the event being handled went on to the next hook
@@ -157,6 +159,9 @@ struct DesktopState {
     /// Handlers of the program, and calls out of it, that let no messages through: what is posted
     /// waits for their end.
     int nBusy = 0;
+    /// How many OwnWorkPauses there are, and what was to be done meanwhile.
+    int nPauses = 0;
+    std::vector<std::function<void()>> Postponed;
     /// The hook's procedure, or a message that another program sends: calls out of the program are
     /// refused in them, as Windows refuses them.
     int nNoCallsOut = 0;

@@ -162,9 +162,20 @@ void RunPendingMessages() {
 
 void Post(std::function<void()> Work) {
     Desktop.At(Desktop.nNow, [Work = std::move(Work)] {
+        if (Desktop.nPauses > 0) return Desktop.Postponed.push_back(Work);
         const headless::Within Busy(Desktop.nBusy);
         Work();
     });
+}
+
+OwnWorkPause::OwnWorkPause() {
+    ++Desktop.nPauses;
+}
+
+OwnWorkPause::~OwnWorkPause() {
+    if (--Desktop.nPauses > 0) return;
+    for (auto& Work : std::exchange(Desktop.Postponed, {}))
+        Post(std::move(Work));
 }
 
 bool IsOutermostLoop() {

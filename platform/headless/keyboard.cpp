@@ -147,32 +147,52 @@ wchar_t FromByte(uint8_t nCharacter) {
     return FromAnsi(std::string(1, static_cast<char>(nCharacter))).front();
 }
 
-void Deliver(const KeyRecord& Record) {
-    for (const KeyRecord& Sent : Desktop.Keyboard.Translation.Of(Record))
-        Desktop.DeliverKey(Sent.wVk, Sent.wScan, FlagsForSystem(Sent.wVk, Sent.dwFlags), true);
+/// What the system has taken.
+void Take(const InputRecord& Record) {
+    Desktop.Keyboard.Ledger.Note({&Record, 1}, 1);
+    if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
+        Desktop.DeliverKey(pKey->wVk, pKey->wScan, FlagsForSystem(pKey->wVk, pKey->dwFlags), true);
+        return;
+    }
+    const auto& Mouse = std::get<MouseRecord>(Record);
+    Desktop.Pointer.nX += Mouse.nDx;
+    Desktop.Pointer.nY += Mouse.nDy;
 }
 
-}  // namespace
+void Translate(const KeyRecord& Record) {
+    for (const KeyRecord& Sent : Desktop.Keyboard.Translation.Of(Record))
+        Take(Sent);
+}
 
-uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+/// How many of the records the system takes.
+size_t TakenOf(std::span<const InputRecord> Records) {
     std::string strText = "SendInput";
     for (const InputRecord& Record : Records) {
         strText += (strText.back() == 't' ? ": " : ", ") + TextOf(Record);
     }
     Desktop.Record(strText);
     size_t nTaken = Records.size();
-    if (Desktop.Refuses(__func__, {}, &nTaken)) nTaken = std::min(nTaken, Records.size());
+    if (Desktop.Refuses("SendInputRecords", {}, &nTaken)) nTaken = std::min(nTaken, Records.size());
+    return nTaken;
+}
+
+}  // namespace
+
+uint32_t SendInputRecords(std::span<const InputRecord> Records) {
+    const size_t nTaken = TakenOf(Records);
     for (const InputRecord& Record : Records.first(nTaken)) {
         Desktop.Sent.push_back(Record);
-        if (const auto* pKey = std::get_if<KeyRecord>(&Record)) {
-            Deliver(*pKey);
-        } else {
-            const auto& Mouse = std::get<MouseRecord>(Record);
-            Desktop.Pointer.nX += Mouse.nDx;
-            Desktop.Pointer.nY += Mouse.nDy;
-        }
+        const auto* pKey = std::get_if<KeyRecord>(&Record);
+        pKey != nullptr ? Translate(*pKey) : Take(Record);
     }
     return static_cast<uint32_t>(nTaken);
+}
+
+void ReleaseHeldInput() {
+    const std::vector<InputRecord> Releases = Desktop.Keyboard.Ledger.Releases();
+    if (Releases.empty()) return;
+    for (const InputRecord& Release : std::span(Releases).first(TakenOf(Releases)))
+        Take(Release);
 }
 
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {
@@ -180,7 +200,7 @@ void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraIn
                    " flags " + std::to_string(dwFlags) +
                    (dwExtraInfo == 0 ? "" : " extra " + std::to_string(dwExtraInfo)));
     if (Desktop.Refuses(__func__)) return;
-    Deliver({.wVk = nVk, .wScan = nScan, .dwFlags = dwFlags, .dwExtraInfo = dwExtraInfo});
+    Translate({.wVk = nVk, .wScan = nScan, .dwFlags = dwFlags, .dwExtraInfo = dwExtraInfo});
 }
 
 int16_t VkKeyScanAnsi(uint8_t nCharacter) {

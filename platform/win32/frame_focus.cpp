@@ -14,6 +14,7 @@ constexpr UINT MESSAGE_ACT_OVER = WM_APP + 3;  // to the main window, with the s
 // The command that was chosen is posted behind the first of these messages and before the second;
 // it may need the focus for a dialog.
 constexpr WPARAM COMMAND_IS_DONE = 2;
+constexpr DWORD LATE_ACTIVATION_MS = 1000;
 constexpr WPARAM SYSTEM_COMMAND = 0xFFF0;  // the system uses the other bits itself
 
 /// Whether a mouse press opens a menu. The pointer is asked too, because a window manager may
@@ -37,7 +38,13 @@ void FrameFocus::Handle(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lPara
             if (IsPressOnMenu(hWindow, LOWORD(lParam))) Take(hWindow);
             break;
         case WM_NCLBUTTONDOWN:  // the system activates the window itself
+            m_nPressedAt = GetTickCount();
+            m_bPressed = true;
             Return(hWindow, 0);
+            break;
+        case WM_ACTIVATE:  // and perhaps once more, when it was given away already
+            m_bPressed = m_bPressed && GetTickCount() - m_nPressedAt < LATE_ACTIVATION_MS;
+            if (m_bPressed && LOWORD(wParam) != WA_INACTIVE) Return(hWindow, 0);
             break;
         case WM_ENTERMENULOOP:
             m_bMenuOpen = true;

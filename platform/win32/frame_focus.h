@@ -18,6 +18,8 @@ class FrameFocus {
     void Return(HWND hWindow, WPARAM nStep) const;
 
     bool m_bMenuOpen = false;
+    bool m_bPressed = false;  // the frame, at that tick count
+    DWORD m_nPressedAt = 0;
 };
 
 }  // namespace taviro::platform::win32

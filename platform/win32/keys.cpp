@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/front_layout.h"
+#include "platform/input_ledger.h"
 #include "platform/key_flags.h"
 #include "platform/layout_translation.h"
 #include "platform/map_keyboard.h"
@@ -54,6 +55,7 @@ INPUT ToInput(const MouseRecord& Record) {
 }
 
 LayoutTranslation Translation;
+InputLedger Ledger;
 
 size_t SendAll(std::span<const InputRecord> Records) {
     std::vector<INPUT> Inputs;
@@ -64,6 +66,7 @@ size_t SendAll(std::span<const InputRecord> Records) {
     if (Inputs.empty()) return 0;
     const UINT nTaken = SendInput(static_cast<UINT>(Inputs.size()), Inputs.data(), sizeof(INPUT));
     win32::OrReport(nTaken == Inputs.size(), "SendInput");
+    Ledger.Note(Records, nTaken);
     return nTaken;
 }
 
@@ -72,6 +75,10 @@ size_t SendAll(std::span<const InputRecord> Records) {
 uint32_t SendInputRecords(std::span<const InputRecord> Records) {
     const TranslatedRecords Translated = Translate(Translation, Records);
     return RecordsTaken(Translated, SendAll(Translated.Sent));
+}
+
+void ReleaseHeldInput() {
+    Unneeded(SendAll(Ledger.Releases()));  // what is not taken is still down at the next call
 }
 
 void KeybdEvent(uint8_t nVk, uint8_t nScan, uint32_t dwFlags, uint32_t dwExtraInfo) {

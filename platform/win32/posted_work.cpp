@@ -23,6 +23,7 @@ struct PostedWork {
     HWND hWindow = nullptr;  ///< set before another thread posts
     std::mutex Lock;         ///< of what follows
     std::deque<Work> Waiting;
+    int nPauses = 0;  ///< of the program's own thread, which alone works
 };
 PostedWork Posted;
 
@@ -37,6 +38,7 @@ bool TakeFirst(Work& First) {
 /// Does all that waits: one message may stand for several pieces of work, when others were refused.
 /// What the work itself posts comes with a message of its own.
 void DoWork() {
+    if (win32::IsOwnWorkPaused()) return;  // the end of the pause asks again
     size_t nCount = 0;
     {
         const std::lock_guard Guard(Posted.Lock);
@@ -90,11 +92,36 @@ void win32::ReportLater(const char* szWhere, uint32_t nCode) noexcept {
     static_cast<void>(PostMessageW(Posted.hWindow, MESSAGE_WORK, 0, 0));
 }
 
-void Post(Work New) {
-    Append(std::move(New));
+namespace {
+
+void AskForWork() {
     if (PostMessageW(win32::PostWindow(), MESSAGE_WORK, 0, 0) == FALSE) {
         win32::ReportLater("PostMessage(work)", GetLastError());
     }
+}
+
+bool IsWorkWaiting() {
+    const std::lock_guard Guard(Posted.Lock);
+    return !Posted.Waiting.empty();
+}
+
+}  // namespace
+
+void Post(Work New) {
+    Append(std::move(New));
+    AskForWork();
+}
+
+bool win32::IsOwnWorkPaused() {
+    return Posted.nPauses > 0;
+}
+
+OwnWorkPause::OwnWorkPause() {
+    ++Posted.nPauses;
+}
+
+OwnWorkPause::~OwnWorkPause() {
+    if (--Posted.nPauses == 0 && IsWorkWaiting()) AskForWork();
 }
 
 }  // namespace taviro::platform

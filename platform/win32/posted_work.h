@@ -13,6 +13,9 @@ namespace taviro::platform::win32 {
 /// thread posts. Null when the system refuses it: posted work then waits for the next call.
 HWND PostWindow();
 
+/// Whether an OwnWorkPause exists.
+bool IsOwnWorkPaused();
+
 /// Says on the program's thread that a call failed on another one.
 void ReportLater(const char* szWhere, uint32_t nCode) noexcept;
 

@@ -3,6 +3,7 @@
 
 #include "platform/unneeded.h"
 #include "platform/win32/failure.h"
+#include "platform/win32/posted_work.h"
 
 namespace taviro::platform::win32 {
 
@@ -15,6 +16,7 @@ void TimerView::OnTimer(HWND hWindow) {
     // A message that was on its way when the timer was stopped, or one that a wait inside the
     // handler let through after the handler had restarted the timer.
     if (!m_bStarted || m_Model.IsRunning()) return;
+    if (IsOwnWorkPaused()) return;  // the system tells it again after the interval
     Stop(hWindow);
     m_Model.Tick();
     // The handler may have restarted it itself, or have closed the window.

@@ -7,6 +7,7 @@
 #include "maps/map_grid.h"
 #include "maps/shown_map.h"
 #include "platform/byte_order_mark.h"
+#include "platform/files.h"
 #include "settings/button_table.h"
 #include "settings/ini_file.h"
 #include "settings/setting.h"
