@@ -93,12 +93,10 @@ TEST_F(HeldKeysTest, EnterOfTheKeyboard_WaitsForTheEndOfACellsKeys) {
 
 TEST_F(HeldKeysTest, ControlBoxAndTimers_WaitForTheEndOfACellsKeys) {
     Start();
-    Desktop.At(Desktop.nNow, [] {
-        Desktop.WriteIntoBox(L"right");
-        Desktop.nNow += 500;  // the poll is due, and a scan step
-        forms::FrmMain->ScanTimer.Interval = 10;
-        forms::FrmMain->ScanTimer.Enabled = true;
-    });
+    forms::FrmMain->ScanTimer.Interval = 10;
+    forms::FrmMain->ScanTimer.Enabled = true;
+    Desktop.At(Desktop.nNow, [] { Desktop.WriteIntoBox(L"right"); });
+    Desktop.nNow += 500;  // the poll is due, and a scan step
     const uint32_t nReads = Desktop.Joystick.nReads;
     {
         const KeyAction Underway;
@@ -106,6 +104,7 @@ TEST_F(HeldKeysTest, ControlBoxAndTimers_WaitForTheEndOfACellsKeys) {
         EXPECT_EQ(Cursor.nColumn, 1);
         EXPECT_EQ(Desktop.Joystick.nReads, nReads);
     }
+    forms::FrmMain->ScanTimer.Enabled = false;
     platform::RunPendingMessages();
     EXPECT_EQ(Cursor.nColumn, 2);
     EXPECT_GT(Desktop.Joystick.nReads, nReads);

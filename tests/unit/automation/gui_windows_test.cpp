@@ -84,6 +84,12 @@ TEST_F(GuiWindows, ClickOnWindow_FindsAWindowWithoutATitle_WhenTheTitleIsEmpty) 
     EXPECT_EQ(Click(L"", L"Button"), 1);
 }
 
+TEST_F(GuiWindows, KeyPress_LeavesNoKeyDown_WhenAReleaseIsRefused) {
+    Desktop.Failures.Add({.strCall = "SendInputRecords", .nFrom = 3});
+    EXPECT_EQ(Gui.KeyPress(45, 17), CallOutcome::Done);
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+}
+
 TEST_F(GuiWindows, FindWindow_TakesTheTitleThenTheClass) {
     EXPECT_EQ(Find(L"Otázka", L""), DIALOG);
     EXPECT_EQ(Find(L"", L"Panel"), DIALOG);
