@@ -42,9 +42,9 @@ void FrameFocus::Handle(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lPara
             m_bPressed = true;
             Return(hWindow, 0);
             break;
-        case WM_ACTIVATE:  // and perhaps once more, when it was given away already
+        case WM_TIMER:  // and perhaps once more, when the focus was given away already
             m_bPressed = m_bPressed && GetTickCount() - m_nPressedAt < LATE_ACTIVATION_MS;
-            if (m_bPressed && LOWORD(wParam) != WA_INACTIVE) Return(hWindow, 0);
+            if (m_bPressed) Return(hWindow, COMMAND_IS_DONE);
             break;
         case WM_ENTERMENULOOP:
             m_bMenuOpen = true;

@@ -37,6 +37,8 @@ WindowHandle ForegroundActiveWindow() {
     GUITHREADINFO Info{};
     Info.cbSize = sizeof(Info);
     if (GetGUIThreadInfo(0, &Info) == FALSE) return 0;
+    // Wine's way to say nobody; Windows never has it in front.
+    if (Info.hwndActive == GetDesktopWindow()) return 0;
     return ToNumber(Info.hwndActive);
 }
 

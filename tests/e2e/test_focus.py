@@ -7,6 +7,7 @@ import pytest
 from dialogs import DIALOGS, Dialog, wait_for_dialog
 from harness import new_desktop
 from test_dialogs import choose, open_menu
+from test_window import is_highlighted
 from waiting import wait_until
 
 CAPTION_ABOVE = 25  # pixels from the menu bar's middle to the caption's
@@ -63,10 +64,13 @@ def test_editor_has_the_focus_again_after_a_dialog(desktop, program, name):
     type_a(program, editor)
 
 
-def test_editor_keeps_the_focus_when_the_caption_is_clicked(desktop, program):
+def test_editor_keeps_the_focus_when_the_caption_is_clicked(desktop, program, tmp_path):
     editor = desktop.editor()
     window = program.start()
     program.standin.wait_for_poll()
+    # A click before that would reach what lies under the window.
+    wait_until(lambda: is_highlighted(desktop, window, 1, 1, tmp_path / "screen.png"),
+               "the map on the screen")
     x, y = desktop.probe.client_origin(window.handle)
     desktop.display.click(x + 60, y - CAPTION_ABOVE - MENU_BAR_ABOVE)
     wait_until(editor.has_focus, "the editor in front")

@@ -65,6 +65,25 @@ TEST_F(TimerTest, Handler_IsNotEnteredAgain_WhenItLetsMessagesRun) {
     EXPECT_EQ(nDeepest, 1);
 }
 
+TEST_F(TimerTest, TicksAndPostedWork_WaitForTheEndOfAPause) {
+    int nTicks = 0;
+    std::vector<int> Done;
+    FrmMain->Timer1.OnTimer = [&] { ++nTicks; };
+    FrmMain->Timer1.Enabled = true;
+    const uint32_t nStart = TickCount();
+    {
+        const OwnWorkPause Pause;
+        const OwnWorkPause Inner;
+        Post([&] { Done.push_back(1); });
+        Post([&] { Done.push_back(2); });
+        ASSERT_TRUE(RunMessagesUntil([&] { return TickCount() - nStart > 250; }));
+        EXPECT_EQ(nTicks, 0);
+        EXPECT_EQ(Done, std::vector<int>{});
+    }
+    EXPECT_TRUE(RunMessagesUntil([&] { return nTicks > 0 && Done.size() == 2; }));
+    EXPECT_EQ(Done, (std::vector{1, 2}));
+}
+
 TEST_F(TimerTest, Ticks_Stop_WhenTheHandlerSaysSo) {
     int nTicks = 0;
     int nOther = 0;
