@@ -155,16 +155,16 @@ struct DesktopState {
 
     // Clock, timers and events.
     uint32_t nNow = 1000;
+    uint32_t nLastInput = 0;
     int nInnerLoops = 0;  ///< waits and modal dialogs of the program that run now
     /// Handlers of the program, and calls out of it, that let no messages through: what is posted
     /// waits for their end.
     int nBusy = 0;
-    /// How many OwnWorkPauses there are, and what was to be done meanwhile.
-    int nPauses = 0;
-    std::vector<std::function<void()>> Postponed;
+    int nPauses = 0;  ///< OwnWorkPauses
     /// The hook's procedure, or a message that another program sends: calls out of the program are
     /// refused in them, as Windows refuses them.
     int nNoCallsOut = 0;
+    std::vector<std::function<void()>> Postponed;  ///< what was to be done during a pause
     /// Runs it when the clock reaches nTime and messages are let through.
     void At(uint32_t nTime, std::function<void()> Run);
     /// What others do when the clock reaches nTime, whatever the program does then: keys of the
@@ -213,14 +213,11 @@ struct DesktopState {
     std::map<int32_t, std::wstring> SpecialFolders;
     std::vector<uintptr_t> FolderOwners;  ///< owner windows handed to the folder query
     std::deque<ItemIdList> FolderLists;   ///< handed out, and never freed by the program
-    bool bOtherInstance = false;
     intptr_t nShellResult = 42;
     std::vector<VirtualWindow> Windows;
     WindowHandle hForeground = 0;
     SystemFolders Folders;  ///< as the program sees them: of 32 bits on a system of 64, or the same
     std::map<std::wstring, VirtualProgram> Programs;  ///< by what is launched
-    bool bFrontIsOpen = false;                        ///< others may come to the front
-    uint32_t nLastInput = 0;
     /// Starts the program of that name, if there is one (used by ShellExecuteOnDesktop).
     void StartProgram(const std::wstring& strFile);
     std::vector<ProcessEntry> Processes;
@@ -236,6 +233,8 @@ struct DesktopState {
     /// pads it.
     [[nodiscard]] ScreenPoint MainInnerCorner() const;
     bool bQuit = false;
+    bool bOtherInstance = false;
+    bool bFrontIsOpen = false;  ///< others may come to the front
     int nExitCode = 0;
 
     // Dialogs.
