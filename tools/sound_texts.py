@@ -2,16 +2,14 @@
 """Which texts are delivered as sounds, and the words that are spoken for each. The texts come from
 the maps in data/; a changed map takes another run of make_sounds.py.
 
-A sound is heard at once, where a speech engine first has to start, so the cells that the highlight
-passes all day get one: every single character of any map, and the words of the common map. The
-other words of the applications' maps stay speech: they would multiply the size for cells that are
-rare. So do texts that no file can be named after."""
+A sound is heard at once, where a speech engine first has to start, and many users have no Czech voice
+at all. So every cell of every map gets one, but for whole sentences and texts that no file can be
+named after."""
 
 import pathlib
 import re
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-COMMON_MAP = "data.ini"
 LONGEST_WORD = 16  # characters of a caption; longer ones are sentences, not names of keys
 
 # Where the highlight stops after a run of automatic steps is spoken; the steps themselves tick.
@@ -46,6 +44,17 @@ WORDS = {
     "ˇ háček": "háček", "´ délka": "délka", "kalkul.": "kalkulačka", "slovo vl.": "slovo vlevo",
     "slovo vp.": "slovo vpravo", "smaž sl.": "smaž slovo", "označ vl.": "označ vlevo",
     "označ vp.": "označ vpravo", "ozn. nah.": "označ nahoru", "ozn. dolů": "označ dolů",
+    "běžná vel.": "běžná velikost", "celá obr.": "celá obrazovka", "maž pam.": "maž paměť",
+    "nepřečt.": "nepřečteno", "nová sl.": "nová složka", "nová str.": "nová stránka",
+    "nový řád.": "nový řádek", "o 10 s d.": "o deset sekund dál",
+    "o 10 s zp.": "o deset sekund zpět", "o min. d.": "o minutu dál",
+    "o min. zp.": "o minutu zpět", "odmocn.": "odmocnina", "okraj d.": "okraj dole",
+    "okraj n.": "okraj nahoře", "okraj vl.": "okraj vlevo", "okraj vp.": "okraj vpravo",
+    "podtrh.": "podtržení", "před. chat": "předchozí čet", "před. list": "předchozí list",
+    "přejmen.": "přejmenovat", "přij. hlas": "přijmout hlas", "přij. video": "přijmout video",
+    "smaž č.": "smaž číslo", "ul. jako": "ulož jako", "zavř. list": "zavřít list",
+    "řádek d.": "řádek dolů", "řádek n.": "řádek nahoru", "řádek v b.": "řádek v buňce",
+    "chat": "čet", "další chat": "další čet", "nový chat": "nový čet",
 }
 NUMBERS = {1: "jedna", 2: "dva", 3: "tři", 4: "čtyři", 5: "pět", 6: "šest", 7: "sedm", 8: "osm",
            9: "devět", 10: "deset", 11: "jedenáct", 12: "dvanáct"}
@@ -65,9 +74,8 @@ def can_name_file(text):
             and text == text.strip(" ") and min(text, default=" ") >= " ")
 
 
-def is_wanted(text, common):
-    short = len(text) == 1 or (common and len(text) <= LONGEST_WORD)
-    return short and can_name_file(text)
+def is_wanted(text):
+    return len(text) <= LONGEST_WORD and can_name_file(text)
 
 
 def words_for(text):
@@ -90,6 +98,6 @@ def wanted(data=ROOT / "data"):
     result = dict(MODES, **{TICK: ""})
     for path in sorted(data.glob("*.ini")):
         for text in captions(path):
-            if is_wanted(text, path.name == COMMON_MAP):
+            if is_wanted(text):
                 result[text.lower()] = words_for(text.lower())
     return result

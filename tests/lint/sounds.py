@@ -15,6 +15,7 @@ sys.path.insert(0, str(ROOT / "tools"))
 import make_sounds  # noqa: E402  (found through the line above)
 import sound_texts  # noqa: E402
 
+RATE = 16000
 AGAIN = "run tools/make_sounds.py"
 FULL = 32768
 LONGEST = 1.2                          # seconds
@@ -44,12 +45,12 @@ def samples_of(path):
     with wave.open(str(path)) as sound:
         shape = sound.getnchannels(), sound.getsampwidth(), sound.getframerate()
         content = sound.readframes(sound.getnframes())
-    if shape != (1, 2, 22050):
+    if shape != (1, 2, RATE):
         raise ValueError(f"{shape[0]} channels of {shape[1]} bytes, {shape[2]} a second")
     return [x / FULL for x in array.array("h", content)]
 
 
-def loudness(samples, rate=22050):
+def loudness(samples, rate=RATE):
     """Root mean square of the loudest fifth of a second, in dB; the ear adds up over that time."""
     size = rate // 5
     padded = samples + [0.0] * size
@@ -60,14 +61,14 @@ def loudness(samples, rate=22050):
 
 def bad_shape(name, samples):
     problems = []
-    seconds, peak = len(samples) / 22050, max(map(abs, samples), default=0)
+    seconds, peak = len(samples) / RATE, max(map(abs, samples), default=0)
     if not QUIETEST < peak < LOUDEST_PEAK:
         problems.append(f"its loudest sample is {peak:.2f}")
     if max(map(abs, samples[:2] + samples[-2:]), default=1) > EDGE:
         problems.append("it begins or ends with a click")
     if seconds > LONGEST:
         problems.append(f"it takes {seconds:.2f} s")
-    start = next((i for i, x in enumerate(samples) if abs(x) > peak / 30), 0) / 22050
+    start = next((i for i, x in enumerate(samples) if abs(x) > peak / 30), 0) / RATE
     if start > LATEST_START:
         problems.append(f"it begins with {start:.3f} s of silence")
     return [f"{name}.wav: {problem}" for problem in problems]
