@@ -185,8 +185,9 @@ def test_interrupted_upgrades_leave_a_working_program(desktop, versions):
     before = place.files()
 
     def let_no_file_grow():
-        signal.signal(signal.SIGXFSZ, signal.SIG_IGN)  # as a full disk: writing fails
-        resource.setrlimit(resource.RLIMIT_FSIZE, (300_000, 300_000))
+        # As a full disk, with room for the installer's own work and none for the program.
+        signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (700_000, 700_000))
 
     upgrade = Installer(desktop, newer.setup)
     assert upgrade.run(preexec_fn=let_no_file_grow) == NO_WRITING
