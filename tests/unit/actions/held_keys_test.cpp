@@ -55,6 +55,16 @@ TEST_F(HeldKeysTest, Key_IsReleasedByATickAfterwards_WhenTheSystemRefusesForAWhi
     EXPECT_EQ(Desktop.TakeEffects(), Effects{}) << "nothing is released twice";
 }
 
+TEST_F(HeldKeysTest, Key_IsReleasedByATick_WhileADialogPausesTheJoystick) {
+    Start();
+    Desktop.Failures.Add({.strCall = "SendInputRecords", .nFrom = 3, .nCount = 1000});
+    PressActionCode(SHIFT_X);
+    Desktop.Failures = {};
+    Program.bPauseJoystick = true;
+    Ticks();
+    EXPECT_EQ(Desktop.KeysDown(), std::vector<int>{});
+}
+
 TEST_F(HeldKeysTest, KeysOfATextAndButtons_AreReleasedToo) {
     Start();
     Desktop.Failures.Add({.strCall = "KeybdEvent", .nFrom = 4});  // the release of Shift
