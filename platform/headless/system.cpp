@@ -190,6 +190,7 @@ uint32_t LastInputTick() {
 
 bool SetForeground(WindowHandle hWindow) {
     const auto* pWindow = headless::FindWindowEntry(hWindow);
+    if (pWindow == nullptr) ReportFailure(__func__, CODE_FAILED);
     if (pWindow == nullptr || Desktop.Refuses(__func__)) return false;
     Desktop.Record("foreground \"" + ToUtf8(pWindow->strTitle) + "\"");
     Desktop.hForeground = hWindow;

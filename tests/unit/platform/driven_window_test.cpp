@@ -99,9 +99,11 @@ TEST_F(DrivenWindowTest, NothingIsTried_WhenTheDrivenProgramHasClosed) {
     Desktop.Windows.front().bGone = true;
     Desktop.hForeground = MainWindowHandle();
     Desktop.TakeEffects();
+    Desktop.DebuggerLines.clear();
     Desktop.Driven.ReturnFrom(MainWindowHandle());
     EXPECT_EQ(Desktop.hForeground, MainWindowHandle());
     EXPECT_EQ(Desktop.TakeEffects(), Effects{});
+    EXPECT_TRUE(Desktop.DebuggerLines.empty()) << "a program that has closed is no failure";
 }
 
 }  // namespace
